@@ -1,0 +1,131 @@
+// The steady frame of the line plot against a bare program that draws the same quads with the same
+// shaders from one list each, in one process. Run by scripts/bench on the offscreen driver.
+
+#include <benchmark/benchmark.h>
+
+#include "app/scene.h"
+#include "generate/carve.h"
+#include "generate/flat.h"
+#include "generate/paint.h"
+#include "generate/transform.h"
+#include "gfx/gl.h"
+#include "gfx/projection.h"
+#include "gfx/window.h"
+#include "render/apply_view.h"
+#include "render/line_plot.h"
+#include "render/shader_procs.h"
+#include "render/shader_program.h"
+#include "render/shader_text.h"
+#include "support/random.h"
+#include "world/camera.h"
+#include "world/move.h"
+
+namespace {
+
+constexpr int32_t width = 800;
+constexpr int32_t height = 600;
+
+World world;
+GLuint program[2]; // edges, nodes
+GLuint list[2];
+
+GLuint bare_program(const char *vertex, const char *fragment) {
+  const char *const strings[] = {shader_agecolour, vertex};
+  return program_build(strings, 2, &fragment, 1, nullptr, nullptr, nullptr);
+}
+
+// A carved plane of 50 by 50 at the usual spacing, looked at from above its middle.
+void make_world() {
+  rand_seed(2020);
+  Maze *lattice = Maze_plane_xy(50, 50);
+  world.root = Maze_carved(lattice);
+  Maze_destroy(lattice, 1);
+  Maze_colour_field(world.root, colour_field_sine, 1);
+  Maze_scale(world.root, 2.5, 1);
+  world.cur = {world.root, 25 * 50 + 25};
+  world.zoom = 60.0;
+  world.view = mat3_identity;
+  double pitch = -0.5;
+  World_turn_view(&world, 0.3, &pitch);
+  World_chase(&world, 1.0);
+}
+
+void make_bare() {
+  program[0] = bare_program(shader_edge_vertex, shader_edge_fragment);
+  program[1] = bare_program(shader_node_vertex, shader_node_fragment);
+  for (int which = 0; which < 2; which++) {
+    list[which] = glGenLists(1);
+    glNewList(list[which], GL_COMPILE);
+    if (which == 0) {
+      line_edge_list(world.root, 1);
+    } else {
+      line_node_list(world.root);
+    }
+    glEndList();
+  }
+}
+
+void bare_pass(int which, const float *projection) {
+  const auto location = [which](const char *name) {
+    return gl2.get_uniform_location(program[which], name);
+  };
+  gl2.use_program(program[which]);
+  gl2.uniform_matrix_4fv(location("proj"), 1, 0, projection);
+  gl2.uniform_3f(location("o"), static_cast<float>(world.camera.x),
+                 static_cast<float>(world.camera.y), static_cast<float>(world.camera.z));
+  gl2.uniform_1f(location("t"), static_cast<float>(world.time));
+  gl2.uniform_1f(location("r0"), -0.5F);
+  gl2.uniform_1f(location("r1"), 0.5F);
+  glCallList(list[which]);
+}
+
+void bare_frame() {
+  float projection[16];
+  projection_perspective(width, height, projection);
+  for (const auto set_slab : {projection_far_slab, projection_near_slab}) {
+    set_slab(projection);
+    glMatrixMode(GL_PROJECTION);
+    glLoadMatrixf(projection);
+    glMatrixMode(GL_MODELVIEW);
+    glClear(GL_DEPTH_BUFFER_BIT);
+    bare_pass(0, projection);
+    bare_pass(1, projection);
+  }
+  gl2.use_program(0);
+}
+
+template <typename Draw> void frames(benchmark::State &state, Draw draw) {
+  for (auto _ : state) {
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    glLoadIdentity();
+    World_apply_view(&world);
+    draw();
+    glFinish();
+  }
+}
+
+void frame_vorel(benchmark::State &state) {
+  frames(state, [] { stereo_scene(&world); });
+}
+BENCHMARK(frame_vorel)->Unit(benchmark::kMillisecond);
+
+void frame_bare(benchmark::State &state) {
+  frames(state, bare_frame);
+}
+BENCHMARK(frame_bare)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char **argv) {
+  windowed = 1;
+  projection_is_2d = 0;
+  if (gfx_open(width, height, "bench") == 0) return 1;
+  shader_procs_load();
+  make_world();
+  make_bare();
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  Maze_destroy(world.root, 1);
+  gfx_close();
+  return 0;
+}

@@ -1,0 +1,89 @@
+# A virtual desktop with a window manager, and the real program driven in it by real events.
+# Sourced by scripts/tour and by the end-to-end tests. The caller sets VOREL to the program.
+
+# Starts a desktop of the size WxH and the window manager, and sets DISPLAY. All of it goes when the
+# calling script ends.
+desktop_start() {
+  local size=${1:-1280x960} number_file
+  number_file=$(mktemp)
+  Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$number_file" 2>/dev/null &
+  desktop_jobs="$!"
+  trap desktop_stop EXIT
+  desktop_wait "a virtual display" test -s "$number_file"
+  DISPLAY=:$(cat "$number_file")
+  export DISPLAY
+  unset WAYLAND_DISPLAY
+  rm -f "$number_file"
+  openbox 2>/dev/null &
+  desktop_jobs="$desktop_jobs $!"
+  desktop_wait "a window manager" sh -c 'wmctrl -m >/dev/null 2>&1'
+}
+
+desktop_stop() {
+  # shellcheck disable=SC2086
+  kill ${vorel_job:-} $desktop_jobs 2>/dev/null || true
+  wait 2>/dev/null || true
+}
+
+# desktop_wait WHAT COMMAND...: until the command succeeds, for at most 30 seconds.
+desktop_wait() {
+  local what=$1 tries=0
+  shift
+  until "$@"; do
+    tries=$((tries + 1))
+    if [ $tries -gt 300 ]; then
+      echo "waited in vain for $what" >&2
+      exit 1
+    fi
+    sleep 0.1
+  done
+}
+
+# Starts the program in the current folder and waits until its window has the keyboard.
+vorel_start() {
+  "$VOREL" >vorel.out 2>vorel.err &
+  vorel_job=$!
+  desktop_wait "the window of vorel" vorel_window_found
+  desktop_wait "the keyboard" vorel_has_keyboard
+  sleep 0.5
+}
+
+vorel_window_found() {
+  vorel_window=$(xdotool search --onlyvisible --name '^Vorel' 2>/dev/null | head -n 1)
+  [ -n "$vorel_window" ]
+}
+
+vorel_has_keyboard() {
+  xdotool windowactivate "$vorel_window" 2>/dev/null || true
+  [ "$(xdotool getwindowfocus 2>/dev/null)" = "$vorel_window" ]
+}
+
+# hold SECONDS KEY...: keys held down together; input is polled, so a short tap could be missed.
+hold() {
+  local seconds=$1 key
+  shift
+  for key in "$@"; do xdotool keydown "$key"; done
+  sleep "$seconds"
+  for key in "$@"; do xdotool keyup "$key"; done
+}
+
+# shot FILE: the window's picture as a PNG.
+shot() {
+  import -window "$vorel_window" "$1"
+}
+
+vorel_running() {
+  kill -0 "$vorel_job" 2>/dev/null
+}
+
+vorel_gone() {
+  ! vorel_running
+}
+
+# Waits for the program to end by itself and sets vorel_status.
+vorel_wait_end() {
+  desktop_wait "the end of vorel" vorel_gone
+  vorel_status=0
+  wait "$vorel_job" || vorel_status=$?
+  vorel_job=
+}

@@ -1,0 +1,88 @@
+#include "app/run.h"
+
+#include "app/keys.h"
+#include "app/scene.h"
+#include "gfx/gl_util.h"
+#include "gfx/input.h"
+#include "gfx/texture.h"
+#include "gfx/window.h"
+#include "render/apply_view.h"
+#include "render/shader_procs.h"
+#include "support/clock.h"
+#include "support/random.h"
+#include "support/report.h"
+#include "world/camera.h"
+#include "world/move.h"
+
+namespace {
+
+constexpr const char *window_title = "Vorel [Kestrin 2018-20]";
+
+// The frame time in seconds, which also moves the session clock on.
+double pass_time(Run *run) {
+  const double dt = gfx_clock() - run->last_clock;
+  run->last_clock += dt;
+  run->world.time += dt;
+  return dt;
+}
+
+// Mouse, wheel and keys into this frame's zoom, rotation and motion.
+void take_input(Run *run, double dt) {
+  World *world = &run->world;
+  int32_t dx = 0;
+  int32_t dy = 0;
+  view_zoom(world, dt);
+  view_mouse_step(&dx, &dy);
+  view_mouse_steer(&run->control, world->zoom, dx, dy);
+  view_keys(&run->control, world->zoom, dt);
+}
+
+} // namespace
+
+bool run_start(Run *run) {
+  textures_keep_component_count = 1;
+  windowed = 1;
+  rand_seed(clock_ticks());
+  projection_is_2d = 0;
+  if (gfx_open(screen_width, screen_height, window_title) == 0) return false;
+  shader_procs_load(); // no picture without shaders: told at once, not at the first draw
+  World_new(&run->world, 0);
+  run->control = {};
+  if (windowed == 0) gfx_mouse_recentre(nullptr, nullptr);
+  run->last_clock = gfx_clock();
+  if (screen_width == 0) {
+    report_fatal("Vorel", 92,
+                 "GRAPHICS() macro not called at LOOP start, or no resolution specified");
+  }
+  gfx_pump();
+  return true;
+}
+
+bool run_frame(Run *run) {
+  World *world = &run->world;
+  const double dt = pass_time(run);
+  take_input(run, dt);
+  World_turn_view(world, run->control.yaw, &run->control.pitch);
+  World_move(world, run->control.mx, run->control.my);
+  World_chase(world, dt);
+  World_apply_view(world);
+  keys_switches();
+  stereo_scene(world);
+  gfx_swap(0);
+  return gfx_pump() == 0 && !keys_quit();
+}
+
+void run_end(Run *run) {
+  World_free(&run->world);
+  gfx_close();
+}
+
+int run_program() {
+  Run run;
+  if (!run_start(&run)) return 0;
+  // A close request drops the context at once, in the very first pump too.
+  while (gfx_context_alive() && run_frame(&run)) {
+  }
+  run_end(&run);
+  return 0;
+}

@@ -1,0 +1,75 @@
+#include "app/view_control.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "gfx/input.h"
+#include "gfx/platform.h"
+#include "gfx/window.h"
+
+namespace {
+
+constexpr double notch_in = 5.0 / 6.0;
+constexpr double notch_out = 1.2;
+constexpr double zoom_key_rate = 2.0;      // per second, in the exponent
+constexpr double turn_key_rate = 2.0;      // radians per second
+constexpr double turn_mouse_screen = 10.0; // radians for a screen's width
+constexpr double move_key_zooms = 2.0;     // zoom distances per second
+
+// 1, 0 or -1 by which of two opposite directions is held; each has up to two keys.
+double direction(int32_t plus, int32_t plus_too, int32_t minus, int32_t minus_too) {
+  const int forward = key_down(plus) || key_down(plus_too) ? 1 : 0;
+  const int backward = key_down(minus) || key_down(minus_too) ? 1 : 0;
+  return forward - backward;
+}
+
+} // namespace
+
+void view_zoom(World *world, double dt) {
+  if ((mouse_buttons & mouse_wheel_forward) != 0) world->zoom *= notch_in;
+  if ((mouse_buttons & mouse_wheel_backward) != 0) world->zoom *= notch_out;
+  if (key_down('Z')) world->zoom *= std::exp(-zoom_key_rate * dt);
+  if (key_down('X')) world->zoom *= std::exp(zoom_key_rate * dt);
+}
+
+void view_mouse_step(int32_t *dx, int32_t *dy) {
+  constexpr uint32_t steering = mouse_left | mouse_right;
+  const bool held = (mouse_buttons & steering) != 0;
+  const bool was = (mouse_buttons_prev & steering) != 0;
+  *dx = 0;
+  *dy = 0;
+  if (windowed != 0 && !held) {
+    if (was) platform_show_cursor(true);
+    return;
+  }
+  // A minimised window must leave the cursor to others.
+  if (platform_is_minimised()) return;
+  gfx_mouse_recentre(dx, dy);
+  if (windowed != 0 && !was) platform_show_cursor(false);
+}
+
+void view_mouse_steer(ViewControl *control, double zoom, int32_t dx, int32_t dy) {
+  const double width = std::max(screen_width, 1); // both are 0 or 1 while minimised
+  const double height = std::max(screen_height, 1);
+  control->mx = 0;
+  control->my = 0;
+  if ((mouse_buttons & mouse_buttons_prev & mouse_right) != 0) {
+    control->yaw += dx * turn_mouse_screen / width;
+    control->pitch += dy * turn_mouse_screen / width;
+  } else {
+    control->mx = dx * zoom / height;
+    control->my = -dy * zoom / height;
+  }
+}
+
+void view_keys(ViewControl *control, double zoom, double dt) {
+  if (key_down(vk_control)) {
+    const double turn = turn_key_rate * dt;
+    control->pitch += turn * direction(vk_down, vk_down, vk_up, vk_up);
+    control->yaw += turn * direction(vk_right, vk_right, vk_left, vk_left);
+  } else {
+    const double step = move_key_zooms * zoom * dt;
+    control->my += step * direction(vk_up, 'W', vk_down, 'S');
+    control->mx += step * direction(vk_right, 'D', vk_left, 'A');
+  }
+}

@@ -1,0 +1,94 @@
+#include "generate/transform.h"
+
+#include <algorithm>
+#include <cassert>
+#include <cmath>
+
+#include "support/mat3.h"
+
+namespace {
+
+// Puts every node where `change` sends its place, the node before its submaze.
+template <typename Change> void move_nodes(Maze *maze, int32_t recursive, const Change &change) {
+  for (int32_t i = maze_count(maze); i-- > 0;) {
+    MazeNode &node = maze_nodes(maze)[i];
+    const Vec3 p = change(node_position(node));
+    node.x = p.x;
+    node.y = p.y;
+    node.z = p.z;
+    if (recursive != 0 && node.submaze != nullptr) move_nodes(node.submaze, recursive, change);
+  }
+}
+
+double warp_coordinate(double c) {
+  return (4.0 * c + 3.0 * std::sin(c)) * 0.5;
+}
+
+Vec3 lower(Vec3 a, Vec3 b) {
+  return {std::min(a.x, b.x), std::min(a.y, b.y), std::min(a.z, b.z)};
+}
+
+Vec3 upper(Vec3 a, Vec3 b) {
+  return {std::max(a.x, b.x), std::max(a.y, b.y), std::max(a.z, b.z)};
+}
+
+} // namespace
+
+void Maze_translate(Maze *maze, Vec3 v, int32_t recursive) {
+  move_nodes(maze, recursive, [v](Vec3 p) { return p + v; });
+}
+
+void Maze_scale(Maze *maze, double k, int32_t recursive) {
+  move_nodes(maze, recursive, [k](Vec3 p) { return p * k; });
+}
+
+void Maze_rotate(Maze *maze, Vec3 v, int32_t recursive) {
+  const Mat3 turn = Mat3_rotation(v);
+  move_nodes(maze, recursive, [&turn](Vec3 p) { return turn * p; });
+}
+
+void Maze_map_positions(Maze *maze, PositionFunction fn, int32_t recursive) {
+  move_nodes(maze, recursive, fn);
+}
+
+void Maze_height_wave(Maze *maze, int32_t recursive) {
+  move_nodes(maze, recursive, [](Vec3 p) {
+    const double rise = 4.0 * (std::sin(p.x / 4.0) + std::sin(p.y / 4.0));
+    return Vec3{p.x, p.y, p.z + rise};
+  });
+}
+
+Vec3 warp_position(Vec3 p) {
+  return {warp_coordinate(p.x), warp_coordinate(p.y), warp_coordinate(p.z)};
+}
+
+void Maze_bounds(const Maze *maze, Vec3 *min, Vec3 *max) {
+  assert(maze_count(maze) > 0);
+  const MazeNode *nodes = maze_nodes(maze);
+  *min = node_position(nodes[0]);
+  *max = *min;
+  for (int32_t i = maze_count(maze); i-- > 0;) {
+    Vec3 low = node_position(nodes[i]);
+    Vec3 high = low;
+    if (nodes[i].submaze != nullptr) Maze_bounds(nodes[i].submaze, &low, &high);
+    *min = lower(*min, low);
+    *max = upper(*max, high);
+  }
+}
+
+double Maze_quad_angle(const Maze *maze, int32_t node) {
+  const MazeNode &here = maze_nodes(maze)[node];
+  double cosines = 0.0;
+  double sines = 0.0;
+  for (uint32_t row = here.degree; row-- > 0;) {
+    const MazeNode &there = maze_nodes(maze)[here.nbr[row]];
+    const double dx = there.x - here.x;
+    const double dy = there.y - here.y;
+    if (dx == 0.0 && dy == 0.0) continue;
+    const double fourfold = 4.0 * std::atan2(dy, dx);
+    cosines += std::cos(fourfold);
+    sines += std::sin(fourfold);
+  }
+  if (cosines == 0.0 && sines == 0.0) return 0.0;
+  return std::atan2(sines, cosines) / 4.0;
+}

@@ -1,0 +1,98 @@
+#include "gfx/input.h"
+
+#include <cstring>
+
+#include "gfx/platform.h"
+#include "gfx/window.h"
+
+uint32_t quit_requested;
+uint32_t mouse_buttons;
+uint32_t mouse_buttons_prev;
+uint32_t mouse_event_buttons;
+int32_t mouse_x, mouse_y;
+int32_t mouse_wait_release = 1;
+void (*gesture_hook)(uintptr_t wparam, intptr_t lparam);
+char typed_text[512];
+uint8_t key_state[384];
+uint8_t key_state_prev[384];
+uint8_t alt_tabbed;
+
+namespace {
+
+constexpr uint32_t press_bits = mouse_left | mouse_right | mouse_middle;
+constexpr uint32_t wheel_bits = mouse_wheel_forward | mouse_wheel_backward;
+constexpr size_t typed_limit = 499;
+constexpr int32_t word_mask = 0xFFFF; // places left of or above the window read as large numbers
+constexpr uint8_t down_bit = 0x80;
+
+} // namespace
+
+bool key_down(int32_t key) {
+  return (key_state[key] & down_bit) != 0;
+}
+
+bool key_pressed(int32_t key) {
+  return (~key_state_prev[key] & key_state[key] & down_bit) != 0;
+}
+
+uint32_t gfx_pump() {
+  mouse_buttons_prev = mouse_buttons;
+  mouse_buttons &= ~wheel_bits;
+  if (platform_messages()) {
+    quit_requested = 1;
+    return quit_requested;
+  }
+  // The key tables stay as they are while minimised, so that no key seems pressed or let go.
+  if (platform_is_minimised()) {
+    alt_tabbed = 0;
+    return quit_requested;
+  }
+  if (alt_tabbed == 0 && windowed == 0) platform_keep_on_top();
+  std::memcpy(key_state_prev, key_state, sizeof key_state);
+  platform_key_snapshot(key_state);
+  // Minimising may take the system several pumps: asked again until it is done.
+  if (key_down(vk_alt) && key_down(vk_tab)) alt_tabbed = 1;
+  if (alt_tabbed != 0) platform_minimise();
+  return quit_requested;
+}
+
+uint32_t gfx_next_typed_char() {
+  uint32_t first = static_cast<uint8_t>(typed_text[0]);
+  if (first != 0) std::memmove(typed_text, typed_text + 1, std::strlen(typed_text));
+  return first;
+}
+
+void gfx_mouse_recentre(int32_t *dx, int32_t *dy) {
+  MonitorRect outer = platform_window_rect();
+  PlatformPoint centre = {(outer.left + outer.right) / 2, (outer.top + outer.bottom) / 2};
+  PlatformPoint cursor = platform_cursor();
+  PlatformPoint motion = {cursor.x - centre.x, cursor.y - centre.y};
+  // A cursor that stays where it is would be read as the same motion in every frame.
+  if (!platform_set_cursor(centre)) motion = platform_relative_motion();
+  if (dx != nullptr) *dx = motion.x;
+  if (dy != nullptr) *dy = motion.y;
+}
+
+void input_mouse_message(uint32_t buttons, int32_t x, int32_t y) {
+  mouse_x = x & word_mask;
+  mouse_y = y & word_mask;
+  mouse_event_buttons = buttons & press_bits;
+  if (mouse_event_buttons == 0) mouse_wait_release = 0;
+  if (mouse_wait_release != 0) return;
+  mouse_buttons = (mouse_buttons & wheel_bits) | mouse_event_buttons;
+}
+
+void input_wheel_message(int32_t delta) {
+  mouse_buttons |= delta > 0 ? mouse_wheel_forward : mouse_wheel_backward;
+}
+
+void input_char_message(uint32_t code) {
+  size_t length = std::strlen(typed_text);
+  if (length >= typed_limit) return;
+  typed_text[length] = static_cast<char>(code & 0xFF);
+  typed_text[length + 1] = '\0';
+}
+
+void input_gesture_message(uintptr_t wparam, intptr_t lparam) {
+  if (gesture_hook != nullptr) gesture_hook(wparam, lparam);
+}

@@ -1,0 +1,408 @@
+#include "gfx/platform.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include <SDL.h>
+
+#include "gfx/input.h"
+#include "gfx/window.h"
+#include "support/report.h"
+
+namespace {
+
+SDL_Window *window;
+SDL_GLContext context;
+char fault[512];
+uint32_t buttons_held;   // as the button events tell
+PlatformPoint size_told; // the client size that gfx_resize knows
+
+void take_fault() {
+  const char *error = SDL_GetError();
+  std::snprintf(fault, sizeof fault, "%s", error[0] != '\0' ? error : "no reason was given");
+}
+
+// A display mode outlives the program that set it, so it is given back on every way out.
+void restore_display_mode() {
+  if (window == nullptr) return;
+  uint32_t flags = SDL_GetWindowFlags(window) & SDL_WINDOW_FULLSCREEN_DESKTOP;
+  if (flags == SDL_WINDOW_FULLSCREEN) SDL_SetWindowFullscreen(window, 0);
+}
+
+MonitorRect edges(const SDL_Rect &rect) {
+  return {rect.x, rect.y, rect.x + rect.w, rect.y + rect.h};
+}
+
+MonitorRect monitor(int index) {
+  SDL_Rect rect = {};
+  SDL_GetDisplayBounds(index, &rect);
+  return edges(rect);
+}
+
+bool is_whole_monitor(const MonitorRect &area) {
+  for (int i = SDL_GetNumVideoDisplays() - 1; i >= 0; i--) {
+    MonitorRect rect = monitor(i);
+    if (std::memcmp(&rect, &area, sizeof rect) == 0) return true;
+  }
+  return false;
+}
+
+uint32_t window_flags(const PlatformWindowRequest &request) {
+  if (request.framed) return SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE;
+  if (request.change_display_mode) return SDL_WINDOW_OPENGL | SDL_WINDOW_FULLSCREEN;
+  if (is_whole_monitor(request.outer)) return SDL_WINDOW_OPENGL | SDL_WINDOW_FULLSCREEN_DESKTOP;
+  return SDL_WINDOW_OPENGL | SDL_WINDOW_BORDERLESS | SDL_WINDOW_ALWAYS_ON_TOP;
+}
+
+SDL_Window *make_window(const PlatformWindowRequest &request, uint32_t flags) {
+  return SDL_CreateWindow(request.title, request.outer.left, request.outer.top,
+                          request.client_width, request.client_height, flags);
+}
+
+// Version 1.1 is asked for so that an old driver still gets as far as the check of its version,
+// which can tell the user more; drivers give their newest that is compatible.
+void ask_for_context(int depth_bits) {
+  SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_COMPATIBILITY);
+  SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, 1);
+  SDL_GL_SetAttribute(SDL_GL_CONTEXT_MINOR_VERSION, 1);
+  SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
+  SDL_GL_SetAttribute(SDL_GL_RED_SIZE, 8);
+  SDL_GL_SetAttribute(SDL_GL_GREEN_SIZE, 8);
+  SDL_GL_SetAttribute(SDL_GL_BLUE_SIZE, 8);
+  SDL_GL_SetAttribute(SDL_GL_ALPHA_SIZE, 0);
+  SDL_GL_SetAttribute(SDL_GL_STENCIL_SIZE, 0);
+  SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, depth_bits);
+}
+
+// A window can fail for want of the display or of a pixel format; one without OpenGL tells which.
+PlatformOpen why_no_window(const PlatformWindowRequest &request) {
+  take_fault();
+  SDL_Window *plain = make_window(request, SDL_WINDOW_HIDDEN);
+  if (plain == nullptr) return PlatformOpen::no_window;
+  SDL_DestroyWindow(plain);
+  return PlatformOpen::no_pixel_format;
+}
+
+PlatformOpen try_open(const PlatformWindowRequest &request, int depth_bits) {
+  ask_for_context(depth_bits);
+  window = make_window(request, window_flags(request));
+  if (window == nullptr) return why_no_window(request);
+  context = SDL_GL_CreateContext(window);
+  if (context != nullptr && SDL_GL_MakeCurrent(window, context) == 0) return PlatformOpen::ok;
+  take_fault();
+  PlatformOpen stage = context == nullptr ? PlatformOpen::no_context : PlatformOpen::no_current;
+  platform_close();
+  SDL_DestroyWindow(window);
+  window = nullptr;
+  return stage;
+}
+
+// Windows are made hidden or shown by window managers as they like, and a size asked for isn't
+// always the size given, so the true one is looked at in every round of messages.
+void follow_client_size() {
+  PlatformPoint size = {0, 0};
+  if (!platform_is_minimised()) SDL_GL_GetDrawableSize(window, &size.x, &size.y);
+  if (size.x == size_told.x && size.y == size_told.y) return;
+  size_told = size;
+  gfx_resize(size.x, size.y);
+}
+
+uint32_t button_bits(uint32_t sdl_mask) {
+  uint32_t bits = 0;
+  if ((sdl_mask & SDL_BUTTON_LMASK) != 0) bits |= mouse_left;
+  if ((sdl_mask & SDL_BUTTON_RMASK) != 0) bits |= mouse_right;
+  if ((sdl_mask & SDL_BUTTON_MMASK) != 0) bits |= mouse_middle;
+  return bits;
+}
+
+// Motion carries the buttons. One held since before the window was there has sent no event.
+void motion_message(const SDL_MouseMotionEvent &motion) {
+  uint32_t held = buttons_held;
+  if (mouse_wait_release != 0) held |= button_bits(SDL_GetGlobalMouseState(nullptr, nullptr));
+  input_mouse_message(held, motion.x, motion.y);
+}
+
+void button_message(const SDL_MouseButtonEvent &button) {
+  uint32_t bit = button_bits(SDL_BUTTON(button.button));
+  buttons_held = button.state == SDL_PRESSED ? buttons_held | bit : buttons_held & ~bit;
+  input_mouse_message(buttons_held, button.x, button.y);
+}
+
+void wheel_message(const SDL_MouseWheelEvent &wheel) {
+  if (wheel.y == 0) return; // sideways
+  input_wheel_message(wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -wheel.y : wheel.y);
+}
+
+// UTF-8 as sent by the system, so always well formed. Typed text is bytes of Latin-1.
+void text_message(const char *text) {
+  for (const char *at = text; *at != '\0';) {
+    uint32_t lead = static_cast<uint8_t>(*at++);
+    uint32_t code = lead < 0xC0 ? lead : lead & (lead < 0xE0 ? 0x1F : lead < 0xF0 ? 0x0F : 0x07);
+    for (; (*at & 0xC0) == 0x80; at++)
+      code = code << 6 | (*at & 0x3F);
+    input_char_message(code <= 0xFF ? code : '?');
+  }
+}
+
+// Control characters don't come as text.
+void key_message(const SDL_Keysym &key) {
+  SDL_Keycode code = key.sym;
+  bool letter = code >= SDLK_a && code <= SDLK_z;
+  if (letter && (key.mod & KMOD_CTRL) != 0)
+    input_char_message(static_cast<uint32_t>(code - SDLK_a + 1));
+  else if (code == SDLK_BACKSPACE || code == SDLK_TAB || code == SDLK_RETURN || code == SDLK_ESCAPE)
+    input_char_message(static_cast<uint32_t>(code));
+}
+
+void window_message(const SDL_Event &event) {
+  switch (event.type) {
+  case SDL_WINDOWEVENT:
+    if (event.window.event == SDL_WINDOWEVENT_CLOSE) gfx_close_requested();
+    break;
+  case SDL_MOUSEMOTION:
+    motion_message(event.motion);
+    break;
+  case SDL_MOUSEBUTTONDOWN:
+  case SDL_MOUSEBUTTONUP:
+    button_message(event.button);
+    break;
+  case SDL_MOUSEWHEEL:
+    wheel_message(event.wheel);
+    break;
+  case SDL_TEXTINPUT:
+    text_message(event.text.text);
+    break;
+  case SDL_KEYDOWN:
+    key_message(event.key.keysym);
+    break;
+  default:
+    break;
+  }
+}
+
+struct KeyCode {
+  SDL_Keycode from;
+  uint8_t to;
+};
+
+// Keys outside the runs of letters, digits and function keys.
+constexpr KeyCode key_codes[] = {
+    {SDLK_BACKSPACE, 8},      {SDLK_TAB, vk_tab},      {SDLK_RETURN, 13},
+    {SDLK_KP_ENTER, 13},      {SDLK_PAUSE, 19},        {SDLK_CAPSLOCK, 20},
+    {SDLK_ESCAPE, vk_escape}, {SDLK_SPACE, vk_space},  {SDLK_PAGEUP, 33},
+    {SDLK_PAGEDOWN, 34},      {SDLK_END, 35},          {SDLK_HOME, 36},
+    {SDLK_LEFT, vk_left},     {SDLK_UP, vk_up},        {SDLK_RIGHT, vk_right},
+    {SDLK_DOWN, vk_down},     {SDLK_PRINTSCREEN, 44},  {SDLK_INSERT, 45},
+    {SDLK_DELETE, 46},        {SDLK_LGUI, 91},         {SDLK_RGUI, 92},
+    {SDLK_KP_0, 96},          {SDLK_KP_MULTIPLY, 106}, {SDLK_KP_PLUS, 107},
+    {SDLK_KP_MINUS, 109},     {SDLK_KP_PERIOD, 110},   {SDLK_KP_DIVIDE, 111},
+    {SDLK_LSHIFT, 160},       {SDLK_RSHIFT, 161},      {SDLK_LCTRL, 162},
+    {SDLK_RCTRL, 163},        {SDLK_LALT, 164},        {SDLK_RALT, 165},
+    {SDLK_SEMICOLON, 186},    {SDLK_EQUALS, 187},      {SDLK_COMMA, 188},
+    {SDLK_MINUS, 189},        {SDLK_PERIOD, 190},      {SDLK_SLASH, 191},
+    {SDLK_BACKQUOTE, 192},    {SDLK_LEFTBRACKET, 219}, {SDLK_BACKSLASH, 220},
+    {SDLK_RIGHTBRACKET, 221}, {SDLK_QUOTE, 222},
+};
+
+// The place of `code` in the run from `first` to `last`, added to `to`; 0 if it isn't in the run.
+int32_t in_run(int32_t code, int32_t first, int32_t last, int32_t to) {
+  return code >= first && code <= last ? to + code - first : 0;
+}
+
+int32_t key_of_layout(SDL_Keycode code) {
+  for (const KeyCode &entry : key_codes)
+    if (entry.from == code) return entry.to;
+  return in_run(code, SDLK_a, SDLK_z, 'A') + in_run(code, SDLK_0, SDLK_9, '0') +
+         in_run(code, SDLK_F1, SDLK_F12, 112) + in_run(code, SDLK_KP_1, SDLK_KP_9, 97);
+}
+
+// By the user's layout; a key whose symbol has no code there (another alphabet, digits behind
+// Shift) counts by its place on the keyboard.
+int32_t virtual_key(int scancode) {
+  SDL_Keycode code = SDL_GetKeyFromScancode(static_cast<SDL_Scancode>(scancode));
+  int32_t key = key_of_layout(code);
+  if (key != 0) return key;
+  return in_run(scancode, SDL_SCANCODE_A, SDL_SCANCODE_Z, 'A') +
+         in_run(scancode, SDL_SCANCODE_1, SDL_SCANCODE_9, '1') +
+         in_run(scancode, SDL_SCANCODE_0, SDL_SCANCODE_0, '0');
+}
+
+// Where there is no display the library falls back to drivers without one, in which the program
+// would run unseen for ever; they are good only if the user asked for one of them.
+bool nobody_sees(const char *driver) {
+  if (SDL_GetHint(SDL_HINT_VIDEODRIVER) != nullptr) return false;
+  return std::strcmp(driver, "offscreen") == 0 || std::strcmp(driver, "dummy") == 0 ||
+         std::strcmp(driver, "evdev") == 0;
+}
+
+} // namespace
+
+void platform_dpi_aware() {
+  SDL_SetHint(SDL_HINT_WINDOWS_DPI_AWARENESS, "system");
+}
+
+bool platform_connect() {
+  // A click that brings the window to the front counts as a click.
+  SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
+  if (SDL_Init(SDL_INIT_VIDEO) != 0) {
+    take_fault();
+    return false;
+  }
+  if (nobody_sees(SDL_GetCurrentVideoDriver())) {
+    SDL_Quit();
+    std::snprintf(fault, sizeof fault, "%s", "neither DISPLAY nor WAYLAND_DISPLAY leads to one");
+    return false;
+  }
+  std::atexit(restore_display_mode);
+  return true;
+}
+
+PlatformMetrics platform_metrics() {
+  // Window managers draw the frames and tell their thickness only afterwards: it counts as 0.
+  PlatformMetrics metrics = {};
+  MonitorRect primary = monitor(0);
+  metrics.primary_width = primary.right - primary.left;
+  metrics.primary_height = primary.bottom - primary.top;
+  metrics.virtual_desktop = primary;
+  for (int i = SDL_GetNumVideoDisplays() - 1; i > 0; i--) {
+    MonitorRect rect = monitor(i);
+    MonitorRect &all = metrics.virtual_desktop;
+    all = {std::min(all.left, rect.left), std::min(all.top, rect.top),
+           std::max(all.right, rect.right), std::max(all.bottom, rect.bottom)};
+  }
+  return metrics;
+}
+
+int32_t platform_monitors(MonitorRect *out, int32_t room) {
+  int32_t count = SDL_GetNumVideoDisplays();
+  for (int32_t i = std::min(count, room) - 1; i >= 0; i--)
+    out[i] = monitor(i);
+  return count;
+}
+
+PlatformOpen platform_open(const PlatformWindowRequest *request) {
+  if (SDL_GL_LoadLibrary(nullptr) != 0) {
+    take_fault();
+    return PlatformOpen::no_context;
+  }
+  size_told = {request->client_width, request->client_height};
+  PlatformOpen stage = try_open(*request, 32);
+  return stage == PlatformOpen::ok ? stage : try_open(*request, 24);
+}
+
+const char *platform_fault() {
+  return fault;
+}
+
+void platform_close() {
+  restore_display_mode();
+  if (context == nullptr) return;
+  SDL_GL_MakeCurrent(window, nullptr);
+  SDL_GL_DeleteContext(context);
+  context = nullptr;
+}
+
+void *platform_gl_proc(const char *name) {
+  return SDL_GL_GetProcAddress(name);
+}
+
+void platform_swap_buffers() {
+  SDL_GL_SwapWindow(window);
+}
+
+void platform_swap_interval(int32_t frames) {
+  SDL_GL_SetSwapInterval(frames);
+}
+
+bool platform_messages() {
+  SDL_Event event;
+  while (SDL_PollEvent(&event) != 0) {
+    if (event.type == SDL_QUIT) {
+      gfx_close_requested();
+      return true;
+    }
+    window_message(event);
+  }
+  follow_client_size();
+  return false;
+}
+
+bool platform_is_minimised() {
+  return (SDL_GetWindowFlags(window) & SDL_WINDOW_MINIMIZED) != 0;
+}
+
+void platform_minimise() {
+  SDL_MinimizeWindow(window);
+}
+
+void platform_keep_on_top() {
+  // The window manager is told once; the window remembers it.
+  if ((SDL_GetWindowFlags(window) & SDL_WINDOW_ALWAYS_ON_TOP) == 0)
+    SDL_SetWindowAlwaysOnTop(window, SDL_TRUE);
+}
+
+void platform_key_snapshot(uint8_t keys[256]) {
+  std::memset(keys, 0, 256);
+  int count = 0;
+  const uint8_t *held = SDL_GetKeyboardState(&count);
+  for (int scancode = count - 1; scancode > 0; scancode--)
+    if (held[scancode] != 0) keys[virtual_key(scancode)] = 0x80;
+  keys[0] = 0; // keys without a code
+  for (int side = 0; side < 2; side++) {
+    keys[vk_shift] |= keys[160 + side];
+    keys[vk_control] |= keys[162 + side];
+    keys[vk_alt] |= keys[164 + side];
+  }
+}
+
+MonitorRect platform_window_rect() {
+  SDL_Rect client = {};
+  SDL_GetWindowPosition(window, &client.x, &client.y);
+  SDL_GetWindowSize(window, &client.w, &client.h);
+  int top = 0;
+  int left = 0;
+  int bottom = 0;
+  int right = 0;
+  SDL_GetWindowBordersSize(window, &top, &left, &bottom, &right);
+  return {client.x - left, client.y - top, client.x + client.w + right,
+          client.y + client.h + bottom};
+}
+
+PlatformPoint platform_cursor() {
+  PlatformPoint cursor = {};
+  SDL_GetGlobalMouseState(&cursor.x, &cursor.y);
+  return cursor;
+}
+
+bool platform_set_cursor(PlatformPoint place) {
+  PlatformPoint before = platform_cursor();
+  if (SDL_WarpMouseGlobal(place.x, place.y) != 0) return false;
+  // Some systems take the request and leave the cursor where it is.
+  PlatformPoint after = platform_cursor();
+  bool moved = after.x != before.x || after.y != before.y;
+  return moved || (before.x == place.x && before.y == place.y);
+}
+
+PlatformPoint platform_relative_motion() {
+  PlatformPoint motion = {};
+  if (SDL_GetRelativeMouseMode() == SDL_TRUE) {
+    SDL_GetRelativeMouseState(&motion.x, &motion.y);
+    return motion;
+  }
+  // What moved before the mode began is no steering.
+  SDL_SetRelativeMouseMode(SDL_TRUE);
+  SDL_GetRelativeMouseState(nullptr, nullptr);
+  return motion;
+}
+
+void platform_show_cursor(bool shown) {
+  if (shown) SDL_SetRelativeMouseMode(SDL_FALSE);
+  SDL_ShowCursor(shown ? SDL_ENABLE : SDL_DISABLE);
+}
+
+void platform_message_box(const char *caption, const char *text) {
+  if (SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, caption, text, window) != 0)
+    report_sentence("%s: %s", caption, text);
+}

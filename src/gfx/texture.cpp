@@ -1,0 +1,145 @@
+#include "gfx/texture.h"
+
+#include <cassert>
+#include <cstddef>
+#include <cstdlib>
+
+#include "gfx/gl.h"
+#include "gfx/gl_util.h"
+#include "gfx/platform.h"
+#include "gfx/window.h"
+
+int32_t textures_keep_component_count;
+int32_t has_generate_mipmap = -1;
+void (*generate_mipmap_proc)(uint32_t target);
+int32_t has_anisotropy = -1;
+float max_anisotropy;
+
+namespace {
+
+constexpr uint32_t formats[5] = {0, GL_LUMINANCE, GL_LUMINANCE_ALPHA, GL_RGB, GL_RGBA};
+
+// A picture inside a buffer.
+struct Picture {
+  int32_t width, height;
+  size_t components;
+  size_t row; // bytes from one row to the next
+};
+
+Picture picture_of(int32_t width, int32_t height, size_t components) {
+  size_t bytes = static_cast<size_t>(width) * components;
+  return {width, height, components, (bytes + 3) / 4 * 4};
+}
+
+int32_t halved(int32_t size) {
+  return size > 1 ? size / 2 : 1;
+}
+
+// Averages a picture into half its size in the same buffer; what is written never overtakes what
+// is still to be read. A side of 1 has no neighbour and counts twice.
+Picture halve(Picture from, uint8_t *bytes) {
+  Picture to = picture_of(halved(from.width), halved(from.height), from.components);
+  size_t right = from.width > 1 ? from.components : 0;
+  size_t below = from.height > 1 ? from.row : 0;
+  for (size_t y = 0; y < static_cast<size_t>(to.height); y++)
+    for (size_t x = 0; x < static_cast<size_t>(to.width); x++)
+      for (size_t c = 0; c < to.components; c++) {
+        const uint8_t *at = bytes + 2 * y * from.row + 2 * x * from.components + c;
+        int sum = at[0] + at[right] + at[below] + at[below + right];
+        bytes[y * to.row + x * to.components + c] = static_cast<uint8_t>((sum + 2) >> 2);
+      }
+  return to;
+}
+
+int32_t internal_format(int32_t components, uint32_t format) {
+  return textures_keep_component_count != 0 ? components : static_cast<int32_t>(format);
+}
+
+// The components that a read-back is made with. Sized formats all count as RGB.
+int32_t components_of(int32_t format) {
+  if (format >= 1 && format <= 4) return format;
+  for (int32_t components = 4; components >= 1; components--)
+    if (texture_format(components) == static_cast<uint32_t>(format)) return components;
+  return 3;
+}
+
+bool driver_makes_mipmaps() {
+  if (!gl_has_extension(&has_generate_mipmap, "GL_SGIS_generate_mipmap")) return false;
+  if (generate_mipmap_proc == nullptr)
+    generate_mipmap_proc =
+        reinterpret_cast<void (*)(uint32_t)>(platform_gl_proc("glGenerateMipmap"));
+  return generate_mipmap_proc != nullptr;
+}
+
+int32_t level_parameter(uint32_t name) {
+  int32_t value = 0;
+  glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, name, &value);
+  return value;
+}
+
+void mipmaps_from_read_back(uint32_t target) {
+  int32_t width = level_parameter(GL_TEXTURE_WIDTH);
+  int32_t height = level_parameter(GL_TEXTURE_HEIGHT);
+  int32_t components = components_of(level_parameter(GL_TEXTURE_INTERNAL_FORMAT));
+  uint32_t format = texture_format(components);
+  Picture picture = picture_of(width, height, static_cast<size_t>(components));
+  void *pixels = std::malloc(picture.row * static_cast<size_t>(height) + 1);
+  if (pixels == nullptr) return;
+  glGetTexImage(GL_TEXTURE_2D, 0, format, GL_UNSIGNED_BYTE, pixels);
+  texture_build_mipmaps(target, components, format, width, height, pixels);
+  std::free(pixels);
+}
+
+} // namespace
+
+uint32_t texture_format(int32_t components) {
+  assert(components >= 1 && components <= 4);
+  return formats[components];
+}
+
+void texture_upload(uint32_t target, int32_t components, int32_t width, int32_t height,
+                    void *pixels) {
+  uint32_t format = texture_format(components);
+  glGetError();
+  glTexImage2D(target, 0, internal_format(components, format), width, height, 0, format,
+               GL_UNSIGNED_BYTE, pixels);
+  texture_build_mipmaps(target, components, format, width, height, pixels);
+}
+
+void texture_build_mipmaps(uint32_t target, int32_t components, uint32_t format, int32_t width,
+                           int32_t height, void *pixels) {
+  Picture picture = picture_of(width, height, static_cast<size_t>(components));
+  for (int32_t level = 1; picture.width > 1 || picture.height > 1; level++) {
+    picture = halve(picture, static_cast<uint8_t *>(pixels));
+    glGetError();
+    glTexImage2D(target, level, internal_format(components, format), picture.width, picture.height,
+                 0, format, GL_UNSIGNED_BYTE, pixels);
+  }
+}
+
+void texture_generate_mipmaps(uint32_t target) {
+  if (driver_makes_mipmaps())
+    generate_mipmap_proc(target);
+  else
+    mipmaps_from_read_back(target);
+}
+
+uint32_t texture_capture(int32_t x, int32_t y, int32_t width, int32_t height, int32_t with_alpha) {
+  uint32_t name = 0;
+  glGenTextures(1, &name);
+  glBindTexture(GL_TEXTURE_2D, name);
+  glCopyTexImage2D(GL_TEXTURE_2D, 0, with_alpha != 0 ? GL_RGBA8 : GL_RGB8, x,
+                   screen_height - (y + height), width, height, 0);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_REPEAT);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_REPEAT);
+  texture_generate_mipmaps(GL_TEXTURE_2D);
+  return name;
+}
+
+void texture_max_anisotropy() {
+  if (!gl_has_extension(&has_anisotropy, "GL_EXT_texture_filter_anisotropic")) return;
+  if (max_anisotropy == 0) glGetFloatv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &max_anisotropy);
+  glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT, max_anisotropy);
+}

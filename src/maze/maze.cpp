@@ -1,0 +1,101 @@
+#include "maze/maze.h"
+
+#include <cstdlib>
+
+#include "maze/attachment.h"
+#include "support/strings.h"
+
+// The records of destroyed mazes, newest first. They are never released, so that a stale address
+// can't come to mean a new maze; the chain keeps them, and no live maze, reachable for leak
+// checkers.
+static Maze *destroyed = nullptr;
+static uint64_t last_serial = 0;
+
+Maze *Maze_new() {
+  Maze *maze = new Maze{};
+  GrowList_init(&maze->nodes, sizeof(MazeNode));
+  GrowList_init(&maze->attachments, sizeof(Attachment));
+  maze->halfwidth = 0.5;
+  maze->serial = ++last_serial;
+  return maze;
+}
+
+void MazeNode_init(MazeNode *node, double x, double y, double z) {
+  node->x = x;
+  node->y = y;
+  node->z = z;
+  node->degree = 0;
+  node->self = maze_edge_default;
+  node->submaze = nullptr;
+}
+
+static void release_attachments(Maze *maze) {
+  for (uint32_t i = maze->attachments.count; i-- > 0;) {
+    const Attachment row = rows<Attachment>(maze->attachments)[i];
+    if (row.destructor) row.destructor(row.data, maze);
+    std::free(row.name);
+  }
+  GrowList_free(&maze->attachments);
+}
+
+void Maze_destroy(Maze *maze, int32_t recursive) {
+  if (recursive) {
+    for (int32_t i = maze_count(maze); i-- > 0;) {
+      Maze *below = maze_nodes(maze)[i].submaze;
+      if (below) Maze_destroy(below, 1);
+    }
+  }
+  GrowList_free(&maze->nodes);
+  std::free(maze->name);
+  maze->name = nullptr;
+  release_attachments(maze);
+  maze->pool_next = destroyed;
+  destroyed = maze;
+}
+
+// Takes over the rows of `source` with its capacity and tuning, but not its mirror.
+static void copy_nodes(GrowList *list, const GrowList *source) {
+  list->growth = source->growth;
+  list->initial = source->capacity; // clearing allocates as many rows as `initial` says
+  GrowList_clear(list);
+  list->initial = source->initial;
+  GrowList_append_many(list, source->data, source->count);
+}
+
+// Replaces the submazes of the nodes from `first` on, which are shared with some source, by copies
+// that belong to this maze.
+static void own_submazes(Maze *maze, int32_t first) {
+  for (int32_t i = maze_count(maze); i-- > first;) {
+    MazeNode &node = maze_nodes(maze)[i];
+    if (!node.submaze) continue;
+    node.submaze = Maze_copy(node.submaze, 1);
+    node.submaze->parent = maze;
+    node.submaze->parentnode = i;
+  }
+}
+
+Maze *Maze_copy(const Maze *maze, int32_t recursive) {
+  Maze *copy = Maze_new();
+  copy_nodes(&copy->nodes, &maze->nodes);
+  copy->parent = maze->parent;
+  copy->parentnode = maze->parentnode;
+  copy->visited = maze->visited;
+  copy->bordermask = maze->bordermask;
+  copy->halfwidth = maze->halfwidth;
+  if (maze->name) str_dup_into(&copy->name, maze->name);
+  if (recursive) own_submazes(copy, 0);
+  return copy;
+}
+
+Maze *Maze_merged(const Maze *a, const Maze *b) {
+  Maze *merged = Maze_copy(a, 1);
+  const int32_t first = maze_count(a);
+  GrowList_append_many(&merged->nodes, b->nodes.data, b->nodes.count);
+  for (int32_t i = maze_count(merged); i-- > first;) {
+    MazeNode &node = maze_nodes(merged)[i];
+    for (uint32_t r = node.degree; r-- > 0;)
+      node.nbr[r] += first;
+  }
+  own_submazes(merged, first);
+  return merged;
+}

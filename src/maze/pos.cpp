@@ -1,0 +1,56 @@
+#include "maze/pos.h"
+
+#include <cassert>
+
+#include "support/report.h"
+
+int32_t MazeNode_row(const MazeNode &node, int32_t target) {
+  for (uint32_t r = node.degree; r-- > 0;)
+    if (node.nbr[r] == target) return static_cast<int32_t>(r);
+  return -1;
+}
+
+Pos Pos_submaze_enter(Maze *maze, int32_t from, int32_t to) {
+  assert(from >= 0 && from < maze_count(maze) && to >= 0 && to < maze_count(maze));
+  const MazeNode &holder = maze_nodes(maze)[to];
+  assert(holder.submaze);
+  const int32_t door = MazeNode_row(holder, from);
+  if (holder.submaze->parent != maze || door < 0) return Pos_null;
+  return {holder.submaze, door};
+}
+
+// Where one comes out when walking from `from` to its neighbour `to`: a container is never a
+// place, one of its doors is.
+static Pos walk_to(Maze *maze, int32_t from, int32_t to) {
+  if (maze_nodes(maze)[to].submaze) return Pos_submaze_enter(maze, from, to);
+  return {maze, to};
+}
+
+Pos Pos_submaze_exit(Maze *maze, int32_t node) {
+  assert(node >= 0 && node < maze_count(maze));
+  if (!maze->parent) return Pos_null;
+  const MazeNode &holder = maze_nodes(maze->parent)[maze->parentnode];
+  if (static_cast<uint32_t>(node) >= holder.degree) return Pos_null;
+  return walk_to(maze->parent, maze->parentnode, holder.nbr[node]);
+}
+
+int32_t Pos_alledges(Maze *maze, int32_t node, Pos *out, MazeEdge *edges_out) {
+  assert(node >= 0 && node < maze_count(maze));
+  const MazeNode &here = maze_nodes(maze)[node];
+  int32_t count = 0;
+  for (uint32_t r = 0; r < here.degree; r++, count++) {
+    out[count] = walk_to(maze, node, here.nbr[r]);
+    if (!out[count].maze)
+      report_fatal("maze", 115, "Pos_alledges: Pos_submaze_enter returned Pos_null");
+    if (edges_out) edges_out[count] = here.edge[r];
+  }
+  out[count] = Pos_submaze_exit(maze, node);
+  if (!out[count].maze) return count;
+  if (edges_out) edges_out[count] = maze_nodes(maze->parent)[maze->parentnode].edge[node];
+  return count + 1;
+}
+
+Vec3 Pos_position(Pos pos) {
+  assert(pos.maze && pos.node >= 0 && pos.node < maze_count(pos.maze));
+  return node_position(maze_nodes(pos.maze)[pos.node]);
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+
+#include "world/world.h"
+
+// Which of the ways of drawing the tree runs, and the overlays on top of it.
+
+// Display switches, changed by keys and not saved.
+extern int32_t plot_grid;         // the grid around the current node is drawn
+extern int32_t plot_smooth_lines; // lines are antialiased at a width of 1.5, not merely blended
+
+// Draws the whole tree and the overlays with the current matrices; called once a depth slab. A
+// frame in which nothing changed only calls display lists.
+void plot_world(const World *world);

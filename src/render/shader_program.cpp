@@ -1,0 +1,86 @@
+#include "render/shader_program.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "render/shader_procs.h"
+#include "support/strings.h"
+
+const char *shader_error_log = "shader_error.log";
+
+GLuint shader_compile(GLenum kind, const char *const *strings, int32_t count) {
+  const GLuint shader = gl2.create_shader(kind);
+  gl2.shader_source(shader, count, strings, nullptr);
+  gl2.compile_shader(shader);
+  return shader;
+}
+
+char *shader_info_log(GLuint object, int32_t is_program) {
+  GLint size = 0;
+  if (is_program != 0) {
+    gl2.get_program_iv(object, GL_INFO_LOG_LENGTH, &size);
+  } else {
+    gl2.get_shader_iv(object, GL_INFO_LOG_LENGTH, &size);
+  }
+  char *log = nullptr;
+  if (size <= 0) {
+    str_dup_into(&log, "No information log");
+    return log;
+  }
+  log = static_cast<char *>(std::calloc(static_cast<size_t>(size), 1));
+  if (is_program != 0) {
+    gl2.get_program_info_log(object, size, nullptr, log);
+  } else {
+    gl2.get_shader_info_log(object, size, nullptr, log);
+  }
+  return log;
+}
+
+void shader_log_failure(GLuint object, int32_t is_program) {
+  if (shader_error_log == nullptr) return;
+  GLint good = 0;
+  if (is_program != 0) {
+    gl2.get_program_iv(object, GL_LINK_STATUS, &good);
+  } else {
+    gl2.get_shader_iv(object, GL_COMPILE_STATUS, &good);
+  }
+  if (good != 0) return;
+  FILE *file = std::fopen(shader_error_log, "at");
+  if (file == nullptr) return; // a folder that can't be written to: the picture tells, too
+  char *log = shader_info_log(object, is_program);
+  std::fprintf(file, "%s\n", log);
+  std::fclose(file);
+  std::free(log);
+}
+
+namespace {
+
+void add_stage(GLuint program, GLenum kind, const char *const *strings, int32_t count, char **log) {
+  const GLuint shader = shader_compile(kind, strings, count);
+  if (log != nullptr) *log = shader_info_log(shader, 0);
+  shader_log_failure(shader, 0);
+  gl2.attach_shader(program, shader);
+}
+
+} // namespace
+
+GLuint program_build(const char *const *vertex_strings, int32_t vertex_count,
+                     const char *const *fragment_strings, int32_t fragment_count, char **vertex_log,
+                     char **fragment_log, char **program_log) {
+  if (shaders_available() == 0) return 0;
+  const GLuint program = gl2.create_program();
+  if (vertex_strings != nullptr) {
+    add_stage(program, GL_VERTEX_SHADER, vertex_strings, vertex_count, vertex_log);
+  }
+  if (fragment_strings != nullptr) {
+    add_stage(program, GL_FRAGMENT_SHADER, fragment_strings, fragment_count, fragment_log);
+  }
+  gl2.link_program(program);
+  if (program_log != nullptr) *program_log = shader_info_log(program, 1);
+  shader_log_failure(program, 1);
+  return program;
+}
+
+GLuint fragment_program_build(const char *source, char **fragment_log, char **program_log) {
+  return program_build(nullptr, 0, &source, 1, nullptr, fragment_log, program_log);
+}

@@ -1,0 +1,146 @@
+#include "render/shader_text.h"
+
+// The colour of an age, in bytes out of 255: 0.1412 is 36, 0.0706 is 18, 0.0667 is 17 and 0.0627
+// is 16. t becomes the age in decades of hundredths of a second.
+const char *const shader_agecolour = R"(#version 120
+vec3 agecolour(float t)
+{
+  t=log(max(1.0,t*100.0))/log(10.0);
+  float i=mod(t,1.0)*0.1412;
+  float h=i*0.5;
+  vec3 c=vec3(0.0667+0.0627*max(7.0-13.0/36.0-t,0.0));
+  if(t<=1.0) c+=vec3(0.1412,0.1412,0.1412);
+  else if(t<=2.0) c+=vec3(0.1412,0.1412-i,0.1412);
+  else if(t<=3.0) c+=vec3(0.1412,0.0,0.1412-i);
+  else if(t<=4.0) c+=vec3(0.1412,i,0.0);
+  else if(t<=5.0) c+=vec3(0.1412-i,0.1412,0.0);
+  else if(t<=6.0) c+=vec3(0.0,0.1412,i);
+  else if(t<=7.0) c+=vec3(0.0,0.1412-i,0.1412);
+  else if(t<=8.0) c+=vec3(h,h,0.1412-h);
+  else if(t<=9.0) c+=vec3(0.0706-h);
+  return c;
+}
+)";
+
+// Each fixed light is folded to its nearest copy, and fades to nothing at the faces of its cell so
+// that no seam shows where the nearest copy changes.
+const char *const shader_lighting = R"(#version 120
+uniform vec3 lpos0=vec3(0),lcol0=vec3(0);
+vec3 cell_light(vec3 lpos,vec3 lcol,vec3 nv,vec3 ps)
+{
+  const vec3 rep=vec3(20.0,20.0,10.0);
+  vec3 ld=mod(lpos-ps+0.5*rep,rep)-0.5*rep;
+  vec3 cp=ld/(0.5*rep);
+  float corr=(1.0-cp.x*cp.x)*(1.0-cp.y*cp.y)*(1.0-cp.z*cp.z);
+  return corr*lcol*max(0.0,dot(nv,ld/dot(ld,ld)));
+}
+vec3 lighting(vec3 nv,vec3 ps)
+{
+  vec3 ret=vec3(0.0);
+  ret+=cell_light(vec3(10.4,0.6,3.3),vec3(0.5,1.0,0.8)*5.0,nv,ps);
+  ret+=cell_light(vec3(3.4,0.4,1.3),vec3(1.0,0.8,0.5)*5.0,nv,ps);
+  ret+=cell_light(vec3(10.4,8.6,3.3),vec3(0.5,0.8,0.8)*5.0,nv,ps);
+  ret+=cell_light(vec3(3.4,11.4,1.3),vec3(1.0,1.0,0.5)*5.0,nv,ps);
+  vec3 ld=lpos0-ps;
+  float ldl=length(ld);
+  ret+=lcol0*max(0.1,dot(nv,ld/ldl))/ldl;
+  return ret;
+}
+)";
+
+// The ribbon faces the camera and grows with the distance, which leaves room for its rim of one
+// pixel far away. r is the signed distance from the axis, oz the eye's z.
+const char *const shader_edge_vertex = R"(
+uniform vec3 o;
+uniform float t,r0,r1;
+varying float r,oz;
+void main()
+{
+  vec3 p1=gl_Vertex.xyz;
+  vec3 p2_p1=gl_Normal;
+  float d=length(o-p1);
+  vec3 pr=normalize(cross(p2_p1,o-p1));
+  r=r0-0.005*d+(r1-r0+0.01*d)*(gl_Vertex.w>=2.0?gl_Vertex.w-2.0:gl_Vertex.w);
+  gl_Position=gl_ModelViewProjectionMatrix*vec4(p1+pr*r,1.0);
+  oz=gl_Position.w/gl_ProjectionMatrix[2][3];
+  vec3 c=gl_Color.rgb;
+  float ct=gl_MultiTexCoord0.x;
+  if(ct>=0.0) c+=agecolour(t-ct);
+  gl_FrontColor=vec4(c,1.0);
+  gl_TexCoord[0]=gl_MultiTexCoord0;
+}
+)";
+
+// A dark core with light rims that go to black at the outside, mixed in linear light. The core
+// stands towards the viewer and the rim behind; the antialiased last pixel loses to everything.
+const char *const shader_edge_fragment = R"(#version 120
+uniform mat4 proj;
+varying float r,oz;
+float smoothstep(float x,float a,float w) {return clamp(0.5+(x-a)/w,0.0,1.0);}
+void main()
+{
+  float rpix=length(vec2(dFdx(r),dFdy(r)));
+  float r1=gl_TexCoord[0].y;
+  float z=oz;
+  if(abs(r)<r1*0.6-0.5*rpix) z+=r1;
+  else if(abs(r)<r1-0.5*rpix) z-=r1;
+  else if(abs(r)<r1+0.5*rpix) z-=1e6;
+  else discard;
+  vec3 cl=pow(max(vec3(0.0),gl_Color.rgb-0.25),vec3(2.2));
+  vec3 ch=pow(min(vec3(1.0),gl_Color.rgb+0.25),vec3(2.2));
+  vec3 c=ch*smoothstep(r,-r1,rpix)+(cl-ch)*smoothstep(r,-0.6*r1,rpix)
+        +(ch-cl)*smoothstep(r,0.6*r1,rpix)-ch*smoothstep(r,r1,rpix);
+  gl_FragColor=vec4(pow(max(c,vec3(0.0)),vec3(1.0/2.2)),1.0);
+  gl_FragDepth=(proj[2][2]*z+proj[3][2])/(proj[2][3]*z);
+  gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;
+}
+)";
+
+// A square that faces the camera, widened with the distance as the ribbons are.
+const char *const shader_node_vertex = R"(
+uniform vec3 o;
+uniform float t;
+varying vec3 pos,c;
+varying float r,oz;
+void main()
+{
+  c=gl_MultiTexCoord0.xyz;
+  r=gl_MultiTexCoord0.w;
+  float d=length(o-c);
+  vec3 po=(o-c)/d;
+  vec3 u=normalize(cross(vec3(1.0,0.0,0.0),po));
+  vec3 v=cross(po,u);
+  pos=c+(r+0.005*d)*(gl_Vertex.x*u+gl_Vertex.y*v);
+  gl_Position=gl_ModelViewProjectionMatrix*vec4(pos,1.0);
+  oz=gl_Position.w/gl_ProjectionMatrix[2][3];
+  vec3 col=gl_Color.rgb;
+  float ct=gl_Color.a;
+  if(ct>=0.0) col+=agecolour(t-ct);
+  gl_FrontColor=vec4(col,1.0);
+}
+)";
+
+// A dark centre with a light ring. The core stands half again as far forward as an edge's, in
+// front of the edges that meet in it.
+const char *const shader_node_fragment = R"(#version 120
+uniform mat4 proj;
+varying vec3 pos,c;
+varying float r,oz;
+float smoothstep(float x,float a,float w) {return clamp(0.5+(x-a)/w,0.0,1.0);}
+void main()
+{
+  float d=length(pos-c);
+  float rpix=length(vec2(dFdx(pos.x),dFdy(pos.x)));
+  float z=oz;
+  if(d<0.6*r-0.5*rpix) z+=1.5*r;
+  else if(d<r-0.5*rpix) z-=r;
+  else if(d<r+0.5*rpix) z-=1e6;
+  else discard;
+  vec3 cl=pow(max(vec3(0.0),gl_Color.rgb-0.25),vec3(2.2));
+  vec3 ch=pow(min(vec3(1.0),gl_Color.rgb+0.25),vec3(2.2));
+  vec3 col=cl+(ch-cl)*smoothstep(d,0.6*r,rpix)-ch*smoothstep(d,r,rpix);
+  gl_FragColor=vec4(pow(max(col,vec3(0.0)),vec3(1.0/2.2)),1.0);
+  gl_FragDepth=(proj[2][2]*z+proj[3][2])/(proj[2][3]*z);
+  gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;
+}
+)";

@@ -1,0 +1,21 @@
+#pragma once
+
+// The GLSL 1.20 sources. A program joins a shared text and its own; the text that stands first
+// holds the version line, and what stands behind it uses its functions.
+
+// "vec3 agecolour(float t)": the colour that an age of t seconds adds; see render/age_colour.h.
+extern const char *const shader_agecolour;
+
+// "vec3 lighting(vec3 nv,vec3 ps)": the light on a surface with unit normal nv at world place ps,
+// by four lights that repeat through all of space and by the user's own.
+extern const char *const shader_lighting;
+
+// Ribbons along edges. gl_Vertex: an end and a corner code 0 to 3; gl_Normal: the axis;
+// gl_MultiTexCoord0: the time of the last crossing and the half-width; gl_Color: the colour.
+extern const char *const shader_edge_vertex;
+extern const char *const shader_edge_fragment;
+
+// Discs on nodes. gl_Vertex: a corner, each -1 or 1; gl_MultiTexCoord0: centre and half-width;
+// gl_Color: the colour, and the time of the last arrival as alpha.
+extern const char *const shader_node_vertex;
+extern const char *const shader_node_fragment;

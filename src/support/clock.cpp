@@ -1,0 +1,73 @@
+#include "support/clock.h"
+
+#include <chrono>
+#include <thread>
+
+namespace {
+
+int64_t steady_nanoseconds() {
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
+}
+
+bool steady_frequency(int32_t *high, uint32_t *low) {
+  *high = 0;
+  *low = 1000000000;
+  return true;
+}
+
+void steady_counter(int32_t *high, uint32_t *low) {
+  const int64_t count = steady_nanoseconds();
+  *high = static_cast<int32_t>(count >> 32);
+  *low = static_cast<uint32_t>(count & 0xFFFFFFFF);
+}
+
+uint32_t steady_ticks() {
+  return static_cast<uint32_t>(steady_nanoseconds() / 1000000);
+}
+
+double seconds_per_count = 0.0;
+
+double whole(int32_t high, uint32_t low) {
+  return high * 4294967296.0 + low;
+}
+
+double read_counter() {
+  int32_t high = 0;
+  uint32_t low = 0;
+  clock_source.counter(&high, &low);
+  return whole(high, low) * seconds_per_count;
+}
+
+double read_ticks() {
+  return clock_source.ticks() * 0.001;
+}
+
+double select_clock() {
+  int32_t high = 0;
+  uint32_t low = 0;
+  if (clock_source.frequency(&high, &low)) {
+    seconds_per_count = 1.0 / whole(high, low);
+    gfx_clock = read_counter;
+  } else {
+    gfx_clock = read_ticks;
+  }
+  return gfx_clock();
+}
+
+} // namespace
+
+ClockSource clock_source = {steady_frequency, steady_counter, steady_ticks};
+double (*gfx_clock)() = select_clock;
+
+void clock_reset() {
+  gfx_clock = select_clock;
+}
+
+uint32_t clock_ticks() {
+  return clock_source.ticks();
+}
+
+void clock_sleep(int32_t milliseconds) {
+  std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}

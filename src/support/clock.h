@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+
+// What a clock is read from. Tests put their own here before the first reading.
+struct ClockSource {
+  bool (*frequency)(int32_t *high,
+                    uint32_t *low);              // counts per second; false if there is no counter
+  void (*counter)(int32_t *high, uint32_t *low); // the running counter
+  uint32_t (*ticks)();                           // milliseconds, wrapping
+};
+extern ClockSource clock_source;
+
+// Seconds from an arbitrary origin; only differences mean anything. Starts at a selector that
+// picks the counter, or the millisecond ticks where there is none, on the first call.
+extern double (*gfx_clock)();
+
+// Points gfx_clock back at the selector, as at program start.
+void clock_reset();
+
+// Milliseconds since some start, wrapping: the seed of the random numbers.
+uint32_t clock_ticks();
+
+// Waits.
+void clock_sleep(int32_t milliseconds);

@@ -1,0 +1,98 @@
+#include "support/list.h"
+
+#include <cassert>
+#include <cstdlib>
+#include <cstring>
+
+uint32_t growlist_initial_capacity = 1;
+
+namespace {
+
+void *new_block(const GrowList *list, uint32_t capacity) {
+  return std::malloc(static_cast<size_t>(capacity) * list->elemsize);
+}
+
+void *row_address(const GrowList *list, uint32_t index) {
+  return static_cast<char *>(list->data) + static_cast<size_t>(index) * list->elemsize;
+}
+
+// Capacity that leaves `count` rows about a quarter of room.
+uint32_t capacity_for(const GrowList *list, double count) {
+  const double capacity = count / (0.005 * list->growth + 0.5);
+  assert(capacity <= UINT32_MAX);
+  return static_cast<uint32_t>(capacity);
+}
+
+void set_data(GrowList *list, void *data, uint32_t capacity) {
+  list->data = data;
+  list->capacity = capacity;
+  if (list->mirror != nullptr) *list->mirror = data;
+}
+
+// Moves the rows in use to a fresh block and returns the old one, which the caller releases.
+void *change_capacity(GrowList *list, uint32_t capacity) {
+  assert(capacity >= list->count);
+  void *old = list->data;
+  void *fresh = new_block(list, capacity);
+  std::memcpy(fresh, old, static_cast<size_t>(list->count) * list->elemsize);
+  set_data(list, fresh, capacity);
+  return old;
+}
+
+void shrink_if_sparse(GrowList *list) {
+  const double used = static_cast<double>(list->count) / list->capacity;
+  if (used >= 0.01 * list->growth || list->capacity <= list->initial) return;
+  const uint32_t capacity = capacity_for(list, list->count);
+  std::free(change_capacity(list, capacity > list->initial ? capacity : list->initial));
+}
+
+} // namespace
+
+void GrowList_init(GrowList *list, uint32_t elemsize) {
+  assert(elemsize > 0);
+  list->mirror = nullptr;
+  list->count = 0;
+  list->initial = growlist_initial_capacity;
+  list->elemsize = elemsize;
+  list->growth = 60.0F;
+  set_data(list, new_block(list, list->initial), list->initial);
+}
+
+uint32_t GrowList_append(GrowList *list, const void *row) {
+  return GrowList_append_many(list, row, 1);
+}
+
+uint32_t GrowList_append_many(GrowList *list, const void *row_block, uint32_t m) {
+  assert(m <= UINT32_MAX - list->count);
+  const uint32_t first = list->count;
+  void *old = nullptr;
+  if (first + m > list->capacity) {
+    old = change_capacity(list, capacity_for(list, static_cast<double>(first) + m));
+  }
+  std::memcpy(row_address(list, first), row_block, static_cast<size_t>(m) * list->elemsize);
+  list->count += m;
+  std::free(old); // only now, since the rows copied may lie in it
+  return first;
+}
+
+void GrowList_remove(GrowList *list, uint32_t index) {
+  assert(list->count > 0);
+  const uint32_t last = list->count - 1;
+  if (index > last) return;
+  if (index != last) {
+    std::memcpy(row_address(list, index), row_address(list, last), list->elemsize);
+  }
+  list->count = last;
+  shrink_if_sparse(list);
+}
+
+void GrowList_clear(GrowList *list) {
+  std::free(list->data);
+  list->count = 0;
+  set_data(list, new_block(list, list->initial), list->initial);
+}
+
+void GrowList_free(GrowList *list) {
+  if (list->mirror != nullptr) *list->mirror = nullptr;
+  std::free(list->data);
+}

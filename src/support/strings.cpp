@@ -1,0 +1,59 @@
+#include "support/strings.h"
+
+#include <cstdlib>
+#include <cstring>
+
+size_t str_dup_into(char **slot, const char *text) {
+  const size_t length = std::strlen(text);
+  *slot = static_cast<char *>(std::malloc(length + 1));
+  std::memcpy(*slot, text, length + 1);
+  return length;
+}
+
+size_t string_assign(char **slot, const char *text) {
+  char *old = *slot;
+  const size_t length = str_dup_into(slot, text);
+  std::free(old); // only now, since the text may be the slot's own
+  return length;
+}
+
+int ascii_lower(int c) {
+  return c >= 'A' && c <= 'Z' ? c + 32 : c;
+}
+
+bool ascii_equal(const char *a, const char *b) {
+  while (*a != '\0' && ascii_lower(*a) == ascii_lower(*b)) {
+    a++;
+    b++;
+  }
+  return ascii_lower(*a) == ascii_lower(*b);
+}
+
+char *file_read_string(FILE *stream) {
+  std::fpos_t start;
+  std::fgetpos(stream, &start);
+  size_t length = 0;
+  int c = std::fgetc(stream);
+  while (c != '\0' && c != EOF) {
+    length++;
+    c = std::fgetc(stream);
+  }
+  if (c == EOF) return nullptr;
+  char *text = static_cast<char *>(std::malloc(length + 1));
+  std::fsetpos(stream, &start);
+  text[std::fread(text, 1, length, stream)] = '\0';
+  std::fgetc(stream);
+  return text;
+}
+
+char *file_read_string_or_null(FILE *stream) {
+  char *text = file_read_string(stream);
+  if (text == nullptr || *text != '\0') return text;
+  std::free(text);
+  return nullptr;
+}
+
+void file_write_string(const char *text, FILE *stream) {
+  const char *shown = text == nullptr ? "" : text;
+  std::fwrite(shown, 1, std::strlen(shown) + 1, stream);
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "maze/maze.h"
+#include "support/list.h"
+#include "support/mat3.h"
+#include "support/vec3.h"
+
+// An autonomous walker on the same graph as the user.
+struct Roamer {
+  double timer;  // seconds to its next step
+  double period; // seconds between steps
+  Pos cur;
+  Pos prev;
+};
+
+// The whole state of a session; there is one, owned by the main program.
+struct World {
+  Maze *root;        // the tree of mazes; owned
+  Pos cur;           // the node that the user is at; never one that holds a submaze
+  Vec3 offset;       // displacement from that node, world units
+  double time;       // session clock, seconds
+  Mat3 view;         // rows: the screen's right, its up, and from the scene to the eye
+  Vec3 camera;       // the eye
+  double zoom;       // distance between the eye and the followed point, world units
+  int32_t showtrail; // whether colours computed on the processor show ages
+  GrowList roamers;  // of Roamer
+};
+
+// Starts a session on a new random maze of the given mode (see World_new_maze), looking down on
+// its first node. What the record held before is not released.
+void World_new(World *world, int32_t mode);
+
+// Replaces the tree by a new random maze and puts the user on its first place; the caller has
+// destroyed the old tree. Clock, view, camera, zoom and Roamers stay. Any `mode` is accepted; there
+// is one kind of maze so far, and every mode makes that one.
+void World_new_maze(World *world, int32_t mode);
+
+// Where a walk through a tree starts: node 0 of its root or, where that holds a submaze, of the
+// first maze below that has a plain node 0. Every maze on the way must have nodes.
+Pos World_first_place(Maze *root);
+
+// Destroys the tree and releases the list of Roamers.
+void World_free(World *world);

@@ -1,0 +1,51 @@
+# Each way of steering changes the picture, and nothing else does.
+. "$(dirname "$0")/lib.sh"
+desktop_start
+vorel_start
+
+shot 0.png
+sleep 0.5
+shot now.png
+[ "$(pixels_changed 0.png now.png)" -eq 0 ] || fail "the picture moves by itself"
+
+number=0
+# expect_change WHAT: the picture has changed since the last look.
+expect_change() {
+  sleep 0.7
+  shot now.png
+  changed=$(pixels_changed $number.png now.png)
+  [ "$changed" -gt 300 ] || fail "$1 changed $changed pixels"
+  number=$((number + 1))
+  mv now.png $number.png
+}
+
+hold 0.4 x
+expect_change "X, zooming out"
+hold 0.4 z
+expect_change "Z, zooming in"
+xdotool mousemove --window "$vorel_window" 200 200
+xdotool click 5
+expect_change "the wheel turned backward"
+xdotool click 4
+expect_change "the wheel turned forward"
+hold 0.3 Control_L Up
+expect_change "Ctrl and Up, tilting"
+hold 0.3 Control_L Right
+expect_change "Ctrl and Right, turning"
+hold 0.2 g
+expect_change "G, the grid"
+hold 0.2 g
+expect_change "G again, no grid"
+
+# The right button turns the view. Its press puts the cursor in the middle of the window.
+eval "$(xdotool getwindowgeometry --shell "$vorel_window")"
+xdotool mousemove --window "$vorel_window" $((WIDTH / 2)) $((HEIGHT / 2))
+xdotool mousedown 3
+sleep 0.2
+for _ in 1 2 3 4 5; do
+  xdotool mousemove_relative 20 0
+  sleep 0.1
+done
+xdotool mouseup 3
+expect_change "the right button, turning"
+quit_cleanly

@@ -1,0 +1,20 @@
+# Q, Escape, the window's close and a polite signal all end the program in the same way.
+. "$(dirname "$0")/lib.sh"
+desktop_start
+
+close_by() {
+  case $1 in
+    q | Escape) hold 0.3 "$1" ;;
+    window) wmctrl -i -c "$vorel_window" ;;
+    signal) kill -TERM "$vorel_job" ;;
+  esac
+}
+
+for way in q Escape window signal; do
+  vorel_start
+  close_by $way
+  vorel_wait_end
+  [ "$vorel_status" -eq 0 ] || fail "status $vorel_status after $way"
+  [ ! -s vorel.out ] || fail "words on the standard output after $way: $(cat vorel.out)"
+  [ ! -s vorel.err ] || fail "words on the standard error after $way"
+done

@@ -1,0 +1,25 @@
+# What the program can't do without is told: the report's words on the standard output, one sentence
+# on the standard error, status 1.
+. "$(dirname "$0")/lib.sh"
+
+# expect_fault WHAT WORDS SENTENCE COMMAND...
+expect_fault() {
+  local what=$1 words=$2 sentence=$3 status=0
+  shift 3
+  timeout 30 "$@" >vorel.out 2>vorel.err || status=$?
+  [ $status -eq 1 ] || fail "$what: status $status"
+  grep -qxF "[FATAL ERROR] $words" vorel.out || fail "$what: the report was $(cat vorel.out)"
+  grep -q "^vorel: .*$sentence" vorel.err || fail "$what: no word of '$sentence'"
+  [ "$(grep -c '^vorel: ' vorel.err)" -eq 1 ] || fail "$what: more than one sentence"
+}
+
+expect_fault "no display" "Window Creation Error." "display" \
+  env -u DISPLAY -u WAYLAND_DISPLAY -u SDL_VIDEODRIVER "$VOREL"
+
+desktop_start
+expect_fault "no such display" "Window Creation Error." "display" env DISPLAY=:987 "$VOREL"
+expect_fault "no OpenGL library" "Can't Create A GL Rendering Context." "OpenGL" \
+  env SDL_OPENGL_LIBRARY=/nonexistent/libGL.so "$VOREL"
+expect_fault "an old OpenGL" \
+  "OpenGL version 2.0 or higher required for shaders; you have version 1.4" "2.0 is needed" \
+  env MESA_GL_VERSION_OVERRIDE=1.4 "$VOREL"

@@ -1,0 +1,32 @@
+# What the end-to-end tests share. Sourced; runs in a clean folder.
+set -euo pipefail
+. "$VOREL_ROOT/scripts/desktop.sh"
+find . -mindepth 1 -delete
+
+fail() {
+  echo "FAILED: $*" >&2
+  [ ! -s vorel.err ] || sed 's/^/  vorel said: /' vorel.err >&2
+  exit 1
+}
+
+# pixels_brighter BEFORE AFTER: how many pixels' red has grown by a fifth or more of the range.
+pixels_brighter() {
+  convert "$2" "$1" -channel R -separate +channel -compose minus_src -composite \
+    -threshold 20% -format '%[fx:round(mean*w*h)]' info:
+}
+
+# pixels_changed BEFORE AFTER: how many pixels differ by more than a twentieth.
+pixels_changed() {
+  convert "$1" "$2" -compose difference -composite -colorspace gray -threshold 5% \
+    -format '%[fx:round(mean*w*h)]' info:
+}
+
+# Ends the program by Q and expects that it had nothing to say.
+quit_cleanly() {
+  hold 0.3 q
+  vorel_wait_end
+  [ "$vorel_status" -eq 0 ] || fail "status $vorel_status after Q"
+  [ ! -s vorel.out ] || fail "words on the standard output: $(cat vorel.out)"
+  [ ! -s vorel.err ] || fail "words on the standard error"
+  [ ! -e shader_error.log ] || fail "a shader failed: $(cat shader_error.log)"
+}

@@ -1,0 +1,38 @@
+# Who may include whom: a folder includes only from itself and from lower floors, the ground floors
+# know no GL, and only the platform files know a window system.
+set -euo pipefail
+cd "$1/src"
+
+declare -A below=(
+  [support]=""
+  [maze]="support"
+  [generate]="support maze"
+  [world]="support maze generate"
+  [gfx]="support maze generate world"
+  [render]="support maze generate world gfx"
+  [app]="support maze generate world gfx render"
+)
+
+faults=0
+fault() {
+  echo "$*" >&2
+  faults=$((faults + 1))
+}
+
+for room in *; do
+  [ -d "$room" ] || continue
+  [ -n "${below[$room]+known}" ] || fault "$room: a folder that the floors don't know"
+  while IFS=: read -r file line included; do
+    case " $room ${below[$room]-} " in
+      *" $included "*) ;;
+      *) fault "src/$file:$line includes from $included/" ;;
+    esac
+  done < <(grep -rnoE '^#include "[a-z_0-9]+/' "$room" | sed -E 's/#include "([a-z_0-9]+)\//\1/')
+done
+
+while read -r line; do fault "src/$line knows GL"; done < <(
+  grep -rnE '#include <(GL|EGL|SDL)|\bgl[A-Z][a-z]+[A-Z0-9]?[a-z]*\(' support maze generate world || true)
+while read -r line; do fault "src/$line knows a window system"; done < <(
+  grep -rnE '_WIN32|windows\.h|SDL' --include='*.cpp' --include='*.h' . | grep -vE '^\./gfx/platform_[a-z0-9]+\.cpp:' || true)
+
+[ "$faults" -eq 0 ] || exit 1

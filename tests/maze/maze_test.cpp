@@ -1,0 +1,151 @@
+#include "maze/maze.h"
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "maze/attachment.h"
+#include "maze/edit.h"
+#include "maze/pos.h"
+#include "scenarios.h"
+#include "support/strings.h"
+
+static std::string gone; // the data of each attachment whose destructor ran
+
+static void log_gone(intptr_t data, Maze *) {
+  gone += std::to_string(data) + " ";
+}
+
+TEST(Attachment, LastRowHidesAndGoesFirst) {
+  gone.clear();
+  Maze *maze = Maze_new();
+  Attachment_add(maze, "lists", 1, log_gone);
+  Attachment_add(maze, "other", 2, nullptr);
+  Attachment_add(maze, "LISTS", 3, log_gone);
+  EXPECT_EQ(Attachment_find(maze, "Lists"), 3);
+  EXPECT_EQ(Attachment_find(maze, "list"), 0);
+  Attachment_drop(maze, "list");
+  EXPECT_EQ(maze->attachments.count, 3U);
+  Attachment_drop(maze, "liSTs");
+  EXPECT_EQ(Attachment_find(maze, "lists"), 1);
+  Attachment_drop(maze, "OTHER");
+  EXPECT_EQ(maze->attachments.count, 1U);
+  Attachment_add(maze, "last", 4, log_gone);
+  Maze_destroy(maze, 0);
+  EXPECT_EQ(gone, "3 4 1 ");
+}
+
+TEST(Attachment, TreeDropTakesEachMazeOnce) {
+  gone.clear();
+  const ThreeLevels t = scenario_three_levels();
+  intptr_t number = 0;
+  for (Maze *maze : {t.root, t.m1, t.m2, t.n2, t.n3}) {
+    Attachment_add(maze, "voronoilist", number++, log_gone);
+    Attachment_add(maze, "keep", 9, log_gone);
+  }
+  Attachment_drop_tree(t.root, "voronoilist");
+  EXPECT_EQ(gone, "0 2 1 4 3 ");
+  gone.clear();
+  Maze_destroy(t.root, 1);
+  EXPECT_EQ(gone, "9 9 9 9 9 ");
+}
+
+TEST(Maze, CopyKeepsFieldsAndDropsCaches) {
+  Maze *source = scenario_path(9), *below = scenario_path(2);
+  scenario_hold(source, 8, below);
+  str_dup_into(&source->name, "1.01");
+  str_dup_into(&below->name, "1.01.01");
+  source->visited = 3;
+  source->bordermask = 0x81;
+  source->halfwidth = 0.125;
+  void *slot = source->nodes.data;
+  source->nodes.mirror = &slot;
+  Attachment_add(source, "lists", 1, nullptr);
+  Maze *shallow = Maze_copy(source, 0), *deep = Maze_copy(source, 1);
+  for (const Maze *copy : {shallow, deep}) {
+    EXPECT_EQ(copy->visited, 3);
+    EXPECT_EQ(copy->bordermask, 0x81U);
+    EXPECT_EQ(copy->halfwidth, 0.125);
+    EXPECT_STREQ(copy->name, "1.01");
+    EXPECT_EQ(copy->nodes.capacity, source->nodes.capacity);
+    EXPECT_EQ(copy->nodes.initial, source->nodes.initial);
+    EXPECT_EQ(copy->nodes.mirror, nullptr);
+    EXPECT_EQ(copy->attachments.count, 0U);
+    EXPECT_EQ(maze_nodes(copy)[3].nbr[1], 4);
+    EXPECT_GT(copy->serial, source->serial);
+  }
+  EXPECT_EQ(maze_nodes(shallow)[8].submaze, below);
+  Maze_destroy(shallow, 0);
+  EXPECT_EQ(scenario_fault(source), nullptr); // what was shared still stands
+  Maze_destroy(source, 1);
+  EXPECT_EQ(slot, nullptr);
+  EXPECT_EQ(scenario_fault(deep), nullptr);
+  EXPECT_STREQ(maze_nodes(deep)[8].submaze->name, "1.01.01");
+  Maze_destroy(deep, 1);
+}
+
+TEST(Maze, MergedHoldsBothSidesApart) {
+  const ThreeLevels a = scenario_three_levels(), b = scenario_three_levels();
+  uint32_t colour = 1;
+  scenario_paint(b.root, &colour);
+  Maze *merged = Maze_merged(a.root, b.root);
+  Maze_destroy(a.root, 1);
+  ASSERT_EQ(maze_count(merged), 8);
+  ASSERT_EQ(scenario_fault(merged), nullptr);
+  EXPECT_EQ(maze_nodes(merged)[3].degree, 1U);
+  EXPECT_EQ(maze_nodes(merged)[4].nbr[0], 5);
+  EXPECT_EQ(maze_nodes(merged)[4].edge[0].colour, maze_nodes(b.root)[0].edge[0].colour);
+  EXPECT_NE(maze_nodes(merged)[5].submaze, b.m1);
+  EXPECT_TRUE(Pos_equal(Pos_submaze_enter(merged, 7, 6), {maze_nodes(merged)[6].submaze, 1}));
+  Maze_destroy(b.root, 1);
+  EXPECT_EQ(scenario_fault(merged), nullptr);
+  Maze_destroy(merged, 1);
+}
+
+TEST(Maze, ThousandLevels) {
+  gone.clear();
+  Maze *root = scenario_path(2);
+  Maze *last = root;
+  for (int32_t level = 1; level < 1000; level++) {
+    scenario_hold(last, 1, scenario_path(2));
+    last = maze_nodes(last)[1].submaze;
+  }
+  Maze *copy = Maze_merged(root, root);
+  Maze_destroy(root, 1);
+  EXPECT_EQ(scenario_fault(copy), nullptr);
+  int32_t levels = 0;
+  for (Maze *maze = copy; maze; maze = maze_nodes(maze)[1].submaze, levels++)
+    Attachment_add(maze, "lists", levels % 10, log_gone);
+  EXPECT_EQ(levels, 1000);
+  Attachment_drop_tree(copy, "lists");
+  EXPECT_EQ(gone.size(), 2000U);
+  Maze_destroy(copy, 1);
+}
+
+TEST(Maze, DumpTellsFaults) {
+  const std::string path = testing::TempDir() + "maze_dump_test.txt";
+  std::remove(path.c_str());
+  Maze *maze = scenario_path(3);
+  EXPECT_EQ(Maze_dump(maze, path.c_str(), "sound"), 0);
+  MazeNode_append_row(&maze_nodes(maze)[0], 0);
+  EXPECT_EQ(Maze_dump(maze, path.c_str(), "loop"), 1);
+  MazeNode_append_row(&maze_nodes(maze)[2], 1);
+  EXPECT_EQ(Maze_dump(maze, path.c_str(), "both"), 2);
+  std::stringstream text;
+  text << std::ifstream(path).rdbuf();
+  EXPECT_EQ(text.str(), "---------- sound\n3 nodes\nNode 0 is joined to 1\n"
+                        "Node 1 is joined to 0 2\nNode 2 is joined to 1\n"
+                        "---------- loop\n3 nodes\nNode 0 is joined to 1 0\n"
+                        "ERROR: node 0 is joined to itself\n"
+                        "Node 1 is joined to 0 2\nNode 2 is joined to 1\n"
+                        "---------- both\n3 nodes\nNode 0 is joined to 1 0\n"
+                        "ERROR: node 0 is joined to itself\n"
+                        "Node 1 is joined to 0 2\nNode 2 is joined to 1 1\n"
+                        "ERROR: node 2 is joined to 1 twice\n");
+  EXPECT_EQ(Maze_dump(maze, (testing::TempDir() + "no/such/folder").c_str(), "lost"), -1);
+  std::remove(path.c_str());
+  Maze_destroy(maze, 1);
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "maze/maze.h"
+#include "world/world.h"
+
+// Pictures of the real drawing code in a context without a display, and their pixels. The size is
+// always 640 by 480, so the default perspective shows `20 pixels a unit` at a distance of 16.
+
+constexpr int picture_width = 640;
+constexpr int picture_height = 480;
+
+struct Picture {
+  std::vector<uint8_t> bgra; // top row first
+  std::vector<float> depth;  // window depth, top row first
+};
+
+// Opens the window and context on the first call, and in any case gives a cleared frame, a fresh
+// projection and an identity modelview.
+void picture_begin();
+
+// What has been drawn so far.
+Picture picture_take();
+
+// The 0xRRGGBB colour and the window depth at a pixel counted from the top left.
+uint32_t picture_colour(const Picture &picture, int x, int y);
+float picture_depth(const Picture &picture, int x, int y);
+
+// The eye's z, in world units (negative in front), that a window depth means in the near slab.
+double picture_eye_z(float depth);
+
+// Largest difference of a channel between two colours.
+int colour_distance(uint32_t a, uint32_t b);
+
+// A world that looks straight down on (0, 0) from the height 16; time 100. Roamers are empty and
+// not allocated.
+World world_from_above(Maze *root, Pos cur);
+
+// The pixel of a point in the plane z = 0 seen by world_from_above.
+int pixel_x(double x);
+int pixel_y(double y);

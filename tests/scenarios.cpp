@@ -1,0 +1,130 @@
+#include "scenarios.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "maze/edit.h"
+#include "maze/pos.h"
+#include "support/random.h"
+
+static void add_node(Maze *maze, Vec3 p) {
+  MazeNode node{};
+  MazeNode_init(&node, p.x, p.y, p.z);
+  GrowList_append(&maze->nodes, &node);
+}
+
+Maze *scenario_path(int32_t count) {
+  Maze *maze = Maze_new();
+  for (int32_t i = 0; i < count; i++) {
+    add_node(maze, {static_cast<double>(i), 0.0, 0.0});
+    if (i > 0) Maze_join(maze, i - 1, i);
+  }
+  return maze;
+}
+
+Maze *scenario_grid(int32_t width, int32_t height, double spacing, Vec3 centre) {
+  Maze *maze = Maze_new();
+  for (int32_t i = 0; i < width * height; i++) {
+    const int32_t column = i % width, row = i / width;
+    add_node(maze,
+             centre + Vec3{column - 0.5 * (width - 1), row - 0.5 * (height - 1), 0} * spacing);
+    if (column > 0) Maze_join(maze, i - 1, i);
+    if (row > 0) Maze_join(maze, i - width, i);
+  }
+  return maze;
+}
+
+Maze *scenario_random(int32_t count, int32_t edges) {
+  Maze *maze = Maze_new();
+  const double side = std::cbrt(count);
+  for (int32_t i = 0; i < count; i++) {
+    const double x = rand_real(side), y = rand_real(side), z = rand_real(side);
+    add_node(maze, {x, y, z});
+    maze_nodes(maze)[i].self.colour = static_cast<uint32_t>(i);
+  }
+  for (int32_t i = 0; i < edges; i++) {
+    const int32_t a = rand_int(count), b = rand_int(count);
+    if (a != b && MazeNode_row(maze_nodes(maze)[a], b) < 0) Maze_join(maze, a, b);
+  }
+  return maze;
+}
+
+void scenario_hold(Maze *maze, int32_t node, Maze *below) {
+  maze_nodes(maze)[node].submaze = below;
+  below->parent = maze;
+  below->parentnode = node;
+}
+
+void scenario_paint(Maze *maze, uint32_t *next_colour) {
+  for (int32_t i = 0; i < maze_count(maze); i++) {
+    MazeNode &node = maze_nodes(maze)[i];
+    for (uint32_t r = 0; r < node.degree; r++) {
+      MazeNode &other = maze_nodes(maze)[node.nbr[r]];
+      if (node.nbr[r] < i) continue;
+      node.edge[r].colour = other.edge[MazeNode_row(other, i)].colour = (*next_colour)++;
+    }
+    if (node.submaze) scenario_paint(node.submaze, next_colour);
+  }
+}
+
+ThreeLevels scenario_three_levels() {
+  ThreeLevels t = {scenario_path(4), scenario_path(4), scenario_path(2), scenario_path(3),
+                   scenario_path(2)};
+  // The doors come first, so the middle of m1's row is 2 and 3.
+  Maze_swap_nodes(t.m1, 1, 2);
+  Maze_swap_nodes(t.m1, 1, 3);
+  scenario_hold(t.root, 1, t.m1);
+  scenario_hold(t.root, 2, t.m2);
+  scenario_hold(t.m1, 2, t.n2);
+  scenario_hold(t.m1, 3, t.n3);
+  return t;
+}
+
+static void nest_into(Maze *maze, int32_t depth, double spacing) {
+  if (depth < 2) return;
+  for (const int32_t i : {5, 6, 10}) { // no doors: those lie on the rim
+    Maze *below = scenario_grid(4, 4, spacing / 6, node_position(maze_nodes(maze)[i]));
+    scenario_hold(maze, i, below);
+    Maze_align_doors(below);
+    nest_into(below, depth - 1, spacing / 6);
+  }
+}
+
+Maze *scenario_nested(int32_t depth) {
+  Maze *maze = scenario_grid(4, 4, 1.0, {});
+  nest_into(maze, depth, 1.0);
+  return maze;
+}
+
+static const char *edge_fault(const Maze *maze, int32_t i, uint32_t r, bool doubled) {
+  const MazeNode &node = maze_nodes(maze)[i];
+  const int32_t to = node.nbr[r];
+  if (to < 0 || to >= maze_count(maze)) return "row out of range";
+  if (to == i) return "joined to itself";
+  const MazeNode &other = maze_nodes(maze)[to];
+  const auto there = std::count(node.nbr, node.nbr + node.degree, to);
+  if (there != std::count(other.nbr, other.nbr + other.degree, i)) return "not symmetric";
+  if (there > 1 && !doubled) return "joined twice";
+  const MazeEdge &back = other.edge[MazeNode_row(other, i)];
+  const MazeEdge &edge = node.edge[r];
+  if (edge.colour != back.colour || edge.usertime != back.usertime) return "halves differ";
+  return nullptr;
+}
+
+const char *scenario_fault(const Maze *maze, bool doubled) {
+  for (int32_t i = 0; i < maze_count(maze); i++) {
+    const MazeNode &node = maze_nodes(maze)[i];
+    const char *fault = node.degree > MAZE_MAX_DEGREE ? "degree" : nullptr;
+    for (uint32_t r = 0; r < node.degree && !fault; r++)
+      fault = edge_fault(maze, i, r, doubled);
+    if (const Maze *below = node.submaze; below && !fault) {
+      if (below->parent != maze || below->parentnode != i) return "wrong way up";
+      if (below->nodes.count < node.degree) return "too few doors";
+      for (uint32_t r = 0; r < node.degree; r++)
+        if (maze_nodes(below)[r].submaze) return "a container as a door";
+      fault = scenario_fault(below, doubled);
+    }
+    if (fault) return fault;
+  }
+  return nullptr;
+}

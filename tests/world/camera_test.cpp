@@ -1,0 +1,55 @@
+#include "world/camera.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+#include "scenarios.h"
+#include "support/random.h"
+#include "world/small_world.h"
+
+namespace {
+
+using std::numbers::pi;
+
+TEST(Camera, TurningKeepsTheTargetAndThePitchInRange) {
+  SmallWorld world(scenario_path(2));
+  world.camera = {1, 2, 3};
+  const Vec3 target = world.camera - Vec3{0, 0, world.zoom};
+  double yaw = 0, pitch = 0;
+  rand_seed(3);
+  for (int32_t i = 0; i < 300; ++i) {
+    yaw += rand_real(4) - 2;
+    pitch += rand_real(4) - 2;
+    const double wanted = pitch;
+    World_turn_view(&world, yaw, &pitch);
+    EXPECT_EQ(pitch, wanted > 0 ? 0 : wanted < -pi ? -pi : wanted);
+    const Vec3 stick = {std::sin(pitch) * std::sin(yaw), std::sin(pitch) * std::cos(yaw),
+                        std::cos(pitch)};
+    EXPECT_LT(length(Mat3_row(world.view, 2) - stick), 1e-12);
+    EXPECT_LT(length(world.camera - world.zoom * stick - target), 1e-10);
+    // The screen's right stays level.
+    EXPECT_LT(length(Mat3_row(world.view, 0) - Vec3{std::cos(yaw), -std::sin(yaw), 0}), 1e-12);
+    EXPECT_NEAR(Mat3_determinant(world.view), 1.0, 1e-12);
+  }
+}
+
+TEST(Camera, ChasesByTheFrameTimeAndLandsWithinATenthOfASecond) {
+  SmallWorld world(scenario_path(2));
+  world.offset = {0.3, 0, 0};
+  const Vec3 ideal = {0.3, 0, 20}, start = {1e6 / 3, -7.1, 33.3};
+  for (const double dt : {0.0, 1.0 / 240, 1.0 / 60, 0.05, 0.2, 3.0}) {
+    world.camera = start;
+    World_chase(&world, dt);
+    const double left = dt < 0.1 ? 1 - 10 * dt : 0;
+    EXPECT_LE(length(world.camera - ideal - left * (start - ideal)), dt < 0.1 ? 1e-9 : 0.0);
+  }
+  for (const double bad : {std::nan(""), HUGE_VAL}) {
+    world.camera = {0, bad, 0};
+    World_chase(&world, 1.0 / 60);
+    EXPECT_EQ(length(world.camera - ideal), 0.0);
+  }
+}
+
+} // namespace

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "world/world.h"
+
+// A session at node 0 of the tree, looking down; it owns the tree.
+struct SmallWorld : World {
+  explicit SmallWorld(Maze *tree) : World{} {
+    root = tree;
+    cur = {tree, 0};
+    view = mat3_identity;
+    zoom = 20;
+    GrowList_init(&roamers, sizeof(Roamer));
+  }
+  SmallWorld(const SmallWorld &) = delete;
+  SmallWorld &operator=(const SmallWorld &) = delete;
+  ~SmallWorld() { World_free(this); }
+};

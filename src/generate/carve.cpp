@@ -1,5 +1,6 @@
 #include "generate/carve.h"
 
+#include <cstddef>
 #include <utility>
 #include <vector>
 

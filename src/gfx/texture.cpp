@@ -2,7 +2,7 @@
 
 #include <cassert>
 #include <cstddef>
-#include <cstdlib>
+#include <vector>
 
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
@@ -55,6 +55,17 @@ int32_t internal_format(int32_t components, uint32_t format) {
   return textures_keep_component_count != 0 ? components : static_cast<int32_t>(format);
 }
 
+// Levels 1 and up of the picture in `bytes`.
+void upload_levels(uint32_t target, int32_t internal, uint32_t format, Picture picture,
+                   uint8_t *bytes) {
+  for (int32_t level = 1; picture.width > 1 || picture.height > 1; level++) {
+    picture = halve(picture, bytes);
+    glGetError();
+    glTexImage2D(target, level, internal, picture.width, picture.height, 0, format,
+                 GL_UNSIGNED_BYTE, bytes);
+  }
+}
+
 // The components that a read-back is made with. Sized formats all count as RGB.
 int32_t components_of(int32_t format) {
   if (format >= 1 && format <= 4) return format;
@@ -77,17 +88,16 @@ int32_t level_parameter(uint32_t name) {
   return value;
 }
 
+// All levels need the internal format of level 0, or the card takes the texture for incomplete.
 void mipmaps_from_read_back(uint32_t target) {
-  int32_t width = level_parameter(GL_TEXTURE_WIDTH);
-  int32_t height = level_parameter(GL_TEXTURE_HEIGHT);
-  int32_t components = components_of(level_parameter(GL_TEXTURE_INTERNAL_FORMAT));
+  int32_t internal = level_parameter(GL_TEXTURE_INTERNAL_FORMAT);
+  int32_t components = components_of(internal);
   uint32_t format = texture_format(components);
-  Picture picture = picture_of(width, height, static_cast<size_t>(components));
-  void *pixels = std::malloc(picture.row * static_cast<size_t>(height) + 1);
-  if (pixels == nullptr) return;
-  glGetTexImage(GL_TEXTURE_2D, 0, format, GL_UNSIGNED_BYTE, pixels);
-  texture_build_mipmaps(target, components, format, width, height, pixels);
-  std::free(pixels);
+  Picture picture = picture_of(level_parameter(GL_TEXTURE_WIDTH),
+                               level_parameter(GL_TEXTURE_HEIGHT), static_cast<size_t>(components));
+  std::vector<uint8_t> bytes(picture.row * static_cast<size_t>(picture.height));
+  glGetTexImage(GL_TEXTURE_2D, 0, format, GL_UNSIGNED_BYTE, bytes.data());
+  upload_levels(target, internal, format, picture, bytes.data());
 }
 
 } // namespace
@@ -108,13 +118,9 @@ void texture_upload(uint32_t target, int32_t components, int32_t width, int32_t 
 
 void texture_build_mipmaps(uint32_t target, int32_t components, uint32_t format, int32_t width,
                            int32_t height, void *pixels) {
-  Picture picture = picture_of(width, height, static_cast<size_t>(components));
-  for (int32_t level = 1; picture.width > 1 || picture.height > 1; level++) {
-    picture = halve(picture, static_cast<uint8_t *>(pixels));
-    glGetError();
-    glTexImage2D(target, level, internal_format(components, format), picture.width, picture.height,
-                 0, format, GL_UNSIGNED_BYTE, pixels);
-  }
+  upload_levels(target, internal_format(components, format), format,
+                picture_of(width, height, static_cast<size_t>(components)),
+                static_cast<uint8_t *>(pixels));
 }
 
 void texture_generate_mipmaps(uint32_t target) {

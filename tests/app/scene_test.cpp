@@ -1,0 +1,50 @@
+#include "app/scene.h"
+
+#include <gtest/gtest.h>
+
+#include "generate/paint.h"
+#include "gfx/gl.h"
+#include "maze/edit.h"
+#include "picture.h"
+#include "render/apply_view.h"
+
+namespace {
+
+TEST(Scene, BothSlabsAreDrawnAndTheNearOneCoversTheFar) {
+  // A far and wide road along y, and in an unjoined node of its maze a near road along x.
+  constexpr double far_z = -50000.0;
+  Maze *root = Maze_new();
+  Maze *near = Maze_new();
+  MazeNode node = {};
+  for (const Vec3 place : {Vec3{0, -20000, far_z}, Vec3{0, 20000, far_z}, Vec3{0, 0, 0}}) {
+    MazeNode_init(&node, place.x, place.y, place.z);
+    GrowList_append(&root->nodes, &node);
+  }
+  for (const double x : {-6.0, 6.0}) {
+    MazeNode_init(&node, x, 0, 0);
+    GrowList_append(&near->nodes, &node);
+  }
+  Maze_join(root, 0, 1);
+  Maze_join(near, 0, 1);
+  Maze_paint(root, 0x4040C0, 0);
+  root->halfwidth = 800.0;
+  maze_nodes(root)[2].submaze = near;
+  near->parent = root;
+  near->parentnode = 2;
+  World world = world_from_above(root, {near, 0});
+  picture_begin();
+  World_apply_view(&world);
+  stereo_scene(&world);
+  const Picture picture = picture_take();
+  const auto colour_at = [&](int x, int y) { return picture_colour(picture, 320 + x, 240 + y); };
+  EXPECT_LE(colour_distance(colour_at(0, 0), 0x404040), 2) << "the near road's core is in front";
+  EXPECT_LE(colour_distance(colour_at(0, 60), 0x000080), 2) << "the far road's core";
+  EXPECT_LE(colour_distance(colour_at(20, 60), 0), 2);
+  EXPECT_EQ(picture_depth(picture, 320, 240), 1.0F) << "overlays stand on a clean depth buffer";
+  float projection[16];
+  glGetFloatv(GL_PROJECTION_MATRIX, projection);
+  EXPECT_NEAR(projection[14], -0.20001997, 1e-7);
+  Maze_destroy(root, 1);
+}
+
+} // namespace

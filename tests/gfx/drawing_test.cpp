@@ -1,0 +1,230 @@
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "gfx/gl.h"
+#include "gfx/gl_util.h"
+#include "gfx/input.h"
+#include "gfx/platform.h"
+#include "gfx/texture.h"
+#include "gfx/window.h"
+
+// The real window system, on its driver without a display.
+
+namespace {
+
+constexpr int width = 200;
+constexpr int height = 152;
+using Bytes = std::vector<uint8_t>;
+
+class Drawing : public testing::Test {
+protected:
+  void SetUp() override {
+    windowed = 1;
+    projection_is_2d = 0;
+    if (!gfx_context_alive()) {
+      ASSERT_EQ(gfx_open(width, height, "test"), 1);
+    }
+    gfx_resize(width, height);
+    gfx_swap(0);
+  }
+  void TearDown() override { EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR}); }
+};
+
+// 0xRRGGBB at a pixel counted from the top left.
+uint32_t pixel(int x, int y) {
+  std::array<uint8_t, 4> rgba = {};
+  glReadPixels(x, height - 1 - y, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, rgba.data());
+  return static_cast<uint32_t>(rgba[0] << 16 | rgba[1] << 8 | rgba[2]);
+}
+
+void fill(int x, int y, int w, int h, uint32_t colour) {
+  glColor3ub(uint8_t(colour >> 16), uint8_t(colour >> 8), uint8_t(colour));
+  glRecti(x, y, x + w, y + h);
+}
+
+TEST_F(Drawing, ContextIsOfTheCompatibilityProfileWithDepth) {
+  int32_t bits = 0;
+  glGetIntegerv(GL_DEPTH_BITS, &bits);
+  EXPECT_TRUE(gl_version() >= 2.0 && bits >= 24);
+  EXPECT_NE(glGenLists(1), 0u); // core has no display lists
+  std::string all = reinterpret_cast<const char *>(glGetString(GL_EXTENSIONS));
+  std::string first = all.substr(0, all.find(' '));
+  int32_t answer = -1;
+  EXPECT_TRUE(gl_has_extension(&answer, first.c_str()));
+  EXPECT_TRUE(gl_has_extension(&answer, "no such thing")); // not searched again
+  answer = -1;
+  EXPECT_FALSE(gl_has_extension(&answer, first.substr(0, first.size() - 1).c_str()));
+}
+
+TEST_F(Drawing, SwapClearsToTheColourGivenAndResetForgetsIt) {
+  glTranslatef(1, 2, 3);
+  gfx_swap(0x336699);
+  EXPECT_EQ(pixel(width - 1, height - 1), 0x336699u);
+  EXPECT_NEAR(gfx_units_per_pixel(), 2.0 / width, 1e-6); // so the translation is gone
+  glClearColor(1, 0, 0, 0);
+  gfx_swap(0x336699); // the colour is as remembered, so nothing sets it
+  EXPECT_EQ(pixel(0, 0), 0xFF0000u);
+  gfx_reset_state();
+  EXPECT_EQ(pixel(0, 0), 0u);
+  gfx_swap(0x336699);
+  EXPECT_EQ(pixel(0, 0), 0x336699u);
+}
+
+// Pixels are those of the window, wherever the viewport is.
+TEST_F(Drawing, PixelSpaceCountsFromTheTopLeft) {
+  const int viewports[][4] = {
+      {0, 0, width, height}, {100, 0, 100, height}, {0, 76, width, 76}, {40, 16, 90, 100}};
+  for (const auto &v : viewports) {
+    gfx_swap(0);
+    glViewport(v[0], v[1], v[2], v[3]);
+    gfx_push_2d();
+    fill(110, 50, 3, 2, 0x00FF00);
+    gfx_pop_2d();
+    for (int y = 48; y < 54; y++)
+      for (int x = 108; x < 115; x++) {
+        bool inside = x >= 110 && x < 113 && y >= 50 && y < 52;
+        EXPECT_EQ(pixel(x, y), inside ? 0x00FF00u : 0u) << x << " " << y << " in " << v[0];
+      }
+  }
+}
+
+TEST_F(Drawing, FieldOfViewFollowsTheFrame) {
+  gfx_resize(1600, 900);
+  EXPECT_NEAR(gfx_fov(), 2 * std::atan(4.0 / 3) * 180 / M_PI, 1e-4);
+  for (auto [w, h] : {std::pair{1600, 900}, {640, 480}, {500, 900}, {0, 0}}) {
+    gfx_resize(w, h);
+    EXPECT_NEAR(gfx_fov_43(), 90, 1e-4) << w << "x" << h;
+  }
+}
+
+TEST_F(Drawing, PointsAreProjectedAsByHand) {
+  glTranslated(0.3, -0.2, -4);
+  glRotated(30, 0, 0, 1);
+  double projection[16];
+  double modelview[16];
+  glGetDoublev(GL_PROJECTION_MATRIX, projection);
+  glGetDoublev(GL_MODELVIEW_MATRIX, modelview);
+  const int32_t viewport[4] = {10, 20, width, height};
+  double x = 0;
+  double y = 0;
+  gfx_project(1.2, 0.7, 0, &x, &y, projection, modelview, viewport);
+  double eye_x = 1.2 * std::cos(M_PI / 6) - 0.7 * std::sin(M_PI / 6) + 0.3;
+  double eye_y = 1.2 * std::sin(M_PI / 6) + 0.7 * std::cos(M_PI / 6) - 0.2;
+  double scale = width / 2.0; // pixels at a distance of 1: the frame is not wider than 4:3
+  EXPECT_NEAR(x, 10 + width / 2.0 + scale * eye_x / 4, 1e-3);
+  EXPECT_NEAR(y, 20 + height / 2.0 - scale * eye_y / 4, 1e-3);
+}
+
+Bytes level_pixels(int level, uint32_t format, size_t size) {
+  Bytes pixels(size);
+  glGetTexImage(GL_TEXTURE_2D, level, format, GL_UNSIGNED_BYTE, pixels.data());
+  return pixels;
+}
+
+// By the driver and by the read-back: the picture with its last row first, and mip levels that the
+// card accepts and draws with.
+TEST_F(Drawing, CaptureTakesWhatStandsThere) {
+  for (int32_t driver : {1, 0}) {
+    has_generate_mipmap = driver;
+    gfx_swap(0);
+    gfx_push_2d();
+    fill(64, 20, 16, 16, 0xFF0000);
+    fill(80, 20, 16, 16, 0x00FF00);
+    fill(64, 36, 16, 16, 0x0000FF);
+    fill(80, 36, 16, 16, 0xFFFFFF);
+    uint32_t name = texture_capture(64, 20, 32, 32, 0);
+    Bytes level0 = level_pixels(0, GL_RGB, 32 * 32 * 3);
+    EXPECT_EQ(Bytes(level0.begin(), level0.begin() + 3), (Bytes{0, 0, 255}));
+    EXPECT_EQ(Bytes(level0.end() - 3, level0.end()), (Bytes{0, 255, 0}));
+    texture_max_anisotropy();
+    glEnable(GL_TEXTURE_2D);
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
+    glBegin(GL_QUADS); // one pixel shows the whole texture, so its smallest level
+    for (int corner : {0, 1, 3, 2}) {
+      glTexCoord2i(corner & 1, corner >> 1);
+      glVertex2i(10 + (corner & 1), 100 + (corner >> 1));
+    }
+    glEnd();
+    glDisable(GL_TEXTURE_2D);
+    gfx_pop_2d();
+    for (uint32_t shift : {0, 8, 16})
+      EXPECT_NEAR(pixel(10, 100) >> shift & 0xFF, 128, 3) << "driver " << driver;
+    glDeleteTextures(1, &name);
+  }
+  has_generate_mipmap = -1;
+}
+
+// Each texel of level 1 is the rounded mean of four; each later level goes on from the one before.
+TEST_F(Drawing, UploadMakesBoxFilteredLevels) {
+  std::mt19937 random(11);
+  for (int32_t components = 1; components <= 4; components++) {
+    textures_keep_component_count = components % 2;
+    size_t count = static_cast<size_t>(components);
+    size_t row = 16 * count; // rows of 16 pixels need no padding
+    Bytes above(row * 8);
+    for (uint8_t &byte : above)
+      byte = static_cast<uint8_t>(random());
+    Bytes given = above;
+    texture_upload(GL_TEXTURE_2D, components, 16, 8, given.data());
+    for (size_t level = 1; level <= 3; level++) {
+      size_t half_row = ((16u >> level) * count + 3) / 4 * 4;
+      Bytes got = level_pixels(static_cast<int>(level), texture_format(components),
+                               half_row * (8u >> level));
+      for (size_t y = 0; y < 8u >> level; y++)
+        for (size_t x = 0; x < (16u >> level) * count; x++) {
+          size_t at = 2 * y * row + x / count * 2 * count + x % count;
+          double sum = above[at] + above[at + count] + above[at + row] + above[at + row + count];
+          ASSERT_EQ(got[y * half_row + x], std::floor(sum / 4 + 0.5)) << components << " " << level;
+        }
+      above = got;
+      row = half_row;
+    }
+    int32_t last_width = 0; // 16 x 8, 8 x 4, 4 x 2, 2 x 1, 1 x 1
+    glGetTexLevelParameteriv(GL_TEXTURE_2D, 4, GL_TEXTURE_WIDTH, &last_width);
+    EXPECT_EQ(last_width, 1);
+  }
+  textures_keep_component_count = 0;
+}
+
+// Odd and one-wide sizes stay inside their bytes; a picture of one colour stays that colour.
+TEST_F(Drawing, OddSizesStayInsideTheBuffer) {
+  for (int32_t components : {1, 3})
+    for (auto [w, h] : {std::pair{1, 1}, {7, 5}, {1, 9}, {9, 1}, {3, 64}, {64, 1}}) {
+      size_t row = static_cast<size_t>(w * components + 3) / 4 * 4;
+      Bytes pixels(row * static_cast<size_t>(h), 200);
+      texture_upload(GL_TEXTURE_2D, components, w, h, pixels.data());
+      EXPECT_EQ(pixels[0], 200) << w << "x" << h;
+    }
+}
+
+// No driver without a display can move the cursor: the mouse's own motion stands in.
+TEST_F(Drawing, MouseDoesNotDriftWithoutACursor) {
+  for (int frame = 0; frame < 3; frame++) {
+    int32_t dx = 1;
+    int32_t dy = 1;
+    gfx_mouse_recentre(&dx, &dy);
+    EXPECT_TRUE(dx == 0 && dy == 0 && gfx_pump() == 0);
+  }
+  platform_show_cursor(true);
+}
+
+// Last: the context is gone afterwards.
+TEST(DrawingEnd, CloseIsSafeToRepeatAndPumpsGoOn) {
+  windowed = 1;
+  if (!gfx_context_alive()) {
+    ASSERT_EQ(gfx_open(width, height, "test"), 1);
+  }
+  gfx_close();
+  gfx_close();
+  EXPECT_FALSE(gfx_context_alive());
+  EXPECT_EQ(gfx_pump(), 0u);
+}
+
+} // namespace

@@ -12,9 +12,9 @@ desktop_start() {
   desktop_wait "a virtual display" test -s "$number_file"
   DISPLAY=:$(cat "$number_file")
   export DISPLAY
-  unset WAYLAND_DISPLAY
+  unset WAYLAND_DISPLAY SDL_VIDEODRIVER
   rm -f "$number_file"
-  openbox 2>/dev/null &
+  openbox >/dev/null 2>&1 &
   desktop_jobs="$desktop_jobs $!"
   desktop_wait "a window manager" sh -c 'wmctrl -m >/dev/null 2>&1'
 }

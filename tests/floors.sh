@@ -27,7 +27,7 @@ for room in *; do
       *" $included "*) ;;
       *) fault "src/$file:$line includes from $included/" ;;
     esac
-  done < <(grep -rnoE '^#include "[a-z_0-9]+/' "$room" | sed -E 's/#include "([a-z_0-9]+)\//\1/')
+  done < <(grep -rnE '^ *# *include *"' "$room" | sed -E 's/ *# *include *"([^"\/]*).*/\1/')
 done
 
 while read -r line; do fault "src/$line knows GL"; done < <(

@@ -7,7 +7,7 @@
 #include "world/world.h"
 
 // Pictures of the real drawing code in a context without a display, and their pixels. The size is
-// always 640 by 480, so the default perspective shows `20 pixels a unit` at a distance of 16.
+// always 640 by 480, so the default perspective shows 20 pixels a unit at a distance of 16.
 
 constexpr int picture_width = 640;
 constexpr int picture_height = 480;
@@ -28,7 +28,7 @@ Picture picture_take();
 uint32_t picture_colour(const Picture &picture, int x, int y);
 float picture_depth(const Picture &picture, int x, int y);
 
-// The eye's z, in world units (negative in front), that a window depth means in the near slab.
+// The eye's z, in world units (negative in front), that a window depth means under the default perspective.
 double picture_eye_z(float depth);
 
 // Largest difference of a channel between two colours.

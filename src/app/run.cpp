@@ -51,7 +51,7 @@ bool run_start(Run *run) {
   if (windowed == 0) gfx_mouse_recentre(nullptr, nullptr);
   run->last_clock = gfx_clock();
   if (screen_width == 0) {
-    report_fatal("Vorel", 92,
+    report_fatal("Vorel", 92, // the report's fixed number
                  "GRAPHICS() macro not called at LOOP start, or no resolution specified");
   }
   gfx_pump();

@@ -16,11 +16,9 @@ constexpr double turn_key_rate = 2.0;      // radians per second
 constexpr double turn_mouse_screen = 10.0; // radians for a screen's width
 constexpr double move_key_zooms = 2.0;     // zoom distances per second
 
-// 1, 0 or -1 by which of two opposite directions is held; each has up to two keys.
-double direction(int32_t plus, int32_t plus_too, int32_t minus, int32_t minus_too) {
-  const int forward = key_down(plus) || key_down(plus_too) ? 1 : 0;
-  const int backward = key_down(minus) || key_down(minus_too) ? 1 : 0;
-  return forward - backward;
+// 1, 0 or -1 by which of two opposite directions is held.
+double direction(bool forward, bool backward) {
+  return (forward ? 1 : 0) - (backward ? 1 : 0);
 }
 
 } // namespace
@@ -49,7 +47,7 @@ void view_mouse_step(int32_t *dx, int32_t *dy) {
 }
 
 void view_mouse_steer(ViewControl *control, double zoom, int32_t dx, int32_t dy) {
-  const double width = std::max(screen_width, 1); // both are 0 or 1 while minimised
+  const double width = std::max(screen_width, 1); // 0 while minimised
   const double height = std::max(screen_height, 1);
   control->mx = 0;
   control->my = 0;
@@ -65,11 +63,13 @@ void view_mouse_steer(ViewControl *control, double zoom, int32_t dx, int32_t dy)
 void view_keys(ViewControl *control, double zoom, double dt) {
   if (key_down(vk_control)) {
     const double turn = turn_key_rate * dt;
-    control->pitch += turn * direction(vk_down, vk_down, vk_up, vk_up);
-    control->yaw += turn * direction(vk_right, vk_right, vk_left, vk_left);
+    control->pitch += turn * direction(key_down(vk_down), key_down(vk_up));
+    control->yaw += turn * direction(key_down(vk_right), key_down(vk_left));
   } else {
     const double step = move_key_zooms * zoom * dt;
-    control->my += step * direction(vk_up, 'W', vk_down, 'S');
-    control->mx += step * direction(vk_right, 'D', vk_left, 'A');
+    control->my +=
+        step * direction(key_down(vk_up) || key_down('W'), key_down(vk_down) || key_down('S'));
+    control->mx +=
+        step * direction(key_down(vk_right) || key_down('D'), key_down(vk_left) || key_down('A'));
   }
 }

@@ -43,6 +43,7 @@ void Maze_scale(Maze *maze, double k, int32_t recursive) {
 }
 
 void Maze_rotate(Maze *maze, Vec3 v, int32_t recursive) {
+  if (!(length(v) > 0)) return; // not even the rounding of a product
   const Mat3 turn = Mat3_rotation(v);
   move_nodes(maze, recursive, [&turn](Vec3 p) { return turn * p; });
 }

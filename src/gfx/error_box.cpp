@@ -10,7 +10,10 @@
 void gfx_log_error(const char *text) {
   std::time_t now = std::time(nullptr);
   char stamp[64];
-  std::strftime(stamp, sizeof stamp, "%Y-%b-%d %H:%M:%S", std::localtime(&now));
+  const std::tm *local = std::localtime(&now);
+  if (local == nullptr || std::strftime(stamp, sizeof stamp, "%Y-%b-%d %H:%M:%S", local) == 0) {
+    stamp[0] = '\0';
+  }
   std::FILE *log = std::fopen("graphics_error.log", "a");
   if (log == nullptr) return;
   std::fprintf(log, "%s %s\n", stamp, text);

@@ -33,6 +33,12 @@ void transform(const double *m, const double v[4], double out[4]) {
     out[row] = m[row] * v[0] + m[4 + row] * v[1] + m[8 + row] * v[2] + m[12 + row] * v[3];
 }
 
+// The strings of the GL are unsigned bytes; the C library wants plain ones.
+const char *gl_string(GLenum name) {
+  const void *text = glGetString(name);
+  return text == nullptr ? "" : static_cast<const char *>(text);
+}
+
 } // namespace
 
 void gfx_swap(uint32_t clear_colour) {
@@ -44,12 +50,6 @@ void gfx_swap(uint32_t clear_colour) {
   }
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   glLoadIdentity();
-}
-
-// The strings of the GL are unsigned bytes; the C library wants plain ones.
-static const char *gl_string(GLenum name) {
-  const void *text = glGetString(name);
-  return text == nullptr ? "" : static_cast<const char *>(text);
 }
 
 double gl_version() {

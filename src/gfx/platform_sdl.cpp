@@ -43,8 +43,10 @@ MonitorRect monitor(int index) {
 
 bool is_whole_monitor(const MonitorRect &area) {
   for (int i = SDL_GetNumVideoDisplays() - 1; i >= 0; i--) {
-    MonitorRect rect = monitor(i);
-    if (std::memcmp(&rect, &area, sizeof rect) == 0) return true;
+    const MonitorRect rect = monitor(i);
+    if (rect.left == area.left && rect.top == area.top && rect.right == area.right &&
+        rect.bottom == area.bottom)
+      return true;
   }
   return false;
 }
@@ -132,7 +134,7 @@ void button_message(const SDL_MouseButtonEvent &button) {
 
 void wheel_message(const SDL_MouseWheelEvent &wheel) {
   if (wheel.y == 0) return; // sideways
-  input_wheel_message(wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -wheel.y : wheel.y);
+  input_wheel_message(wheel.y);
 }
 
 // UTF-8 as sent by the system, so always well formed. Typed text is bytes of Latin-1.
@@ -288,6 +290,7 @@ PlatformOpen platform_open(const PlatformWindowRequest *request) {
     return PlatformOpen::no_context;
   }
   size_told = {request->client_width, request->client_height};
+  // 32 bits where there are any; most drivers have 24.
   PlatformOpen stage = try_open(*request, 32);
   return stage == PlatformOpen::ok ? stage : try_open(*request, 24);
 }

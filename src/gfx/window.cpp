@@ -23,6 +23,7 @@ namespace {
 
 bool context_alive;
 
+// The numbers name the reports, wherever they stand.
 struct OpenFailure {
   PlatformOpen stage;
   int32_t line;

@@ -13,7 +13,7 @@ using AttachmentDestructor = void (*)(intptr_t data, Maze *maze);
 struct Attachment {
   char *name;                      // owned
   intptr_t data;                   // a pointer or a number, as its creator likes
-  AttachmentDestructor destructor; // releases data when the row goes; may be null
+  AttachmentDestructor destructor; // releases data, leaves other rows alone; may be null
 };
 
 // The data of the last row of that name; 0 if there is none.

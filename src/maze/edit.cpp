@@ -94,7 +94,7 @@ static int32_t nearest_from(const Maze *maze, int32_t first, Vec3 p) {
   int32_t best = first;
   for (int32_t i = maze_count(maze); i-- > first;) {
     const double distance = length_squared(node_position(nodes[i]) - p);
-    if (distance >= best_distance) continue;
+    if (!(distance < best_distance)) continue;
     best_distance = distance;
     best = i;
   }
@@ -106,7 +106,8 @@ void Maze_align_doors(Maze *maze) {
   const MazeNode *around = maze_nodes(maze->parent);
   const MazeNode &holder = around[maze->parentnode];
   assert(holder.degree <= maze->nodes.count);
-  for (uint32_t r = 0; r < holder.degree; r++) {
+  const uint32_t doors = std::min(holder.degree, maze->nodes.count);
+  for (uint32_t r = 0; r < doors; r++) {
     const int32_t door = static_cast<int32_t>(r);
     Maze_swap_nodes(maze, door, nearest_from(maze, door, node_position(around[holder.nbr[r]])));
   }

@@ -2,7 +2,7 @@
 
 #include "maze/maze.h"
 
-// Changes to the graph of one maze. All keep its rows symmetric if they were.
+// Changes to the graph of one maze. All but the first two keep its rows symmetric if they were.
 
 // Appends a default row towards `target` to a node that isn't full. Half of an edge: the caller
 // sees to the other half.
@@ -33,7 +33,7 @@ void Maze_align_doors(Maze *maze);
 // A new maze in which `b` has been laid over `a`: nodes within 0.75 world units of each other
 // become one, and b's survives. Edges of `a` between two merged nodes go; those with one merged
 // end are carried over, or lost if the node there is full. Two such edges may end at one node,
-// which leaves a doubled edge. The merged nodes of `a` must hold no submazes.
+// which leaves a doubled edge. Neither maze may hold submazes.
 Maze *Maze_weld(const Maze *a, const Maze *b);
 
 // Appends the neighbour tables to the text file `path` under a title. Returns 0 if no node is

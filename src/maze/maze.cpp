@@ -6,8 +6,8 @@
 #include "support/strings.h"
 
 // The records of destroyed mazes, newest first. They are never released, so that a stale address
-// can't come to mean a new maze; the chain keeps them, and no live maze, reachable for leak
-// checkers.
+// can't come to mean a new maze; the chain keeps them reachable for leak checkers, but no live
+// maze, which would hide one that was forgotten.
 static Maze *destroyed = nullptr;
 static uint64_t last_serial = 0;
 
@@ -49,6 +49,7 @@ void Maze_destroy(Maze *maze, int32_t recursive) {
   std::free(maze->name);
   maze->name = nullptr;
   release_attachments(maze);
+  maze->parent = nullptr;
   maze->pool_next = destroyed;
   destroyed = maze;
 }

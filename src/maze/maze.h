@@ -65,8 +65,8 @@ constexpr bool Pos_equal(Pos a, Pos b) {
 }
 
 // Whether `a` comes first of the two ends of an edge. An edge is drawn from that end only, so that
-// it is drawn once, across levels too. Places order by their mazes' age, then by index; a null maze
-// comes after nothing.
+// it is drawn once, across levels too. Places order by their mazes' age, then by index; a null `b`
+// is never the later end.
 inline bool Pos_before(Pos a, Pos b) {
   if (b.maze == nullptr) return false;
   if (a.maze != b.maze) return a.maze->serial < b.maze->serial;

@@ -14,7 +14,7 @@ static int32_t weld_partner(const Maze *b, Vec3 p) {
   int32_t best = -1;
   for (int32_t j = maze_count(b); j-- > 0;) {
     const double distance = length_squared(node_position(nodes[j]) - p);
-    if (distance >= best_distance) continue;
+    if (!(distance < best_distance)) continue; // nothing is near a place that isn't finite
     best_distance = distance;
     best = j;
   }

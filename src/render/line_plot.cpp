@@ -13,9 +13,11 @@
 
 namespace {
 
-// The attachment "lists".
+// The attachment "lists". The mazes below are kept with it, last holder first, so that a frame in
+// which nothing changed walks no nodes.
 struct LineLists {
   GLuint name[2]; // edges, nodes
+  GrowList below; // of Maze *
 };
 
 constexpr const char *lists_name = "lists";
@@ -29,6 +31,7 @@ void lists_destroy(intptr_t data, Maze *) {
   for (const GLuint name : lists->name) {
     if (name != 0 && gfx_context_alive()) glDeleteLists(name, 1);
   }
+  GrowList_free(&lists->below);
   delete lists;
 }
 
@@ -43,6 +46,11 @@ LineLists *lists_make(Maze *maze, int32_t all_levels) {
       line_node_list(maze);
     }
     glEndList();
+  }
+  GrowList_init(&lists->below, sizeof(Maze *));
+  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
+    Maze *submaze = maze_nodes(maze)[i].submaze;
+    if (submaze != nullptr) GrowList_append(&lists->below, &submaze);
   }
   Attachment_add(maze, lists_name, reinterpret_cast<intptr_t>(lists), lists_destroy);
   return lists;
@@ -139,9 +147,8 @@ void line_lists_call(Maze *maze, int32_t which, int32_t all_levels) {
   if (lists == nullptr) lists = lists_make(maze, all_levels);
   glCallList(lists->name[which]);
   if (all_levels == 0) return;
-  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
-    Maze *submaze = maze_nodes(maze)[i].submaze;
-    if (submaze != nullptr) line_lists_call(submaze, which, all_levels);
+  for (uint32_t i = 0; i < lists->below.count; i++) {
+    line_lists_call(rows<Maze *>(lists->below)[i], which, all_levels);
   }
 }
 

@@ -46,7 +46,7 @@ void shader_log_failure(GLuint object, int32_t is_program) {
   }
   if (good != 0) return;
   FILE *file = std::fopen(shader_error_log, "at");
-  if (file == nullptr) return; // a folder that can't be written to: the picture tells, too
+  if (file == nullptr) return; // a folder that can't be written to gets no log
   char *log = shader_info_log(object, is_program);
   std::fprintf(file, "%s\n", log);
   std::fclose(file);

@@ -4,10 +4,12 @@
 
 // What a clock is read from. Tests put their own here before the first reading.
 struct ClockSource {
-  bool (*frequency)(int32_t *high,
-                    uint32_t *low);              // counts per second; false if there is no counter
-  void (*counter)(int32_t *high, uint32_t *low); // the running counter
-  uint32_t (*ticks)();                           // milliseconds, wrapping
+  // Counts per second; false if there is no counter.
+  bool (*frequency)(int32_t *high, uint32_t *low);
+  // The running counter.
+  void (*counter)(int32_t *high, uint32_t *low);
+  // Milliseconds, wrapping.
+  uint32_t (*ticks)();
 };
 extern ClockSource clock_source;
 

@@ -95,4 +95,6 @@ void GrowList_clear(GrowList *list) {
 void GrowList_free(GrowList *list) {
   if (list->mirror != nullptr) *list->mirror = nullptr;
   std::free(list->data);
+  list->data = nullptr;
+  list->count = 0;
 }

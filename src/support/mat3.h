@@ -2,7 +2,7 @@
 
 #include "support/vec3.h"
 
-// Nine numbers, row by row, passed by value.
+// Nine numbers, row by row.
 struct Mat3 {
   double m[3][3];
 };
@@ -22,7 +22,7 @@ Vec3 Mat3_row(const Mat3 &a, int row);
 Mat3 Mat3_transpose(const Mat3 &a);
 double Mat3_determinant(const Mat3 &a);
 
-// By cofactors. A singular matrix gives entries that are not finite.
+// By cofactors. The determinant is not tested for zero.
 Mat3 Mat3_inverse(const Mat3 &a);
 
 // Entry (i, j) is a[i] * b[j].

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "app/keys.h"
@@ -25,6 +26,9 @@ struct ViewControlTest : testing::Test {
   void SetUp() override {
     fake_start();
     hold_keys({});
+    std::fill(std::begin(key_state_prev), std::end(key_state_prev), uint8_t{0});
+    plot_grid = 0;
+    plot_smooth_lines = 1;
     screen_width = 800;
     screen_height = 600;
     windowed = 1;
@@ -130,6 +134,10 @@ TEST_F(ViewControlTest, SwitchesActOncePerPress) {
   std::copy(std::begin(key_state), std::end(key_state), key_state_prev);
   keys_switches();
   EXPECT_EQ(plot_grid, 1);
+  std::fill(std::begin(key_state_prev), std::end(key_state_prev), uint8_t{0});
+  keys_switches();
+  EXPECT_EQ(plot_grid, 0);
+  EXPECT_EQ(plot_smooth_lines, 1);
   EXPECT_FALSE(keys_quit());
   hold_keys({vk_escape});
   EXPECT_TRUE(keys_quit());

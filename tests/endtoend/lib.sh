@@ -1,7 +1,9 @@
-# What the end-to-end tests share. Sourced; runs in a clean folder.
+# What the end-to-end tests share. Sourced; leaves the script in a clean folder of its own.
 set -euo pipefail
 . "$VOREL_ROOT/scripts/desktop.sh"
-find . -mindepth 1 -delete
+rm -rf ./endtoend-run
+mkdir endtoend-run
+cd endtoend-run
 
 fail() {
   echo "FAILED: $*" >&2

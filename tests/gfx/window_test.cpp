@@ -1,6 +1,7 @@
 #include "gfx/window.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdio>
 #include <string>
@@ -140,8 +141,12 @@ TEST(Projection, SlabsMeetAndKeepAllElse) {
   std::copy(matrix, matrix + 16, shifted);
   projection_far_slab(shifted);
   expect_planes(shifted, 1000, 1.0015e7);
+  EXPECT_EQ(std::bit_cast<uint32_t>(shifted[10]), 0xBF80068BU);
+  EXPECT_EQ(std::bit_cast<uint32_t>(shifted[14]), 0xC4FA0664U);
   projection_near_slab(shifted);
   expect_planes(shifted, 0.1, 1001.5);
+  EXPECT_EQ(std::bit_cast<uint32_t>(shifted[10]), 0xBF80068BU);
+  EXPECT_EQ(std::bit_cast<uint32_t>(shifted[14]), 0xBE4CD209U);
   shifted[10] = matrix[10];
   shifted[14] = matrix[14];
   EXPECT_TRUE(std::equal(matrix, matrix + 16, shifted));

@@ -58,6 +58,10 @@ TEST(Maze, CopyKeepsFieldsAndDropsCaches) {
   scenario_hold(source, 8, below);
   str_dup_into(&source->name, "1.01");
   str_dup_into(&below->name, "1.01.01");
+  Maze *above = Maze_new();
+  source->parent = above;
+  source->parentnode = 2;
+  source->nodes.growth = 50.0F;
   source->visited = 3;
   source->bordermask = 0x81;
   source->halfwidth = 0.125;
@@ -66,6 +70,9 @@ TEST(Maze, CopyKeepsFieldsAndDropsCaches) {
   Attachment_add(source, "lists", 1, nullptr);
   Maze *shallow = Maze_copy(source, 0), *deep = Maze_copy(source, 1);
   for (const Maze *copy : {shallow, deep}) {
+    EXPECT_EQ(copy->parent, above);
+    EXPECT_EQ(copy->parentnode, 2);
+    EXPECT_EQ(copy->nodes.growth, 50.0F);
     EXPECT_EQ(copy->visited, 3);
     EXPECT_EQ(copy->bordermask, 0x81U);
     EXPECT_EQ(copy->halfwidth, 0.125);
@@ -77,6 +84,11 @@ TEST(Maze, CopyKeepsFieldsAndDropsCaches) {
     EXPECT_EQ(maze_nodes(copy)[3].nbr[1], 4);
     EXPECT_GT(copy->serial, source->serial);
   }
+  for (Maze *maze : {source, deep}) {
+    maze->parent = nullptr;
+    maze->parentnode = 0;
+  }
+  Maze_destroy(above, 0);
   EXPECT_EQ(maze_nodes(shallow)[8].submaze, below);
   Maze_destroy(shallow, 0);
   EXPECT_EQ(scenario_fault(source), nullptr); // what was shared still stands

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "gfx/gl.h"
+#include "gfx/projection.h"
 #include "picture.h"
 #include "render/apply_view.h"
 #include "render/plot.h"
@@ -69,6 +72,43 @@ TEST(Grid, TheFinestSquareFollowsTheNodeByTens) {
   const Picture far = deep.draw();
   EXPECT_GT(brightest(far, 1.5, 0.25), 60u);
   EXPECT_EQ(brightest(far, 1.25, 0.25), 0u);
+}
+
+// From far above only the spacings that suit the view show, each third of the decades in its own
+// channel; 20 pixels lie between two lines.
+TEST(Grid, SevenDecadesInThreeColours) {
+  struct View {
+    double spacing;
+    int channel_shift;
+  };
+  for (const View view : {View{1, 0}, View{100, 0}, View{1000, 8}, View{1e5, 8}, View{1e6, 16}}) {
+    Spot spot(0.3 * view.spacing, 0.3 * view.spacing, 0);
+    spot.world.camera.z = 16.0 * view.spacing;
+    picture_begin();
+    float projection[16];
+    glGetFloatv(GL_PROJECTION_MATRIX, projection);
+    if (view.spacing > 50) projection_far_slab(projection);
+    if (view.spacing > 5e5) projection[14] *= 100.0F; // near and far planes a hundred times farther
+    glMatrixMode(GL_PROJECTION);
+    glLoadMatrixf(projection);
+    glMatrixMode(GL_MODELVIEW);
+    glClearColor(0.25F, 0.25F, 0.25F, 0);
+    glClear(GL_COLOR_BUFFER_BIT);
+    World_apply_view(&spot.world);
+    grid_overlay(&spot.world);
+    glClearColor(0, 0, 0, 0);
+    const Picture picture = picture_take();
+    int lines = 0;
+    for (int x = 0; x < picture_width; x++) {
+      const uint32_t colour = picture_colour(picture, x, pixel_y(0.5));
+      const uint32_t own = colour >> view.channel_shift & 255;
+      const uint32_t red_or_blue = colour >> (view.channel_shift == 0 ? 16 : 0) & 255;
+      EXPECT_GE(red_or_blue, 63u) << "it adds to what is there";
+      if (own > red_or_blue + 60) lines++;
+    }
+    EXPECT_GE(lines, 15) << "spacing " << view.spacing;
+    EXPECT_LE(lines, 84) << "spacing " << view.spacing;
+  }
 }
 
 } // namespace

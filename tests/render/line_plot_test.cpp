@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "gfx/gl.h"
-#include "gfx/window.h"
 #include "maze/attachment.h"
 #include "maze/edit.h"
 #include "maze/visit.h"
@@ -103,6 +104,26 @@ TEST(LinePlot, AgesColourWhatWasVisited) {
   EXPECT_COLOUR(picture, 0.4, -3, ring(maze_default_colour));
 }
 
+// Light across the ribbon at a place, in pixels of full white; the screen shows it through a power.
+double light_across(const Picture &picture, double x) {
+  double sum = 0;
+  for (int y = pixel_y(2); y < pixel_y(-2); y++) {
+    const uint32_t colour = picture_colour(picture, pixel_x(x), y);
+    sum += std::pow((colour & 255) / 255.0, 2.2);
+  }
+  return sum;
+}
+
+TEST(LinePlot, RimsKeepTheirLastPixelWhereverTheyFall) {
+  // Over its width of 20 pixels, a core of 12 and two rims of 4.
+  const double expected = 12 * std::pow(64 / 255.0, 2.2) + 8 * std::pow(192 / 255.0, 2.2);
+  for (int part = 0; part < 10; part++) {
+    Cross cross;
+    cross.world.camera.y += part * 0.005; // a tenth of a pixel
+    EXPECT_NEAR(light_across(cross.draw(), 3), expected, expected * 0.01) << part;
+  }
+}
+
 TEST(LinePlot, CoresStandForwardAndNodesBeforeTheirEdges) {
   Cross cross;
   const Picture picture = cross.draw();
@@ -180,7 +201,22 @@ TEST(LinePlot, BrokenBorderColoursTheRoomOnly) {
   EXPECT_COLOUR(picture, 6.5, 0.4, ring(maze_default_colour));
 }
 
-TEST(LinePlot, ListsAreMadeOnceAndDroppedByASteps) {
+TEST(LinePlot, EachLevelHasItsOwnHalfWidth) {
+  Rooms rooms;
+  rooms.left->halfwidth = 0.25;
+  rooms.world.cur = {rooms.left, 1};
+  picture_begin();
+  World_apply_view(&rooms.world);
+  plot_world(&rooms.world);
+  const Picture picture = picture_take();
+  EXPECT_COLOUR(picture, -1.5, 0.2, ring(maze_default_colour));
+  EXPECT_COLOUR(picture, -1.5, 0.4, 0u);
+  EXPECT_COLOUR(picture, 6.5, 0.4, ring(maze_default_colour));
+  EXPECT_COLOUR(picture, 1, 0.2, 0xFFFFFFu); // the marker, on a door of that level
+  EXPECT_COLOUR(picture, 1, 0.4, 0u);
+}
+
+TEST(LinePlot, ListsAreMadeOnceAndDroppedByAStep) {
   Rooms rooms;
   picture_begin();
   World_apply_view(&rooms.world);
@@ -199,15 +235,6 @@ TEST(LinePlot, ListsAreMadeOnceAndDroppedByASteps) {
   EXPECT_EQ(lists(rooms.root), root_lists);
   EXPECT_EQ(rooms.root->attachments.count, 1u);
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
-}
-
-// Last in the file, since it ends the context that the tests share; the next picture makes another.
-TEST(LinePlot, MazesMayOutliveTheContext) {
-  Rooms rooms;
-  picture_begin();
-  plot_world(&rooms.world);
-  gfx_close();
-  EXPECT_FALSE(gfx_context_alive());
 }
 
 } // namespace

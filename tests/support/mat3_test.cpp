@@ -14,8 +14,13 @@ Vec3 vector() {
 }
 
 Mat3 matrix() {
-  return Mat3_outer(vector(), vector()) + Mat3_outer(vector(), vector()) +
-         Mat3_outer(vector(), vector());
+  Mat3 sum = {};
+  for (int i = 0; i < 3; i++) {
+    const Vec3 a = vector();
+    const Vec3 b = vector();
+    sum = sum + Mat3_outer(a, b);
+  }
+  return sum;
 }
 
 double distance(const Mat3 &a, const Mat3 &b) {

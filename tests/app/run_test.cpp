@@ -1,0 +1,44 @@
+#include "app/run.h"
+
+#include <gtest/gtest.h>
+
+#include "gfx/input.h"
+#include "gfx/window.h"
+#include "support/clock.h"
+#include "world/move.h"
+
+namespace {
+
+double clock_now;
+
+double fake_clock() {
+  return clock_now;
+}
+
+TEST(Run, FramesMoveTheClockAndTheCameraByTheirTime) {
+  clock_now = 500.0;
+  gfx_clock = fake_clock;
+  ::Run run;
+  ASSERT_TRUE(run_start(&run));
+  EXPECT_EQ(screen_width, 4 * screen_height / 3);
+  EXPECT_EQ(run.world.time, 0.0);
+  run.world.zoom = 40.0;
+  const double start = run.world.camera.z;
+  const double ideal = World_follow_point(&run.world).z + 40.0;
+  clock_now += 0.05;
+  EXPECT_TRUE(run_frame(&run));
+  EXPECT_NEAR(run.world.time, 0.05, 1e-9);
+  EXPECT_NEAR(run.world.camera.z, (start + ideal) / 2, 1e-9);
+  clock_now += 0.5;
+  EXPECT_TRUE(run_frame(&run));
+  EXPECT_NEAR(run.world.time, 0.55, 1e-9);
+  EXPECT_NEAR(run.world.camera.z, ideal, 1e-9);
+  quit_requested = 1;
+  EXPECT_FALSE(run_frame(&run));
+  run_end(&run);
+  quit_requested = 0;
+  EXPECT_FALSE(gfx_context_alive());
+  clock_reset();
+}
+
+} // namespace

@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "maze/edit.h"
 #include "picture.h"
 #include "render/age_colour.h"
+#include "scenarios.h"
 
 namespace {
 
@@ -49,64 +52,53 @@ TEST(AgeColour, BandEdgesBelongToTheBandBelow) {
   EXPECT_EQ(agecolour_rgb(1e8), 0x111111u);
 }
 
-struct BorderScene {
-  Maze *parent = Maze_new();
-  Maze *child = Maze_new();
-  BorderScene() {
-    MazeNode node = {};
-    for (int i = 0; i < 4; i++) {
-      MazeNode_init(&node, i, 0, 0);
-      GrowList_append(&parent->nodes, &node);
-      GrowList_append(&child->nodes, &node);
-    }
-    for (int i = 1; i < 4; i++) {
-      Maze_join(parent, 0, i);
-      Maze_join(child, 0, i);
-    }
-    maze_nodes(parent)[0].submaze = child;
-    child->parent = parent;
+// A room with three doors whose holder is the middle of a star, as its own first node is.
+struct Star {
+  Maze *parent = star();
+  Maze *room = star();
+  Star() { scenario_hold(parent, 0, room); }
+  ~Star() { Maze_destroy(parent, 1); }
+  static Maze *star() {
+    Maze *maze = scenario_path(4);
+    Maze_cut(maze, 1, 2);
+    Maze_cut(maze, 2, 3);
+    Maze_join(maze, 0, 2);
+    Maze_join(maze, 0, 3);
+    return maze;
   }
-  ~BorderScene() { Maze_destroy(parent, 1); }
-  BorderScene(const BorderScene &) = delete;
-  BorderScene &operator=(const BorderScene &) = delete;
 };
 
 TEST(EdgeColour, BrokenBorderColoursTheLevelButNotItsWaysOut) {
-  BorderScene scene;
-  const Pos inside = {scene.child, 0};
-  const Pos neighbour = {scene.child, 1};
-  const Pos outside = {scene.parent, 1};
-  EXPECT_EQ(edge_colour(0x123456, inside, neighbour), 0x123456u);
-  scene.child->bordermask = 0b010;
-  EXPECT_EQ(edge_colour(0x123456, inside, neighbour), 0xC0A040u);
-  EXPECT_EQ(edge_colour(0x123456, inside, Pos_null), 0xC0A040u);
-  EXPECT_EQ(edge_colour(0x123456, inside, outside), 0x123456u);
-  scene.child->bordermask = 0b110;
-  EXPECT_EQ(edge_colour(0x123456, inside, neighbour), 0x80C040u);
-  scene.child->bordermask = 0b111;
-  EXPECT_EQ(edge_colour(0x123456, inside, neighbour), 0x408040u);
+  Star star;
+  const Pos inside = {star.room, 0};
+  const Pos outside = {star.parent, 1};
+  const std::pair<uint32_t, uint32_t> levels[] = {
+      {0, 0x123456}, {0b010, 0xC0A040}, {0b110, 0x80C040}, {0b111, 0x408040}};
+  for (const auto &[mask, colour] : levels) {
+    star.room->bordermask = mask;
+    EXPECT_EQ(edge_colour(0x123456, inside, {star.room, 1}), colour);
+    EXPECT_EQ(edge_colour(0x123456, inside, Pos_null), colour);
+    EXPECT_EQ(edge_colour(0x123456, inside, outside), 0x123456u);
+  }
   // A root has no border, whatever its mask says.
-  scene.parent->bordermask = 1;
-  EXPECT_EQ(edge_colour(0x123456, outside, {scene.parent, 0}), 0x123456u);
-  EXPECT_EQ(edge_colour(0xFFFFFF, outside, {scene.parent, 0}), 0xFEFEFEu);
+  star.parent->bordermask = 1;
+  EXPECT_EQ(edge_colour(0x123456, outside, {star.parent, 0}), 0x123456u);
+  EXPECT_EQ(edge_colour(0xFFFFFF, outside, {star.parent, 0}), 0xFEFEFEu);
 }
 
 TEST(EdgeColour, AgesOfUserAndRoamerAddUpAndNeverGiveWhite) {
-  BorderScene scene;
-  World world = world_from_above(scene.parent, {scene.parent, 1});
-  const Pos a = {scene.parent, 1};
-  MazeEdge row = {0x102030, never, never};
-  EXPECT_EQ(visit_colour(row, a, Pos_null, &world), 0x102030u);
-  row.usertime = world.time - 10.0; // 0x6F4B6F
-  EXPECT_EQ(visit_colour(row, a, Pos_null, &world), 0x7F6B9Fu);
-  row.roamertime = row.usertime; // 0x6F * 64 / 255 = 27, 0x4B, 0x6F * 128 / 255 = 55
-  EXPECT_EQ(visit_colour(row, a, Pos_null, &world), 0x9AB6D6u);
-  EXPECT_EQ(visit_colour(row, a, Pos_null, nullptr), 0x102030u);
+  Star star;
+  World world = world_from_above(star.parent, {star.parent, 1});
+  const auto shown = [&](MazeEdge row) { return visit_colour(row, world.cur, Pos_null, &world); };
+  const double then = world.time - 10.0; // adds 0x6F4B6F
+  EXPECT_EQ(shown({0x102030, never, never}), 0x102030u);
+  EXPECT_EQ(shown({0x102030, then, never}), 0x7F6B9Fu);
+  // 0x6F * 64 / 255 = 27, 0x4B, 0x6F * 128 / 255 = 55
+  EXPECT_EQ(shown({0x102030, then, then}), 0x9AB6D6u);
+  EXPECT_EQ(shown({0xA0A0A0, world.time, never}), 0xFEFEFEu);
   world.showtrail = 0;
-  EXPECT_EQ(visit_colour(row, a, Pos_null, &world), 0x102030u);
-  world.showtrail = 1;
-  row = {0xA0A0A0, world.time, never};
-  EXPECT_EQ(visit_colour(row, a, Pos_null, &world), 0xFEFEFEu);
+  EXPECT_EQ(shown({0x102030, then, then}), 0x102030u);
+  EXPECT_EQ(visit_colour({0x102030, then, then}, world.cur, Pos_null, nullptr), 0x102030u);
 }
 
 } // namespace

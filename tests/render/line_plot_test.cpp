@@ -42,9 +42,6 @@ struct Cross {
     world = world_from_above(maze, {maze, 4});
   }
   ~Cross() { Maze_destroy(maze, 1); }
-  Cross(const Cross &) = delete;
-  Cross &operator=(const Cross &) = delete;
-
   void colour_edge(int32_t row, uint32_t colour, double usertime) {
     MazeNode *nodes = maze_nodes(maze);
     nodes[0].edge[row] = {colour, usertime, never};
@@ -154,9 +151,6 @@ struct Rooms {
     world = world_from_above(root, {left, 0});
   }
   ~Rooms() { Maze_destroy(root, 1); }
-  Rooms(const Rooms &) = delete;
-  Rooms &operator=(const Rooms &) = delete;
-
   Maze *room(int32_t holder, double from, double to) {
     Maze *maze = Maze_new();
     add_node(maze, from, 0);

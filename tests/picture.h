@@ -28,7 +28,8 @@ Picture picture_take();
 uint32_t picture_colour(const Picture &picture, int x, int y);
 float picture_depth(const Picture &picture, int x, int y);
 
-// The eye's z, in world units (negative in front), that a window depth means under the default perspective.
+// The eye's z, in world units (negative in front), that a window depth means under the default
+// perspective.
 double picture_eye_z(float depth);
 
 // Largest difference of a channel between two colours.

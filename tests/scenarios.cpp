@@ -14,12 +14,7 @@ static void add_node(Maze *maze, Vec3 p) {
 }
 
 Maze *scenario_path(int32_t count) {
-  Maze *maze = Maze_new();
-  for (int32_t i = 0; i < count; i++) {
-    add_node(maze, {static_cast<double>(i), 0.0, 0.0});
-    if (i > 0) Maze_join(maze, i - 1, i);
-  }
-  return maze;
+  return scenario_grid(count, 1, 1.0, {0.5 * (count - 1), 0.0, 0.0});
 }
 
 Maze *scenario_grid(int32_t width, int32_t height, double spacing, Vec3 centre) {
@@ -80,51 +75,46 @@ ThreeLevels scenario_three_levels() {
   return t;
 }
 
-static void nest_into(Maze *maze, int32_t depth, double spacing) {
-  if (depth < 2) return;
+static Maze *nested(int32_t depth, double spacing, Vec3 centre) {
+  Maze *maze = scenario_grid(4, 4, spacing, centre);
   for (const int32_t i : {5, 6, 10}) { // no doors: those lie on the rim
-    Maze *below = scenario_grid(4, 4, spacing / 6, node_position(maze_nodes(maze)[i]));
-    scenario_hold(maze, i, below);
-    Maze_align_doors(below);
-    nest_into(below, depth - 1, spacing / 6);
+    if (depth < 2) continue;
+    scenario_hold(maze, i, nested(depth - 1, spacing / 6, node_position(maze_nodes(maze)[i])));
+    Maze_align_doors(maze_nodes(maze)[i].submaze);
   }
+  return maze;
 }
 
 Maze *scenario_nested(int32_t depth) {
-  Maze *maze = scenario_grid(4, 4, 1.0, {});
-  nest_into(maze, depth, 1.0);
-  return maze;
+  return nested(depth, 1.0, {});
 }
 
 static const char *edge_fault(const Maze *maze, int32_t i, uint32_t r, bool doubled) {
   const MazeNode &node = maze_nodes(maze)[i];
   const int32_t to = node.nbr[r];
-  if (to < 0 || to >= maze_count(maze)) return "row out of range";
-  if (to == i) return "joined to itself";
+  if (to < 0 || to >= maze_count(maze) || to == i) return "row out of range or onto itself";
   const MazeNode &other = maze_nodes(maze)[to];
   const auto there = std::count(node.nbr, node.nbr + node.degree, to);
   if (there != std::count(other.nbr, other.nbr + other.degree, i)) return "not symmetric";
   if (there > 1 && !doubled) return "joined twice";
-  const MazeEdge &back = other.edge[MazeNode_row(other, i)];
-  const MazeEdge &edge = node.edge[r];
-  if (edge.colour != back.colour || edge.usertime != back.usertime) return "halves differ";
-  return nullptr;
+  const MazeEdge &edge = node.edge[r], &back = other.edge[MazeNode_row(other, i)];
+  const bool same = edge.colour == back.colour && edge.usertime == back.usertime;
+  return same ? nullptr : "halves differ";
 }
 
 const char *scenario_fault(const Maze *maze, bool doubled) {
   for (int32_t i = 0; i < maze_count(maze); i++) {
     const MazeNode &node = maze_nodes(maze)[i];
-    const char *fault = node.degree > MAZE_MAX_DEGREE ? "degree" : nullptr;
-    for (uint32_t r = 0; r < node.degree && !fault; r++)
-      fault = edge_fault(maze, i, r, doubled);
-    if (const Maze *below = node.submaze; below && !fault) {
-      if (below->parent != maze || below->parentnode != i) return "wrong way up";
-      if (below->nodes.count < node.degree) return "too few doors";
-      for (uint32_t r = 0; r < node.degree; r++)
-        if (maze_nodes(below)[r].submaze) return "a container as a door";
-      fault = scenario_fault(below, doubled);
-    }
-    if (fault) return fault;
+    if (node.degree > MAZE_MAX_DEGREE) return "degree";
+    for (uint32_t r = 0; r < node.degree; r++)
+      if (const char *fault = edge_fault(maze, i, r, doubled)) return fault;
+    const Maze *below = node.submaze;
+    if (!below) continue;
+    if (below->parent != maze || below->parentnode != i) return "wrong way up";
+    if (below->nodes.count < node.degree) return "too few doors";
+    for (uint32_t r = 0; r < node.degree; r++)
+      if (maze_nodes(below)[r].submaze) return "a container as a door";
+    if (const char *fault = scenario_fault(below, doubled)) return fault;
   }
   return nullptr;
 }

@@ -191,20 +191,21 @@ struct KeyCode {
 
 // Keys outside the runs of letters, digits and function keys.
 constexpr KeyCode key_codes[] = {
-    {SDLK_BACKSPACE, 8},      {SDLK_TAB, vk_tab},      {SDLK_RETURN, 13},
-    {SDLK_KP_ENTER, 13},      {SDLK_PAUSE, 19},        {SDLK_CAPSLOCK, 20},
-    {SDLK_ESCAPE, vk_escape}, {SDLK_SPACE, vk_space},  {SDLK_PAGEUP, 33},
-    {SDLK_PAGEDOWN, 34},      {SDLK_END, 35},          {SDLK_HOME, 36},
-    {SDLK_LEFT, vk_left},     {SDLK_UP, vk_up},        {SDLK_RIGHT, vk_right},
-    {SDLK_DOWN, vk_down},     {SDLK_PRINTSCREEN, 44},  {SDLK_INSERT, 45},
-    {SDLK_DELETE, 46},        {SDLK_LGUI, 91},         {SDLK_RGUI, 92},
-    {SDLK_KP_0, 96},          {SDLK_KP_MULTIPLY, 106}, {SDLK_KP_PLUS, 107},
-    {SDLK_KP_MINUS, 109},     {SDLK_KP_PERIOD, 110},   {SDLK_KP_DIVIDE, 111},
-    {SDLK_LSHIFT, 160},       {SDLK_RSHIFT, 161},      {SDLK_LCTRL, 162},
-    {SDLK_RCTRL, 163},        {SDLK_LALT, 164},        {SDLK_RALT, 165},
-    {SDLK_SEMICOLON, 186},    {SDLK_EQUALS, 187},      {SDLK_COMMA, 188},
-    {SDLK_MINUS, 189},        {SDLK_PERIOD, 190},      {SDLK_SLASH, 191},
-    {SDLK_BACKQUOTE, 192},    {SDLK_LEFTBRACKET, 219}, {SDLK_BACKSLASH, 220},
+    {SDLK_BACKSPACE, 8},      {SDLK_TAB, vk_tab},       {SDLK_RETURN, 13},
+    {SDLK_KP_ENTER, 13},      {SDLK_PAUSE, 19},         {SDLK_CAPSLOCK, 20},
+    {SDLK_ESCAPE, vk_escape}, {SDLK_SPACE, vk_space},   {SDLK_PAGEUP, 33},
+    {SDLK_PAGEDOWN, 34},      {SDLK_END, 35},           {SDLK_HOME, 36},
+    {SDLK_LEFT, vk_left},     {SDLK_UP, vk_up},         {SDLK_RIGHT, vk_right},
+    {SDLK_DOWN, vk_down},     {SDLK_PRINTSCREEN, 44},   {SDLK_INSERT, 45},
+    {SDLK_DELETE, 46},        {SDLK_LGUI, 91},          {SDLK_RGUI, 92},
+    {SDLK_KP_0, 96},          {SDLK_KP_MULTIPLY, 106},  {SDLK_KP_PLUS, 107},
+    {SDLK_KP_MINUS, 109},     {SDLK_KP_PERIOD, 110},    {SDLK_KP_DIVIDE, 111},
+    {SDLK_APPLICATION, 93},   {SDLK_NUMLOCKCLEAR, 144}, {SDLK_SCROLLLOCK, 145},
+    {SDLK_LSHIFT, 160},       {SDLK_RSHIFT, 161},       {SDLK_LCTRL, 162},
+    {SDLK_RCTRL, 163},        {SDLK_LALT, 164},         {SDLK_RALT, 165},
+    {SDLK_SEMICOLON, 186},    {SDLK_EQUALS, 187},       {SDLK_COMMA, 188},
+    {SDLK_MINUS, 189},        {SDLK_PERIOD, 190},       {SDLK_SLASH, 191},
+    {SDLK_BACKQUOTE, 192},    {SDLK_LEFTBRACKET, 219},  {SDLK_BACKSLASH, 220},
     {SDLK_RIGHTBRACKET, 221}, {SDLK_QUOTE, 222},
 };
 
@@ -217,7 +218,8 @@ int32_t key_of_layout(SDL_Keycode code) {
   for (const KeyCode &entry : key_codes)
     if (entry.from == code) return entry.to;
   return in_run(code, SDLK_a, SDLK_z, 'A') + in_run(code, SDLK_0, SDLK_9, '0') +
-         in_run(code, SDLK_F1, SDLK_F12, 112) + in_run(code, SDLK_KP_1, SDLK_KP_9, 97);
+         in_run(code, SDLK_F1, SDLK_F12, 112) + in_run(code, SDLK_F13, SDLK_F24, 124) +
+         in_run(code, SDLK_KP_1, SDLK_KP_9, 97);
 }
 
 // By the user's layout; a key whose symbol has no code there (another alphabet, digits behind

@@ -28,24 +28,32 @@ xdotool click 5
 expect_change "the wheel turned backward"
 xdotool click 4
 expect_change "the wheel turned forward"
+# A press counts the way from the middle of the window, so it starts there.
+eval "$(xdotool getwindowgeometry --shell "$vorel_window")"
+# drag BUTTON: to the right and a little upwards; the first node has a corridor to one side or both.
+drag() {
+  xdotool mousemove --window "$vorel_window" $((WIDTH / 2)) $((HEIGHT / 2))
+  xdotool mousedown "$1"
+  sleep 0.2
+  for _ in 1 2 3 4 5; do
+    xdotool mousemove_relative -- 20 -8
+    sleep 0.1
+  done
+  xdotool mouseup "$1"
+}
+drag 1
+expect_change "the left button, moving"
 hold 0.3 Control_L Up
 expect_change "Ctrl and Up, tilting"
 hold 0.3 Control_L Right
 expect_change "Ctrl and Right, turning"
 hold 0.2 g
 expect_change "G, the grid"
+hold 0.2 p
+expect_change "P, plain lines"
 hold 0.2 g
 expect_change "G again, no grid"
 
-# The right button turns the view. Its press puts the cursor in the middle of the window.
-eval "$(xdotool getwindowgeometry --shell "$vorel_window")"
-xdotool mousemove --window "$vorel_window" $((WIDTH / 2)) $((HEIGHT / 2))
-xdotool mousedown 3
-sleep 0.2
-for _ in 1 2 3 4 5; do
-  xdotool mousemove_relative 20 0
-  sleep 0.1
-done
-xdotool mouseup 3
+drag 3
 expect_change "the right button, turning"
 quit_cleanly

@@ -18,7 +18,6 @@ void fake_start() {
   gesture_hook = nullptr;
   alt_tabbed = windowed = 0;
   projection_is_2d = 1;
-  std::memset(typed_text, 0, sizeof typed_text);
   std::memset(key_state, 0, sizeof key_state);
   std::memset(key_state_prev, 0, sizeof key_state_prev);
 }
@@ -36,7 +35,6 @@ int32_t platform_monitors(MonitorRect *out, int32_t room) {
   return count;
 }
 PlatformOpen platform_open(const PlatformWindowRequest *request) {
-  fake.opened++;
   fake.request = *request;
   return fake.open_result;
 }

@@ -8,10 +8,10 @@
 
 // A window system made of plain values: what it tells, and what it was asked to do.
 struct FakePlatform {
-  PlatformMetrics metrics = {1920, 1080, {0, 0, 1920, 1080}, 0, 0, 0};
-  std::vector<MonitorRect> monitors = {{0, 0, 1920, 1080}};
   bool has_display = true;
   PlatformOpen open_result = PlatformOpen::ok;
+  PlatformMetrics metrics = {1920, 1080, {0, 0, 1920, 1080}, 0, 0, 0};
+  std::vector<MonitorRect> monitors = {{0, 0, 1920, 1080}};
   std::function<bool()> messages; // runs inside platform_messages; true is the system's quit
   bool minimised = false;
   std::vector<uint8_t> keys_down;
@@ -21,8 +21,8 @@ struct FakePlatform {
   PlatformPoint relative = {};
 
   PlatformWindowRequest request = {}; // of the last platform_open
-  int opened = 0, minimise_asked = 0, on_top_asked = 0, cursor_hidden = 0;
-  std::string box;
+  int minimise_asked = 0, on_top_asked = 0, cursor_hidden = 0;
+  std::string box; // the last message box: caption, bar, text
 };
 
 extern FakePlatform fake;

@@ -2,8 +2,8 @@
 
 #include <cstdio>
 #include <fstream>
-#include <sstream>
 #include <string>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -26,12 +26,10 @@ TEST(Attachment, LastRowHidesAndGoesFirst) {
   Attachment_add(maze, "other", 2, nullptr);
   Attachment_add(maze, "LISTS", 3, log_gone);
   EXPECT_EQ(Attachment_find(maze, "Lists"), 3);
-  EXPECT_EQ(Attachment_find(maze, "list"), 0);
-  Attachment_drop(maze, "list");
-  EXPECT_EQ(maze->attachments.count, 3U);
-  Attachment_drop(maze, "liSTs");
+  for (const char *name : {"list", "liSTs", "OTHER"})
+    Attachment_drop(maze, name);
   EXPECT_EQ(Attachment_find(maze, "lists"), 1);
-  Attachment_drop(maze, "OTHER");
+  EXPECT_EQ(Attachment_find(maze, "list"), 0);
   EXPECT_EQ(maze->attachments.count, 1U);
   Attachment_add(maze, "last", 4, log_gone);
   Maze_destroy(maze, 0);
@@ -48,20 +46,16 @@ TEST(Attachment, TreeDropTakesEachMazeOnce) {
   }
   Attachment_drop_tree(t.root, "voronoilist");
   EXPECT_EQ(gone, "0 2 1 4 3 ");
-  gone.clear();
   Maze_destroy(t.root, 1);
-  EXPECT_EQ(gone, "9 9 9 9 9 ");
+  EXPECT_EQ(gone, "0 2 1 4 3 9 9 9 9 9 ");
 }
 
 TEST(Maze, CopyKeepsFieldsAndDropsCaches) {
-  Maze *source = scenario_path(9), *below = scenario_path(2);
+  Maze *source = scenario_path(9), *below = scenario_path(2), *above = Maze_new();
   scenario_hold(source, 8, below);
   str_dup_into(&source->name, "1.01");
-  str_dup_into(&below->name, "1.01.01");
-  Maze *above = Maze_new();
   source->parent = above;
   source->parentnode = 2;
-  source->nodes.growth = 50.0F;
   source->visited = 3;
   source->bordermask = 0x81;
   source->halfwidth = 0.125;
@@ -69,33 +63,26 @@ TEST(Maze, CopyKeepsFieldsAndDropsCaches) {
   source->nodes.mirror = &slot;
   Attachment_add(source, "lists", 1, nullptr);
   Maze *shallow = Maze_copy(source, 0), *deep = Maze_copy(source, 1);
+  const auto fields = [](const Maze *m) {
+    return std::tuple(m->parent, m->parentnode, m->visited, m->bordermask, m->halfwidth,
+                      std::string(m->name), m->nodes.growth, m->nodes.capacity, m->nodes.initial);
+  };
   for (const Maze *copy : {shallow, deep}) {
-    EXPECT_EQ(copy->parent, above);
-    EXPECT_EQ(copy->parentnode, 2);
-    EXPECT_EQ(copy->nodes.growth, 50.0F);
-    EXPECT_EQ(copy->visited, 3);
-    EXPECT_EQ(copy->bordermask, 0x81U);
-    EXPECT_EQ(copy->halfwidth, 0.125);
-    EXPECT_STREQ(copy->name, "1.01");
-    EXPECT_EQ(copy->nodes.capacity, source->nodes.capacity);
-    EXPECT_EQ(copy->nodes.initial, source->nodes.initial);
+    EXPECT_EQ(fields(copy), fields(source));
     EXPECT_EQ(copy->nodes.mirror, nullptr);
     EXPECT_EQ(copy->attachments.count, 0U);
     EXPECT_EQ(maze_nodes(copy)[3].nbr[1], 4);
     EXPECT_GT(copy->serial, source->serial);
   }
-  for (Maze *maze : {source, deep}) {
-    maze->parent = nullptr;
-    maze->parentnode = 0;
-  }
+  source->parent = deep->parent = nullptr;
+  source->parentnode = deep->parentnode = 0;
   Maze_destroy(above, 0);
   EXPECT_EQ(maze_nodes(shallow)[8].submaze, below);
   Maze_destroy(shallow, 0);
-  EXPECT_EQ(scenario_fault(source), nullptr); // what was shared still stands
-  Maze_destroy(source, 1);
+  Maze_destroy(source, 1); // what was shared still stood
   EXPECT_EQ(slot, nullptr);
   EXPECT_EQ(scenario_fault(deep), nullptr);
-  EXPECT_STREQ(maze_nodes(deep)[8].submaze->name, "1.01.01");
+  EXPECT_EQ(maze_count(maze_nodes(deep)[8].submaze), 2);
   Maze_destroy(deep, 1);
 }
 
@@ -120,18 +107,16 @@ TEST(Maze, MergedHoldsBothSidesApart) {
 TEST(Maze, ThousandLevels) {
   gone.clear();
   Maze *root = scenario_path(2);
-  Maze *last = root;
   for (int32_t level = 1; level < 1000; level++) {
-    scenario_hold(last, 1, scenario_path(2));
-    last = maze_nodes(last)[1].submaze;
+    Maze *above = scenario_path(2);
+    scenario_hold(above, 1, root);
+    root = above;
   }
   Maze *copy = Maze_merged(root, root);
   Maze_destroy(root, 1);
   EXPECT_EQ(scenario_fault(copy), nullptr);
-  int32_t levels = 0;
-  for (Maze *maze = copy; maze; maze = maze_nodes(maze)[1].submaze, levels++)
-    Attachment_add(maze, "lists", levels % 10, log_gone);
-  EXPECT_EQ(levels, 1000);
+  for (Maze *maze = copy; maze; maze = maze_nodes(maze)[1].submaze)
+    Attachment_add(maze, "lists", 1, log_gone);
   Attachment_drop_tree(copy, "lists");
   EXPECT_EQ(gone.size(), 2000U);
   Maze_destroy(copy, 1);
@@ -143,20 +128,16 @@ TEST(Maze, DumpTellsFaults) {
   Maze *maze = scenario_path(3);
   EXPECT_EQ(Maze_dump(maze, path.c_str(), "sound"), 0);
   MazeNode_append_row(&maze_nodes(maze)[0], 0);
-  EXPECT_EQ(Maze_dump(maze, path.c_str(), "loop"), 1);
   MazeNode_append_row(&maze_nodes(maze)[2], 1);
   EXPECT_EQ(Maze_dump(maze, path.c_str(), "both"), 2);
-  std::stringstream text;
-  text << std::ifstream(path).rdbuf();
-  EXPECT_EQ(text.str(), "---------- sound\n3 nodes\nNode 0 is joined to 1\n"
-                        "Node 1 is joined to 0 2\nNode 2 is joined to 1\n"
-                        "---------- loop\n3 nodes\nNode 0 is joined to 1 0\n"
-                        "ERROR: node 0 is joined to itself\n"
-                        "Node 1 is joined to 0 2\nNode 2 is joined to 1\n"
-                        "---------- both\n3 nodes\nNode 0 is joined to 1 0\n"
-                        "ERROR: node 0 is joined to itself\n"
-                        "Node 1 is joined to 0 2\nNode 2 is joined to 1 1\n"
-                        "ERROR: node 2 is joined to 1 twice\n");
+  std::string text;
+  std::getline(std::ifstream(path), text, '\0');
+  EXPECT_EQ(text, "---------- sound\n3 nodes\nNode 0 is joined to 1\n"
+                  "Node 1 is joined to 0 2\nNode 2 is joined to 1\n"
+                  "---------- both\n3 nodes\nNode 0 is joined to 1 0\n"
+                  "ERROR: node 0 is joined to itself\n"
+                  "Node 1 is joined to 0 2\nNode 2 is joined to 1 1\n"
+                  "ERROR: node 2 is joined to 1 twice\n");
   EXPECT_EQ(Maze_dump(maze, (testing::TempDir() + "no/such/folder").c_str(), "lost"), -1);
   std::remove(path.c_str());
   Maze_destroy(maze, 1);

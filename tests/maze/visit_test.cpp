@@ -68,57 +68,34 @@ static void expect_times(const ThreeLevels &t, const Step &step, double MazeEdge
   EXPECT_EQ(nodes[step.b].self.*field, 7.5);
 }
 
-static ThreeLevels dressed_tree(const Step &step) {
-  const ThreeLevels t = scenario_three_levels();
-  from_maze = t.*step.from;
-  for (Maze *maze : {t.root, t.m1, t.m2, t.n2, t.n3})
-    for (intptr_t i = 0; i < 7; i++)
-      Attachment_add(maze, names[i], i, log_drop);
-  dropped.clear();
-  return t;
-}
-
-TEST(Visit, UserStepsLeaveTheirMarks) {
-  for (const Step &step : steps) {
-    SCOPED_TRACE(step.what);
-    const ThreeLevels t = dressed_tree(step);
-    Pos_mark_usertime(t.*step.from, step.from_node, t.*step.to, step.to_node, 0.0);
-    EXPECT_EQ(dropped, step.from == step.to ? "Lf " : "Lf Lt Bf Sf Bt St Vf Vt Gf Gt ");
-    Pos_mark_usertime(t.*step.from, step.from_node, t.*step.to, step.to_node, 7.5);
-    expect_times(t, step, &MazeEdge::usertime);
-    Times times{};
-    count_times(t.root, &MazeEdge::roamertime, &times);
-    EXPECT_EQ(times.rows + times.selves, 0);
-    EXPECT_EQ(times.all_visited, step.level ? 1 : 0); // the second arrival adds none
-    EXPECT_EQ(step.level ? (t.*step.level)->visited : 1, 1);
-    for (Maze *maze : {t.root, t.m1, t.m2, t.n2, t.n3}) {
-      const uint32_t bits = maze == t.*step.from ? step.from_bits : step.to_bits;
-      EXPECT_EQ(maze->bordermask, maze == t.*step.from || maze == t.*step.to ? bits : 0);
+TEST(Visit, StepsLeaveTheirMarks) {
+  for (const Step &step : steps)
+    for (const bool user : {true, false}) {
+      SCOPED_TRACE(step.what);
+      const ThreeLevels t = scenario_three_levels();
+      from_maze = t.*step.from;
+      dropped.clear();
+      for (Maze *maze : {t.root, t.m1, t.m2, t.n2, t.n3})
+        for (intptr_t i = 0; i < 7; i++)
+          Attachment_add(maze, names[i], i, log_drop);
+      const auto mark = user ? Pos_mark_usertime : Pos_mark_roamertime;
+      mark(t.*step.from, step.from_node, t.*step.to, step.to_node, 0.0);
+      EXPECT_EQ(dropped, !user                  ? ""
+                         : step.from == step.to ? "Lf "
+                                                : "Lf Lt Bf Sf Bt St Vf Vt Gf Gt ");
+      mark(t.*step.from, step.from_node, t.*step.to, step.to_node, 7.5);
+      expect_times(t, step, user ? &MazeEdge::usertime : &MazeEdge::roamertime);
+      Times others{};
+      count_times(t.root, user ? &MazeEdge::roamertime : &MazeEdge::usertime, &others);
+      EXPECT_EQ(others.rows + others.selves, 0);
+      const bool visit = user && step.level != nullptr; // the second arrival adds none
+      EXPECT_EQ(others.all_visited, visit);
+      EXPECT_EQ(step.level ? (t.*step.level)->visited : 0, visit);
+      for (Maze *maze : {t.root, t.m1, t.m2, t.n2, t.n3})
+        EXPECT_EQ(maze->bordermask, !user                  ? 0
+                                    : maze == t.*step.from ? step.from_bits
+                                    : maze == t.*step.to   ? step.to_bits
+                                                           : 0);
+      Maze_destroy(t.root, 1);
     }
-    Maze_destroy(t.root, 1);
-  }
-}
-
-TEST(Visit, RoamerStepsLeaveTimesOnly) {
-  for (const Step &step : steps) {
-    SCOPED_TRACE(step.what);
-    const ThreeLevels t = dressed_tree(step);
-    Pos_mark_roamertime(t.*step.from, step.from_node, t.*step.to, step.to_node, 7.5);
-    expect_times(t, step, &MazeEdge::roamertime);
-    Times times{};
-    count_times(t.root, &MazeEdge::usertime, &times);
-    EXPECT_EQ(times.rows + times.selves + times.all_visited, 0);
-    EXPECT_EQ((t.*step.from)->bordermask | (t.*step.to)->bordermask, 0U);
-    EXPECT_EQ(dropped, "");
-    Maze_destroy(t.root, 1);
-  }
-}
-
-TEST(Visit, TwoRootsHaveNoEdgeInCommon) {
-  Maze *a = scenario_path(2), *b = scenario_path(2);
-  Pos_mark_usertime(a, 0, b, 1, 1.0);
-  EXPECT_EQ(a->visited + b->visited, 0);
-  EXPECT_EQ(maze_nodes(b)[1].self.usertime, never);
-  Maze_destroy(a, 0);
-  Maze_destroy(b, 0);
 }

@@ -7,30 +7,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-// Adds a new row, or now and then the first of the list's own rows as a block.
-void random_append(std::mt19937_64 &random, GrowList &list, std::vector<uint64_t> &reference) {
-  std::vector<uint64_t> added = {random()};
-  if (added[0] % 20 == 0) {
-    const uint32_t m = static_cast<uint32_t>(std::min<uint64_t>(list.count, added[0] % 19));
-    added.assign(rows<uint64_t>(list), rows<uint64_t>(list) + m);
-    EXPECT_EQ(GrowList_append_many(&list, list.data, m), reference.size());
-  } else {
-    EXPECT_EQ(GrowList_append(&list, added.data()), reference.size());
-  }
-  reference.insert(reference.end(), added.begin(), added.end());
-}
-
-// Removes a row from both, or tries one just past the end.
-void random_remove(std::mt19937_64 &random, GrowList &list, std::vector<uint64_t> &reference) {
-  const auto index = static_cast<uint32_t>(random() % (list.count + 1));
-  GrowList_remove(&list, index);
-  if (index == reference.size()) return;
-  reference[index] = reference.back();
-  reference.pop_back();
-}
-
 // A plain list changes alongside, and the capacity is kept in whole numbers: fifths and quarters.
 TEST(GrowList, FollowsAPlainListThroughRandomChanges) {
   for (const uint32_t initial : {1U, 9U}) {
@@ -50,9 +26,21 @@ TEST(GrowList, FollowsAPlainListThroughRandomChanges) {
         reference.clear();
         capacity = initial;
       } else if (before == 0 || random() % 100 < (step / 500 % 2 == 0 ? 60U : 20U)) {
-        random_append(random, list, reference);
+        std::vector<uint64_t> added = {random()}; // now and then the list's own first rows
+        if (added[0] % 20 == 0)
+          added.assign(reference.begin(), reference.begin() + std::min<int64_t>(before, 18));
+        EXPECT_EQ(added.size() == 1
+                      ? GrowList_append(&list, added.data())
+                      : GrowList_append_many(&list, list.data, static_cast<uint32_t>(added.size())),
+                  before);
+        reference.insert(reference.end(), added.begin(), added.end());
       } else {
-        random_remove(random, list, reference);
+        const auto index = static_cast<uint32_t>(random() % (before + 1)); // or just past the end
+        GrowList_remove(&list, index);
+        if (index < before) {
+          reference[index] = reference.back();
+          reference.pop_back();
+        }
       }
       const size_t n = reference.size();
       if (n > capacity) capacity = n * 5 / 4;
@@ -65,5 +53,3 @@ TEST(GrowList, FollowsAPlainListThroughRandomChanges) {
     EXPECT_EQ(mirrored, nullptr);
   }
 }
-
-} // namespace

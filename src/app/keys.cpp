@@ -8,6 +8,14 @@ void keys_switches() {
   if (key_pressed('G')) plot_grid ^= 1;
 }
 
+void keys_new_maze(World *world) {
+  if (!key_pressed('N')) return;
+  Maze_destroy(world->root, 1);
+  World_new_maze(world, (key_down(vk_shift) ? 1 : 0) + (key_down(vk_control) ? 1 : 0));
+  world->time = 0.0;
+  GrowList_clear(&world->roamers); // their places were in the old tree
+}
+
 bool keys_quit() {
   return key_down(vk_escape) || key_down('Q');
 }

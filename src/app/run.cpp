@@ -48,6 +48,7 @@ bool run_start(Run *run) {
   shader_procs_load(); // no picture without shaders: told at once, not at the first draw
   World_new(&run->world, 0);
   run->control = {};
+  run->relaxation = {1.0};
   if (windowed == 0) gfx_mouse_recentre(nullptr, nullptr);
   run->last_clock = gfx_clock();
   if (screen_width == 0) {
@@ -68,6 +69,8 @@ bool run_frame(Run *run) {
   World_apply_view(world);
   keys_switches();
   stereo_scene(world);
+  keys_new_maze(world);
+  relax_frame(&run->relaxation, world->cur.maze, dt, key_down('R'), key_down('E'));
   gfx_swap(0);
   return gfx_pump() == 0 && !keys_quit();
 }

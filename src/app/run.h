@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/relaxation.h"
 #include "app/view_control.h"
 #include "world/world.h"
 
@@ -7,6 +8,7 @@
 struct Run {
   World world;
   ViewControl control;
+  Relaxation relaxation;
   double last_clock; // seconds, of gfx_clock
 };
 

@@ -2,10 +2,12 @@
 
 #include "maze/maze.h"
 
-// A new maze, owned by the caller, in which every loop of `maze` has been broken: each edge is
-// tried once, in random order, and goes unless its two ends would fall apart (reverse deletion).
-// The result is a random spanning tree of each component. Numbering, places, colours, halfwidth
-// and name are kept, submazes are copied along, and the times of the edges are back at never. A
-// node's rows are not in the order of the input: a kept edge is taken out, which moves the last
-// row into its place, and put back at the end.
+// Breaks every loop of a maze: each edge is tried once, in random order, and goes unless its two
+// ends would fall apart (reverse deletion). What is left is a random spanning tree of each
+// component. Numbering, places, colours, submazes, halfwidth and name are kept, and the times of
+// the edges are back at never. A node's rows change their order: each kept edge is taken out, which
+// moves the last row into its place, and put back at the end.
+void Maze_carve(Maze *maze);
+
+// A carved copy, submazes included, owned by the caller.
 Maze *Maze_carved(const Maze *maze);

@@ -77,6 +77,13 @@ void Maze_bounds(const Maze *maze, Vec3 *min, Vec3 *max) {
   }
 }
 
+Vec3 Maze_mean(const Maze *maze) {
+  Vec3 sum = {};
+  for (int32_t i = 0; i < maze_count(maze); ++i)
+    sum = sum + node_position(maze_nodes(maze)[i]);
+  return sum * (1.0 / std::max(maze_count(maze), 1));
+}
+
 double Maze_quad_angle(const Maze *maze, int32_t node) {
   const MazeNode &here = maze_nodes(maze)[node];
   double cosines = 0.0;

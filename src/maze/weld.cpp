@@ -1,34 +1,50 @@
 #include "maze/edit.h"
 
 #include <cassert>
+#include <cstddef>
+#include <vector>
 
 #include "maze/pos.h"
+#include "support/point_grid.h"
 
 // Nodes are one place up to this distance, 0.75 world units, squared.
 static constexpr double weld_distance_squared = 0.5625;
 
-// The node of b on which a node at p comes to lie, or -1.
-static int32_t weld_partner(const Maze *b, Vec3 p) {
-  const MazeNode *nodes = maze_nodes(b);
+// Below this many pairs of nodes, looking at all of them is quicker than sorting.
+static constexpr size_t few_pairs = 4096;
+
+// The place of the node of b on which a node at p comes to lie, or -1; by looking at all.
+static int32_t weld_partner(const std::vector<Vec3> &places, Vec3 p) {
   double best_distance = 9e99;
-  int32_t best = -1;
-  for (int32_t j = maze_count(b); j-- > 0;) {
-    const double distance = length_squared(node_position(nodes[j]) - p);
+  size_t best = 0;
+  for (size_t j = places.size(); j-- > 0;) {
+    const double distance = length_squared(places[j] - p);
     if (!(distance < best_distance)) continue; // nothing is near a place that isn't finite
     best_distance = distance;
     best = j;
   }
-  return best_distance <= weld_distance_squared ? best : -1;
+  return best_distance <= weld_distance_squared ? static_cast<int32_t>(best) : -1;
+}
+
+static std::vector<Vec3> node_places(const Maze *maze) {
+  std::vector<Vec3> places(maze->nodes.count);
+  for (uint32_t i = 0; i < maze->nodes.count; i++)
+    places[i] = node_position(maze_nodes(maze)[i]);
+  return places;
 }
 
 // For each node of a the index in the merged maze of its partner, or -1.
-static GrowList weld_map(const Maze *a, const Maze *b) {
-  GrowList map;
-  GrowList_init(&map, sizeof(int32_t));
-  for (int32_t i = 0; i < maze_count(a); i++) {
-    const int32_t partner = weld_partner(b, node_position(maze_nodes(a)[i]));
-    const int32_t merged = partner < 0 ? -1 : maze_count(a) + partner;
-    GrowList_append(&map, &merged);
+static std::vector<int32_t> weld_map(const Maze *a, const Maze *b) {
+  const std::vector<Vec3> places = node_places(b);
+  const bool few = size_t{a->nodes.count} * b->nodes.count <= few_pairs;
+  PointGrid grid;
+  const bool sorted = !few && PointGrid_build(&grid, places);
+  std::vector<int32_t> map(a->nodes.count);
+  for (uint32_t i = 0; i < a->nodes.count; i++) {
+    const Vec3 p = node_position(maze_nodes(a)[i]);
+    const int32_t partner =
+        sorted ? PointGrid_nearest(&grid, p, weld_distance_squared) : weld_partner(places, p);
+    map[i] = partner < 0 ? -1 : maze_count(a) + partner;
   }
   return map;
 }
@@ -59,8 +75,8 @@ static void carry_over(Maze *maze, int32_t i, uint32_t r, int32_t y) {
 
 Maze *Maze_weld(const Maze *a, const Maze *b) {
   const int32_t n = maze_count(a);
-  GrowList list = weld_map(a, b);
-  const int32_t *map = rows<int32_t>(list);
+  const std::vector<int32_t> partners = weld_map(a, b);
+  const int32_t *map = partners.data();
   Maze *welded = Maze_merged(a, b);
   for (int32_t i = 0; i < n; i++) {
     if (map[i] >= 0) continue;
@@ -73,6 +89,5 @@ Maze *Maze_weld(const Maze *a, const Maze *b) {
   }
   for (int32_t v = n; v-- > 0;)
     if (map[v] >= 0) Maze_delete_node(welded, v);
-  GrowList_free(&list);
   return welded;
 }

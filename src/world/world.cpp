@@ -19,8 +19,8 @@ void World_new(World *world, int32_t mode) {
   world->camera = Pos_position(world->cur) + world->zoom * Mat3_row(world->view, 2);
 }
 
-void World_new_maze(World *world, int32_t /*mode*/) {
-  world->root = Maze_choose();
+void World_new_maze(World *world, int32_t mode) {
+  world->root = Maze_choose(mode);
   world->cur = World_first_place(world->root);
   world->offset = {0, 0, 0};
 }

@@ -30,9 +30,9 @@ struct World {
 // its first node. What the record held before is not released.
 void World_new(World *world, int32_t mode);
 
-// Replaces the tree by a new random maze and puts the user on its first place; the caller has
-// destroyed the old tree. Clock, view, camera, zoom and Roamers stay. Any `mode` is accepted; there
-// is one kind of maze so far, and every mode makes that one.
+// Replaces the tree by a new random one and puts the user on its first place: a patchwork of tiles
+// for mode 1, a ladder of rooms for 2, else a single topology, perhaps with mazes nested in it. The
+// caller has destroyed the old tree. Clock, view, camera, zoom and Roamers stay.
 void World_new_maze(World *world, int32_t mode);
 
 // Where a walk through a tree starts: node 0 of its root or, where that holds a submaze, of the

@@ -2,6 +2,9 @@
 . "$(dirname "$0")/lib.sh"
 desktop_start
 vorel_start
+ladder
+hold 0.8 x # so that rooms are in view
+sleep 1.5
 
 shot 0.png
 sleep 0.5
@@ -30,7 +33,7 @@ xdotool click 4
 expect_change "the wheel turned forward"
 # A press counts the way from the middle of the window, so it starts there.
 eval "$(xdotool getwindowgeometry --shell "$vorel_window")"
-# drag BUTTON: to the right and a little upwards; the first node has a corridor to one side or both.
+# drag BUTTON: to the right, along the corridor, and a little upwards.
 drag() {
   xdotool mousemove --window "$vorel_window" $((WIDTH / 2)) $((HEIGHT / 2))
   xdotool mousedown "$1"

@@ -12,15 +12,14 @@ ink() {
   convert "$1" -colorspace gray -threshold 10% -format '%[fx:round(mean*100)]' info:
 }
 
-shot small.png
+ladder
+hold 0.8 x # the start of the ladder stands in the middle, and rooms to the right of it
 xdotool windowsize --sync "$vorel_window" 1000 500
 sleep 1
 shot wide.png
 [ "$(identify -format '%wx%h' wide.png)" = 1000x500 ] || fail "the window did not take its new size"
-[ "$(ink wide.png)" -ge 3 ] || fail "nothing to see in the resized window"
-# The maze's corner is in the middle, so the right edge of the frame shows maze.
 convert wide.png -gravity East -crop 300x500+0+0 +repage right.png
-[ "$(ink right.png)" -ge 3 ] || fail "the picture does not fill the resized window"
+[ "$(ink right.png)" -ge 2 ] || fail "the picture does not fill the resized window"
 
 xdotool windowminimize --sync "$vorel_window"
 sleep 1

@@ -2,43 +2,101 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
 
-#include "generate/carve.h"
-#include "generate/flat.h"
 #include "generate/owned_maze.h"
-#include "generate/paint.h"
+#include "generate/topology.h"
+#include "literal.h"
+#include "maze/pos.h"
+#include "scenarios.h"
 #include "support/random.h"
 
 namespace {
 
-TEST(Choose, MakesExactlyWhatItsDrawsSay) {
-  // Between them these seeds draw every kind, numbers close to either side of both odds, and long
-  // planes as well as high ones.
-  for (const uint32_t seed : {2, 12, 24, 59, 72, 109, 201, 212}) {
+// What there is in a tree, all levels.
+struct Census {
+  int64_t mazes, plain, entries; // entries of Pos_alledges of all plain nodes
+};
+
+void count(Maze *maze, Census *census) {
+  ++census->mazes;
+  for (int32_t i = 0; i < maze_count(maze); ++i) {
+    if (Maze *below = maze_nodes(maze)[i].submaze) {
+      count(below, census);
+      continue;
+    }
+    Pos to[pos_max_edges];
+    ++census->plain;
+    census->entries += Pos_alledges(maze, i, to, nullptr);
+  }
+}
+
+// How many places a walk from `start` comes to.
+int64_t walk(Pos start) {
+  std::set<std::pair<Maze *, int32_t>> seen = {{start.maze, start.node}};
+  for (std::vector<Pos> todo = {start}; !todo.empty();) {
+    Pos to[pos_max_edges];
+    const Pos here = todo.back();
+    todo.pop_back();
+    for (int32_t k = Pos_alledges(here.maze, here.node, to, nullptr); k-- > 0;)
+      if (seen.emplace(to[k].maze, to[k].node).second) todo.push_back(to[k]);
+  }
+  return static_cast<int64_t>(seen.size());
+}
+
+Maze *innermost(Maze *maze) {
+  while (maze_nodes(maze)[0].submaze)
+    maze = maze_nodes(maze)[0].submaze;
+  return maze;
+}
+
+// Every draw in its order: both go through the same sequence and end at the same place in it. Each
+// kind is met three times, or twice where it is nested and meets all topologies by itself; together
+// they meet every branch of colour, wave and warp.
+TEST(Choose, EveryModeIsTheLiteralTree) {
+  std::map<int32_t, int32_t> met; // by kind of mode 0, and by -mode
+  for (uint32_t seed = 1; seed <= 60; ++seed) {
     rand_seed(seed);
-    const OwnedMaze made(Maze_choose());
+    const int32_t mode = seed % 10 == 1 ? 1 : seed % 10 == 2 ? 2 : 0;
+    const int32_t kind = mode == 0 ? rand_int(12) : -mode;
+    if (++met[kind] > (kind < 0 || kind == 8 || kind == 9 ? 2 : 3)) continue;
+    rand_seed(seed);
+    const OwnedMaze wanted(literal_choose(mode));
     const int32_t next_draw = rand15();
     rand_seed(seed);
-    const double f = std::exp(rand_real(2.0) - 1.0);
-    const auto w = static_cast<int32_t>(static_cast<float>(50.0 * f));
-    const auto h = static_cast<int32_t>(static_cast<float>(50.0 / f));
-    const OwnedMaze plane(Maze_plane_xy(w, h)), plain(Maze_carved(plane.get()));
-    const bool flat = rand_int(2) == 0;
-    uint32_t colour = 0;
-    for (int32_t shift = 0; flat && shift < 24; shift += 8)
-      colour |= static_cast<uint32_t>(255.0 * (rand_real(0.5) + 0.25) + 0.5) << shift;
-    const bool wave = rand_int(6) == 0, warp = rand_int(3) == 0;
-    EXPECT_EQ(rand15(), next_draw) << "another number of draws";
-    const auto bent = [warp](double c) { return 2.5 * (warp ? 2 * c + 1.5 * std::sin(c) : c); };
-    ASSERT_EQ(maze_count(made.get()), w * h);
-    for (int32_t i = 0; i < w * h; ++i) {
-      const MazeNode &node = maze_nodes(made.get())[i], &lattice = maze_nodes(plain.get())[i];
-      const auto [x, y, flat_z] = node_position(lattice);
-      const double z = wave ? 4.0 * (std::sin(x / 4) + std::sin(y / 4)) : flat_z;
-      ASSERT_LT(length(node_position(node) - Vec3{bent(x), bent(y), bent(z)}), 1e-9);
-      ASSERT_EQ(node.self.colour, flat ? colour : colour_field_sine({x, y, 0}));
-      ASSERT_EQ(node.degree, lattice.degree); // carved with the same draws
+    const OwnedMaze made(Maze_choose(mode));
+    ASSERT_EQ(rand15(), next_draw) << "another number of draws, seed " << seed;
+    ASSERT_STREQ(literal_difference(made.get(), wanted.get()), nullptr) << "seed " << seed;
+    ASSERT_STREQ(scenario_fault(made.get()), nullptr) << "seed " << seed;
+    // One tree through all its doors: as many ways as a tree of so many places has, and no place
+    // out of reach.
+    Census census = {};
+    count(made.get(), &census);
+    EXPECT_EQ(census.entries, 2 * (census.plain - 1)) << "seed " << seed;
+    EXPECT_EQ(walk({innermost(made.get()), 0}), census.plain) << "seed " << seed;
+  }
+  EXPECT_EQ(met.size(), 14u);
+}
+
+TEST(Choose, LadderIsALineOfRoomsWithLabels) {
+  const OwnedMaze ladder(Maze_choose(2));
+  for (int32_t k = 0; k < 12; ++k) {
+    const MazeNode &node = maze_nodes(ladder.get())[k];
+    ASSERT_EQ(node.submaze != nullptr, k > 0 && k < 11);
+    if (!node.submaze) continue;
+    EXPECT_EQ(maze_count(node.submaze), (4 * k + 1) * (4 * k + 1));
+    EXPECT_DOUBLE_EQ(node.submaze->halfwidth, 0.1 * k);
+    EXPECT_EQ(std::string("1.01.") + (k < 10 ? "0" : "1") + std::to_string(k % 10),
+              node.submaze->name);
+    // Doors lie in the middles of the sides towards the neighbours on the line.
+    for (uint32_t r = 0; r < node.degree; ++r) {
+      const Vec3 door = node_position(maze_nodes(node.submaze)[r]) - node_position(node);
+      EXPECT_NEAR(door.x, (node.nbr[r] > k ? 5.0 : -5.0) * k, 1e-9);
+      EXPECT_NEAR(door.y, 0.0, 1e-9);
     }
   }
 }

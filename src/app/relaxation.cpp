@@ -1,0 +1,36 @@
+#include "app/relaxation.h"
+
+#include <algorithm>
+
+#include "generate/relax.h"
+#include "maze/attachment.h"
+
+namespace {
+
+constexpr double longest_step = 0.05; // seconds: a slow frame moves no further
+constexpr double greatest_rate = 1000000.0;
+constexpr double experiment_step = 0.1; // a frame, however long it was
+
+// What follows from the places of nodes.
+constexpr const char *stale[] = {"lists",        "ballstick_ballslist", "ballstick_stickslist",
+                                 "voronoi",      "voronoilist",         "gantrylist",
+                                 "EdgeAngleRecs"};
+
+} // namespace
+
+void relax_frame(Relaxation *relaxation, Maze *maze, double dt, bool simplify, bool experiment) {
+  double &rate = relaxation->simplify_rate;
+  if (simplify) {
+    Maze_smooth(maze, std::min(std::min(dt, longest_step) * rate, 1.0));
+    rate = std::min((1.0 + dt) * rate, greatest_rate);
+  } else {
+    rate = 1.0;
+  }
+  if (experiment) {
+    Maze_smooth(maze, experiment_step);
+    Maze_repel(maze, experiment_step);
+  }
+  if (!simplify && !experiment) return;
+  for (const char *name : stale)
+    Attachment_drop_tree(maze, name);
+}

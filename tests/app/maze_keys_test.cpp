@@ -1,0 +1,100 @@
+#include "app/keys.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <iterator>
+
+#include "app/relaxation.h"
+#include "gfx/input.h"
+#include "maze/attachment.h"
+#include "scenarios.h"
+#include "support/random.h"
+
+namespace {
+
+const char *const drawn[] = {"lists",        "ballstick_ballslist", "ballstick_stickslist",
+                             "voronoi",      "voronoilist",         "gantrylist",
+                             "EdgeAngleRecs"};
+
+void hang_drawings(Maze *maze) {
+  for (const char *name : drawn)
+    Attachment_add(maze, name, 1, nullptr);
+  Attachment_add(maze, "of another kind", 1, nullptr);
+}
+
+size_t left_of(const Maze *maze) {
+  return maze->attachments.count;
+}
+
+TEST(Relaxation, SimplifyingSpeedsUpAndIsCappedAndStartsAgain) {
+  Maze *path = scenario_path(3);
+  Relaxation state = {1.0};
+  const auto step = [&](double dt, bool held) { // how far the left end goes, of its distance of 1
+    maze_nodes(path)[0].x = 0;
+    maze_nodes(path)[1].x = 1;
+    maze_nodes(path)[2].x = 2;
+    relax_frame(&state, path, dt, held, false);
+    return maze_nodes(path)[0].x;
+  };
+  EXPECT_DOUBLE_EQ(step(0.01, true), 0.01);
+  EXPECT_DOUBLE_EQ(step(0.01, true), 0.0101);
+  EXPECT_DOUBLE_EQ(step(3.0, true), 0.05 * 1.01 * 1.01);        // a slow frame moves no further
+  EXPECT_DOUBLE_EQ(step(0.01, true), 0.01 * 1.01 * 1.01 * 4.0); // but its time counts
+  EXPECT_DOUBLE_EQ(step(0.01, false), 0.0);
+  EXPECT_DOUBLE_EQ(step(0.01, true), 0.01);
+  for (int32_t frame = 0; frame < 30; ++frame)
+    step(1.0, true);
+  EXPECT_DOUBLE_EQ(step(0.04, true), 1.0);
+  EXPECT_DOUBLE_EQ(state.simplify_rate, 1e6);
+  Maze_destroy(path, 1);
+}
+
+TEST(Relaxation, WhatIsDrawnGoesBelowTheMazeAndOnlyWhenItMoved) {
+  const ThreeLevels t = scenario_three_levels();
+  for (Maze *maze : {t.root, t.m1, t.m2, t.n2, t.n3})
+    hang_drawings(maze);
+  Relaxation state = {1.0};
+  relax_frame(&state, t.m1, 0.01, false, false);
+  EXPECT_EQ(left_of(t.m1), std::size(drawn) + 1);
+  const Vec3 outside = node_position(maze_nodes(t.root)[0]);
+  relax_frame(&state, t.m1, 0.01, false, true);
+  EXPECT_TRUE(left_of(t.m1) == 1 && left_of(t.n2) == 1 && left_of(t.n3) == 1);
+  EXPECT_TRUE(left_of(t.root) == std::size(drawn) + 1 && left_of(t.m2) == std::size(drawn) + 1);
+  EXPECT_EQ(length(node_position(maze_nodes(t.root)[0]) - outside), 0.0);
+  Maze_destroy(t.root, 1);
+}
+
+TEST(NewMaze, ModeIsTheNumberOfShiftAndControlOnThePressAlone) {
+  World world;
+  rand_seed(1);
+  World_new(&world, 2);
+  const int32_t held[][2] = {
+      {vk_shift, vk_control}, {vk_control, vk_control}, {vk_shift, vk_shift}};
+  for (const auto &[first, second] : held) {
+    std::memset(key_state, 0, sizeof key_state);
+    key_state['N'] = key_state[first] = key_state[second] = 0x80;
+    std::memset(key_state_prev, 0, sizeof key_state_prev);
+    const Roamer walker = {0, 0, world.cur, world.cur};
+    GrowList_append(&world.roamers, &walker);
+    world.time = 77;
+    world.zoom = 33;
+    keys_new_maze(&world);
+    EXPECT_TRUE(world.time == 0 && world.zoom == 33 && world.roamers.count == 0);
+    EXPECT_EQ(maze_count(world.root) == 12, first != second); // the ladder's line, or a patchwork
+    ASSERT_NE(world.root->name, nullptr);
+    EXPECT_EQ(world.cur.node, 0);
+  }
+  const Maze *root = world.root;
+  std::memcpy(key_state_prev, key_state, sizeof key_state);
+  keys_new_maze(&world);
+  EXPECT_EQ(world.root, root);
+  std::memset(key_state_prev, 0, sizeof key_state_prev);
+  key_state[vk_shift] = 0;
+  keys_new_maze(&world);
+  EXPECT_EQ(world.root->name, nullptr);
+  World_free(&world);
+  std::memset(key_state, 0, sizeof key_state);
+}
+
+} // namespace

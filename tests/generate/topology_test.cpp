@@ -1,0 +1,215 @@
+#include "generate/topology.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <map>
+#include <numeric>
+#include <vector>
+
+#include "generate/closed.h"
+#include "generate/curved.h"
+#include "generate/flat.h"
+#include "generate/owned_maze.h"
+#include "generate/transform.h"
+#include "maze/pos.h"
+#include "maze/reach.h"
+#include "scenarios.h"
+#include "support/random.h"
+
+namespace {
+
+Vec3 cross(Vec3 a, Vec3 b) {
+  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
+
+using Normal = std::function<Vec3(Vec3)>;
+
+// The rows of a node in counter-clockwise order as seen from where the normal points.
+std::vector<int32_t> turn_order(const Maze *maze, int32_t i, Vec3 normal) {
+  const MazeNode *nodes = maze_nodes(maze);
+  const Vec3 right =
+      cross(normal, std::abs(normal.x) < 0.9 * length(normal) ? Vec3{1, 0, 0} : Vec3{0, 1, 0});
+  const Vec3 up = cross(normal, right) * (1.0 / length(normal));
+  const auto angle = [&](int32_t to) {
+    const Vec3 d = node_position(nodes[to]) - node_position(nodes[i]);
+    return std::atan2(dot(d, up), dot(d, right));
+  };
+  std::vector<int32_t> order(nodes[i].nbr, nodes[i].nbr + nodes[i].degree);
+  std::sort(order.begin(), order.end(), [&](int32_t a, int32_t b) { return angle(a) < angle(b); });
+  return order;
+}
+
+// Nodes less edges and more faces, where a face is what a walk that always takes the next edge in
+// turn order goes around.
+int32_t euler_characteristic(const Maze *maze, const Normal &normal) {
+  std::vector<std::vector<int32_t>> order;
+  for (int32_t i = 0; i < maze_count(maze); ++i)
+    order.push_back(turn_order(maze, i, normal(node_position(maze_nodes(maze)[i]))));
+  std::map<std::pair<int32_t, int32_t>, bool> walked; // half edges
+  int32_t faces = 0;
+  for (int32_t i = 0; i < maze_count(maze); ++i)
+    for (const int32_t first : order[static_cast<size_t>(i)]) {
+      faces += walked[{i, first}] ? 0 : 1;
+      for (int32_t from = i, to = first; !walked[{from, to}];) {
+        walked[{from, to}] = true;
+        const std::vector<int32_t> &around = order[static_cast<size_t>(to)];
+        const auto back = std::find(around.begin(), around.end(), from);
+        from = to;
+        to = back + 1 == around.end() ? around.front() : back[1];
+      }
+    }
+  return maze_count(maze) - static_cast<int32_t>(walked.size() / 2) + faces;
+}
+
+bool connected(const Maze *maze) {
+  uint8_t *reached = Maze_reach(maze, 0);
+  const bool all = std::count(reached, reached + maze_count(maze), 0) == 0;
+  std::free(reached);
+  return all;
+}
+
+uint32_t highest_degree(const Maze *maze) {
+  uint32_t highest = 0;
+  for (int32_t i = 0; i < maze_count(maze); ++i)
+    highest = std::max(highest, maze_nodes(maze)[i].degree);
+  return highest;
+}
+
+// What holds for every surface: its nodes, what it is, and how far each place is from it.
+void expect_surface(Maze *made, int32_t count, uint32_t degree, int32_t euler, const Normal &normal,
+                    const std::function<double(Vec3)> &off) {
+  const OwnedMaze maze(made);
+  ASSERT_EQ(maze_count(made), count);
+  EXPECT_EQ(highest_degree(made), degree);
+  EXPECT_STREQ(scenario_fault(made), nullptr);
+  EXPECT_TRUE(connected(made));
+  EXPECT_EQ(euler_characteristic(made, normal), euler);
+  for (int32_t i = 0; i < count; ++i) {
+    const Vec3 here = node_position(maze_nodes(made)[i]);
+    ASSERT_NEAR(off(here), 0.0, 1e-9) << "node " << i;
+    for (uint32_t r = 0; r < maze_nodes(made)[i].degree; ++r) {
+      const double step =
+          length(node_position(maze_nodes(made)[maze_nodes(made)[i].nbr[r]]) - here);
+      ASSERT_TRUE(step > 0.3 && step < 2.2) << "an edge of length " << step;
+    }
+  }
+}
+
+Vec3 upwards(Vec3) {
+  return {0, 0, 1};
+}
+
+double height(Vec3 p) {
+  return p.z;
+}
+
+TEST(Topology, DiscsArePlanar) {
+  for (const int32_t n : {4, 9, 10, 25})
+    expect_surface(Maze_hexagon(n), 3 * n * n + 3 * n + 1, 6, 2, upwards, height);
+  const std::map<int32_t, int32_t> combs = {{4, 42}, {9, 180}, {10, 222}, {50, 5100}};
+  for (const auto &[n, count] : combs)
+    expect_surface(Maze_honeycomb(n, 1), count, 3, 2, upwards, height);
+  const std::map<int32_t, int32_t> discs = {{4, 44}, {9, 268}, {10, 332}, {50, 7692}};
+  for (const auto &[outer, count] : discs)
+    expect_surface(Maze_polar(outer, 1), count, 4, 2, upwards,
+                   [](Vec3 p) { return p.z + length(p) - std::round(length(p)); });
+  const OwnedMaze dot(Maze_hexagon(0)), none(Maze_polar(0, 1)), below(Maze_hexagon(-1));
+  const OwnedMaze small(Maze_sphere(0.5));
+  EXPECT_EQ(maze_count(dot.get()), 1);
+  EXPECT_EQ(maze_count(none.get()) + maze_count(below.get()) + maze_count(small.get()), 0);
+}
+
+TEST(Topology, ClosedSurfacesAreWhatTheyAreCalled) {
+  const std::map<int32_t, int32_t> spheres = {{4, 136}, {9, 984}, {10, 1240}, {20, 5016}};
+  for (const auto &[radius, count] : spheres)
+    expect_surface(
+        Maze_sphere(radius), count, 4, 2, [](Vec3 p) { return p; },
+        [radius = radius](Vec3 p) { return length(p) - radius; });
+  const int32_t boxes[][3] = {{1, 1, 1}, {9, 9, 9}, {1, 19, 7}, {21, 2, 21}};
+  for (const auto &[a, b, c] : boxes) {
+    const Vec3 half = {0.5 * a, 0.5 * b, 0.5 * c};
+    // Outwards, by the nearest side; slantwise at rims, where faces meet.
+    const auto outwards = [half](Vec3 p) {
+      const Vec3 d = p - half;
+      return Vec3{d.x / half.x, d.y / half.y, d.z / half.z};
+    };
+    const auto side = [half](Vec3 p) {
+      const Vec3 d = p - half;
+      return std::max({std::abs(d.x) - half.x, std::abs(d.y) - half.y, std::abs(d.z) - half.z});
+    };
+    const bool cube = a * b * c == 1;
+    const auto steeply = [outwards](Vec3 p) {
+      Vec3 n = outwards(p);
+      for (double *c_n : {&n.x, &n.y, &n.z})
+        if (std::abs(*c_n) < 0.999) *c_n = 0;
+      return n;
+    };
+    expect_surface(Maze_box(a, b, c), 2 * (a * b + b * c + c * a) + 2, cube ? 3 : 4, 2, steeply,
+                   side);
+  }
+  const double tori[][2] = {{2, 1}, {6, 3}, {20, 10}};
+  for (const auto &[major, minor] : tori) {
+    const int32_t nu = static_cast<int32_t>(6.283185 * major);
+    const int32_t nv = static_cast<int32_t>(6.283185 * minor);
+    const auto from_tube = [major = major](Vec3 p) {
+      const double flat = std::hypot(p.x, p.y);
+      return p - Vec3{p.x, p.y, 0} * (major / flat);
+    };
+    expect_surface(Maze_torus(major, minor), nu * nv, 4, 0, from_tube,
+                   [&](Vec3 p) { return length(from_tube(p)) - minor; });
+    const OwnedMaze torus(Maze_torus(major, minor));
+    EXPECT_EQ(Maze_connected(torus.get(), 0, nu * nv - 1, nullptr), nu / 2 + nv / 2);
+  }
+}
+
+// One rim, twice as long as the band: an untwisted band would have two.
+TEST(Topology, BandHasOneSide) {
+  const double bands[][2] = {{2, 1}, {6, 3}, {20, 10}};
+  for (const auto &[major, half] : bands) {
+    const OwnedMaze band(Maze_mobius(major, half));
+    const int32_t nu = static_cast<int32_t>(6.283185 * major);
+    const int32_t nv = static_cast<int32_t>(2 * half + 1);
+    const int32_t last = nu * nv - 1;
+    ASSERT_EQ(maze_count(band.get()), nu * nv);
+    EXPECT_STREQ(scenario_fault(band.get()), nullptr);
+    EXPECT_EQ(Maze_connected(band.get(), 0, last, nullptr), nu / 2 + nv / 2);
+    const MazeNode *nodes = maze_nodes(band.get());
+    int32_t rim = 0;
+    for (int32_t from = -1, at = 0; rim == 0 || at != 0; ++rim) {
+      ASSERT_LT(rim, 2 * nu);
+      int32_t next = -1;
+      for (uint32_t r = 0; r < nodes[at].degree; ++r)
+        if (nodes[nodes[at].nbr[r]].degree == 3 && nodes[at].nbr[r] != from)
+          next = nodes[at].nbr[r];
+      from = at;
+      at = next;
+    }
+    EXPECT_EQ(rim, 2 * nu);
+    for (int32_t i = 0; i <= last; ++i) {
+      const Vec3 p = node_position(nodes[i]);
+      const double a = std::atan2(p.y, p.x) + (std::atan2(p.y, p.x) < -1e-9 ? 6.283185307 : 0);
+      const double across = std::hypot(p.x, p.y) - major;
+      EXPECT_NEAR(across * std::sin(a / 2), p.z * std::cos(a / 2), 1e-6);
+    }
+  }
+}
+
+TEST(Topology, RandomOnesKeepToTheirSize) {
+  for (const double size : {10.0, 20.0, 22.5})
+    for (uint32_t seed = 1; seed <= 60; ++seed) {
+      rand_seed(seed);
+      const OwnedMaze maze(Maze_random_topology(size));
+      ASSERT_STREQ(scenario_fault(maze.get()), nullptr);
+      ASSERT_TRUE(connected(maze.get()));
+      ASSERT_GE(maze_count(maze.get()), 8); // at least a door for each row of a holder
+      Vec3 low, high;
+      Maze_bounds(maze.get(), &low, &high);
+      const Vec3 span = high - low;
+      ASSERT_LE(std::max({span.x, span.y, span.z}), size - 1 + 1e-9) << "seed " << seed;
+    }
+}
+
+} // namespace

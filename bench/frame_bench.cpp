@@ -107,12 +107,12 @@ template <typename Draw> void frames(benchmark::State &state, Draw draw) {
 void frame_vorel(benchmark::State &state) {
   frames(state, [] { stereo_scene(&world); });
 }
-BENCHMARK(frame_vorel)->Unit(benchmark::kMillisecond);
+BENCHMARK(frame_vorel)->Name("frame/vorel")->Unit(benchmark::kMillisecond);
 
 void frame_bare(benchmark::State &state) {
   frames(state, bare_frame);
 }
-BENCHMARK(frame_bare)->Unit(benchmark::kMillisecond);
+BENCHMARK(frame_bare)->Name("frame/bare")->Unit(benchmark::kMillisecond);
 
 } // namespace
 

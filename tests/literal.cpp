@@ -92,7 +92,7 @@ Maze *literal_weld(const Maze *a, const Maze *b) {
   return c;
 }
 
-static Maze *literal_box(int32_t a, int32_t b, int32_t c) {
+Maze *literal_box(int32_t a, int32_t b, int32_t c) {
   Maze *box = Maze_new();
   for (int32_t face = 0; face < 6; ++face) {
     Maze *plane = face < 2   ? Maze_plane_xy(a + 1, b + 1)
@@ -155,7 +155,7 @@ static void literal_nest(Maze *maze, double size) {
   }
 }
 
-static Maze *literal_patchwork() {
+Maze *literal_patchwork() {
   Maze *acc = Maze_new();
   for (int32_t k = 0; k < 25; ++k) {
     Maze *tile = literal_topology(22.5);
@@ -169,8 +169,12 @@ static Maze *literal_patchwork() {
     Maze_translate(tile, {k / 5 * 15.0, k % 5 * 15.0, 0}, 0);
     acc = and_destroy(literal_weld(acc, tile), acc, tile);
   }
-  Maze *connected = and_destroy(Maze_reachable_copy(acc, 0), acc);
-  return and_destroy(literal_carved(connected), connected);
+  return and_destroy(Maze_reachable_copy(acc, 0), acc);
+}
+
+static Maze *literal_carved_patchwork() {
+  Maze *uncarved = literal_patchwork();
+  return and_destroy(literal_carved(uncarved), uncarved);
 }
 
 static Maze *literal_ladder() {
@@ -232,17 +236,19 @@ static Maze *literal_single() {
 }
 
 Maze *literal_choose(int32_t mode) {
-  Maze *root = mode == 0 ? literal_single() : mode == 1 ? literal_patchwork() : literal_ladder();
+  Maze *root = mode == 0   ? literal_single()
+               : mode == 1 ? literal_carved_patchwork()
+                           : literal_ladder();
   if (mode != 0) str_dup_into(&root->name, "1.01");
   Maze_scale(root, 2.5, 1);
   return root;
 }
 
-std::vector<Vec3> literal_repulsion(const std::vector<Vec3> &places) {
-  std::vector<Vec3> forces(places.size(), Vec3{});
-  for (size_t a = 0; a < places.size(); ++a)
-    for (size_t b = 0; b < a; ++b) {
-      const Vec3 d = places[b] - places[a];
+std::vector<Vec3> literal_repulsion(const Maze *maze) {
+  std::vector<Vec3> forces(maze->nodes.count, Vec3{});
+  for (uint32_t a = 0; a < maze->nodes.count; ++a)
+    for (uint32_t b = 0; b < a; ++b) {
+      const Vec3 d = node_position(maze_nodes(maze)[b]) - node_position(maze_nodes(maze)[a]);
       const double r2 = dot(d, d), w = 1 / (r2 * r2);
       forces[b] = forces[b] + d * w;
       forces[a] = forces[a] - d * w;

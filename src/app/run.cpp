@@ -1,5 +1,6 @@
 #include "app/run.h"
 
+#include "app/files.h"
 #include "app/keys.h"
 #include "app/scene.h"
 #include "gfx/gl_util.h"
@@ -41,12 +42,17 @@ void take_input(Run *run, double dt) {
 
 bool run_start(Run *run) {
   textures_keep_component_count = 1;
-  windowed = 1;
+  start_settings(run);
   rand_seed(clock_ticks());
   projection_is_2d = 0;
-  if (gfx_open(screen_width, screen_height, window_title) == 0) return false;
+  if (gfx_open(screen_width, screen_height, window_title) == 0) {
+    report_sentence("the resolution in \"config.txt\" has no width or no height, so there is no "
+                    "window");
+    Settings_free(&run->settings);
+    return false;
+  }
   shader_procs_load(); // no picture without shaders: told at once, not at the first draw
-  World_new(&run->world, 0);
+  start_session(run);
   run->control = {};
   run->relaxation = {1.0};
   if (windowed == 0) gfx_mouse_recentre(nullptr, nullptr);
@@ -76,7 +82,9 @@ bool run_frame(Run *run) {
 }
 
 void run_end(Run *run) {
+  save_session(run);
   World_free(&run->world);
+  end_settings(run);
   gfx_close();
 }
 

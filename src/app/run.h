@@ -2,23 +2,31 @@
 
 #include "app/relaxation.h"
 #include "app/view_control.h"
+#include "support/settings.h"
 #include "world/world.h"
 
 // A run of the program: start-up, the frames, the end.
 struct Run {
+  Settings settings;
+  bool keeps_settings; // false where the file must be left alone
+  bool keeps_session;  // likewise
+  int32_t stereo_mode; // 0 to 8
+  int32_t stereo_swap; // 0 or 1
+  double stereo_depth;
   World world;
   ViewControl control;
   Relaxation relaxation;
   double last_clock; // seconds, of gfx_clock
 };
 
-// Opens the window and makes the session. False if the resolution came out empty.
+// Reads the settings, opens the window and resumes or makes the session. False if the resolution
+// came out empty.
 bool run_start(Run *run);
 
 // One frame; false when it was the last: the window was closed, or Q or Escape is down.
 bool run_frame(Run *run);
 
-// Destroys the session and gives the display back.
+// Saves the session and the settings and gives the display back.
 void run_end(Run *run);
 
 // The whole program; returns its exit status.

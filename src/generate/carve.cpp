@@ -22,6 +22,9 @@ struct EdgePair {
   int32_t a, b; // a below b
 };
 
+// Steps between asking for memory at random places and using it.
+constexpr size_t ahead = 32;
+
 struct Edges {
   std::unique_ptr<EdgePair[]> pairs; // tried from the last to the first
   size_t count;
@@ -43,11 +46,19 @@ Edges collect_edges(const Maze *maze) {
   return edges;
 }
 
-// Fisher and Yates, from the top; the last draw, which can change nothing, is taken too.
+// Fisher and Yates, from the top; the last draw, which can change nothing, is taken too. The draws
+// are made some steps ahead of the exchanges, so that the memory has time to answer.
 void shuffle(const Edges &edges) {
+  size_t partners[ahead];
+  size_t drawn = edges.count; // partners of the pairs from here on are known
   for (size_t k = edges.count; k-- > 0;) {
-    const int32_t r = rand_int(static_cast<int32_t>(k) + 1);
-    std::swap(edges.pairs[k], edges.pairs[r]);
+    while (drawn > 0 && drawn + ahead > k + 1) {
+      --drawn;
+      const auto r = static_cast<size_t>(rand_int(static_cast<int32_t>(drawn) + 1));
+      partners[drawn % ahead] = r;
+      __builtin_prefetch(&edges.pairs[r], 1);
+    }
+    std::swap(edges.pairs[k], edges.pairs[partners[k % ahead]]);
   }
 }
 
@@ -69,28 +80,34 @@ std::vector<bool> later_copies(const Edges &edges) {
   return copies;
 }
 
-// Representative of a node's set; halves the way to it.
-int32_t find_set(int32_t *parents, int32_t node) {
-  while (parents[node] != node) {
-    parents[node] = parents[parents[node]];
-    node = parents[node];
+// A forest over the nodes: the parent of a node or, for the root of a set, minus its size.
+using Sets = std::unique_ptr<int32_t[]>;
+
+Sets separate_sets(int32_t count) {
+  Sets sets = std::make_unique_for_overwrite<int32_t[]>(static_cast<size_t>(count));
+  std::fill_n(sets.get(), count, -1);
+  return sets;
+}
+
+// The root of a node's set; halves the way to it.
+int32_t find_set(int32_t *sets, int32_t node) {
+  for (int32_t parent = sets[node]; parent >= 0; parent = sets[node]) {
+    if (sets[parent] >= 0) sets[node] = sets[parent];
+    node = parent;
   }
   return node;
 }
 
-// Joins the sets of both ends; false if they are one already.
-bool unite(int32_t *parents, EdgePair pair) {
-  const int32_t a = find_set(parents, pair.a);
-  const int32_t b = find_set(parents, pair.b);
-  parents[b] = a;
-  return a != b;
-}
-
-std::unique_ptr<int32_t[]> separate_sets(int32_t count) {
-  auto parents = std::make_unique_for_overwrite<int32_t[]>(static_cast<size_t>(count));
-  for (int32_t i = 0; i < count; ++i)
-    parents[i] = i;
-  return parents;
+// Joins the sets of both ends, the smaller one under the root of the larger; false if they are one
+// already.
+bool unite(const Sets &sets, EdgePair pair) {
+  int32_t a = find_set(sets.get(), pair.a);
+  int32_t b = find_set(sets.get(), pair.b);
+  if (a == b) return false;
+  if (sets[a] > sets[b]) std::swap(a, b);
+  sets[a] += sets[b];
+  sets[b] = a;
+  return true;
 }
 
 // The edges of a node in the order in which they are tried: the neighbour, or ~neighbour for an
@@ -103,7 +120,8 @@ struct Trials {
 // final already and the others as they were.
 uint32_t lower_colour(const MazeNode *nodes, int32_t node, int32_t neighbour) {
   const MazeNode &lower = nodes[std::min(node, neighbour)];
-  return lower.edge[MazeNode_row(lower, std::max(node, neighbour))].colour;
+  const int32_t *row = std::find(lower.nbr, lower.nbr + lower.degree, std::max(node, neighbour));
+  return lower.edge[row - lower.nbr].colour;
 }
 
 // Tries the edges of one node on its neighbours alone: each is taken out, which moves the last one
@@ -111,11 +129,12 @@ uint32_t lower_colour(const MazeNode *nodes, int32_t node, int32_t neighbour) {
 uint32_t try_neighbours(int32_t *nbr, uint32_t degree, const Trials &trials) {
   uint32_t left = degree;
   for (uint32_t k = 0; k < degree; ++k) {
-    const bool stays = trials.to[k] >= 0;
-    const int32_t to = stays ? trials.to[k] : ~trials.to[k];
-    *std::find(nbr, nbr + left, to) = nbr[left - 1];
+    const int32_t goes = trials.to[k] >> 31; // all bits, or none
+    const int32_t to = trials.to[k] ^ goes;
     --left;
-    if (stays) nbr[left++] = to;
+    *std::find(nbr, nbr + left, to) = nbr[left];
+    nbr[left] = to;
+    left += static_cast<uint32_t>(1 + goes);
   }
   return left;
 }
@@ -128,27 +147,45 @@ void rewrite_rows(MazeNode *nodes, int32_t i, const Trials &trials) {
   const uint32_t degree = try_neighbours(nbr, node.degree, trials);
   for (uint32_t row = 0; row < degree; ++row)
     colours[row] = lower_colour(nodes, i, nbr[row]);
-  node.degree = 0;
+  node.degree = degree;
   for (uint32_t row = 0; row < degree; ++row) {
-    MazeNode_append_row(&node, nbr[row]);
-    node.edge[row].colour = colours[row];
+    node.nbr[row] = nbr[row];
+    node.edge[row] = {colours[row], never, never};
   }
+}
+
+// Decides for each edge whether it stays; one that goes has ~b for its b.
+void decide(const Edges &edges, const Sets &sets) {
+  for (size_t k = 0; k < edges.count; ++k) {
+    const EdgePair &soon = edges.pairs[std::min(k + ahead, edges.count - 1)];
+    __builtin_prefetch(&sets[soon.a], 1);
+    __builtin_prefetch(&sets[soon.b], 1);
+    EdgePair &pair = edges.pairs[k];
+    if (!unite(sets, pair)) pair.b = ~pair.b;
+  }
+}
+
+// Hands each edge to its two nodes, in the order of the trials.
+std::unique_ptr<Trials[]> sort_by_node(const Edges &edges, size_t count) {
+  auto trials = std::make_unique_for_overwrite<Trials[]>(count);
+  std::vector<uint8_t> tried(count, 0);
+  for (size_t k = edges.count; k-- > 0;) {
+    const EdgePair &soon = edges.pairs[k > ahead ? k - ahead : 0];
+    __builtin_prefetch(&trials[static_cast<size_t>(soon.a)], 1);
+    __builtin_prefetch(&trials[static_cast<size_t>(std::max(soon.b, ~soon.b))], 1);
+    const int32_t goes = edges.pairs[k].b >> 31; // all bits, or none
+    const auto a = static_cast<size_t>(edges.pairs[k].a);
+    const auto b = static_cast<size_t>(edges.pairs[k].b ^ goes);
+    trials[a].to[tried[a]++] = edges.pairs[k].b;
+    trials[b].to[tried[b]++] = edges.pairs[k].a ^ goes;
+  }
+  return trials;
 }
 
 // For a maze in which no pair stands twice: writes each node's rows in one go.
 void carve_simple(Maze *maze, const Edges &edges) {
-  const auto count = static_cast<size_t>(maze_count(maze));
-  const auto parents = separate_sets(maze_count(maze));
-  std::vector<bool> stays(edges.count);
-  for (size_t k = 0; k < edges.count; ++k)
-    stays[k] = unite(parents.get(), edges.pairs[k]);
-  const auto trials = std::make_unique_for_overwrite<Trials[]>(count);
-  std::vector<uint8_t> tried(count, 0);
-  for (size_t k = edges.count; k-- > 0;) {
-    const auto [a, b] = edges.pairs[k];
-    trials[static_cast<size_t>(a)].to[tried[static_cast<size_t>(a)]++] = stays[k] ? b : ~b;
-    trials[static_cast<size_t>(b)].to[tried[static_cast<size_t>(b)]++] = stays[k] ? a : ~a;
-  }
+  decide(edges, separate_sets(maze_count(maze)));
+  const auto trials = sort_by_node(edges, maze->nodes.count);
   for (int32_t i = 0; i < maze_count(maze); ++i)
     rewrite_rows(maze_nodes(maze), i, trials[static_cast<size_t>(i)]);
 }
@@ -172,9 +209,9 @@ void try_edge(Maze *maze, EdgePair pair, bool stays) {
 // Where pairs stand twice, the first trial of a pair decides, and later ones find what it left.
 void carve_doubled(Maze *maze, const Edges &edges) {
   std::vector<bool> stays = later_copies(edges);
-  const auto parents = separate_sets(maze_count(maze));
+  const Sets sets = separate_sets(maze_count(maze));
   for (size_t k = 0; k < edges.count; ++k)
-    if (!stays[k]) stays[k] = unite(parents.get(), edges.pairs[k]);
+    if (!stays[k]) stays[k] = unite(sets, edges.pairs[k]);
   for (size_t k = edges.count; k-- > 0;)
     try_edge(maze, edges.pairs[k], stays[k]);
 }

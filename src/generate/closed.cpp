@@ -39,12 +39,10 @@ void swap_far_node(Maze *maze, int32_t nu, int32_t nv) {
 }
 
 // Welds a further face, `offset` from where it was built, to the box so far.
-Maze *add_face(Maze *box, Maze *face, Vec3 offset) {
+void add_face(Maze *box, Maze *face, Vec3 offset) {
   Maze_translate(face, offset, 0);
-  Maze *merged = Maze_weld(box, face);
-  Maze_destroy(box, 1);
+  Maze_weld_onto(box, face);
   Maze_destroy(face, 1);
-  return merged;
 }
 
 } // namespace
@@ -53,6 +51,7 @@ Maze *Maze_torus(double major, double minor) {
   const int32_t nu = around(major);
   const int32_t nv = around(minor);
   Maze *maze = Maze_new();
+  GrowList_reserve(&maze->nodes, static_cast<uint32_t>(nu * nv));
   for (int32_t u = 0; u < nu; ++u)
     for (int32_t v = 0; v < nv; ++v)
       append_node(maze, torus_place(major, minor, u * (2.0 * pi) / nu, v * (2.0 * pi) / nv));
@@ -69,6 +68,7 @@ Maze *Maze_mobius(double major, double half) {
   const int32_t nu = around(major);
   const int32_t nv = static_cast<int32_t>(2.0 * half + 1.0);
   Maze *maze = Maze_new();
+  GrowList_reserve(&maze->nodes, static_cast<uint32_t>(nu * nv));
   for (int32_t u = 0; u < nu; ++u)
     for (int32_t v = 0; v < nv; ++v)
       append_node(maze, band_place(major, v - 0.5 * (nv - 1), u * (2.0 * pi) / nu));
@@ -84,11 +84,11 @@ Maze *Maze_mobius(double major, double half) {
 
 Maze *Maze_box(int32_t a, int32_t b, int32_t c) {
   Maze *box = Maze_new();
-  box = add_face(box, Maze_plane_xy(a + 1, b + 1), {0, 0, 0});
-  box = add_face(box, Maze_plane_xy(a + 1, b + 1), {0, 0, static_cast<double>(c)});
-  box = add_face(box, Maze_plane_xz(a + 1, c + 1), {0, 0, 0});
-  box = add_face(box, Maze_plane_xz(a + 1, c + 1), {0, static_cast<double>(b), 0});
-  box = add_face(box, Maze_plane_yz(b + 1, c + 1), {0, 0, 0});
-  box = add_face(box, Maze_plane_yz(b + 1, c + 1), {static_cast<double>(a), 0, 0});
+  add_face(box, Maze_plane_xy(a + 1, b + 1), {0, 0, 0});
+  add_face(box, Maze_plane_xy(a + 1, b + 1), {0, 0, static_cast<double>(c)});
+  add_face(box, Maze_plane_xz(a + 1, c + 1), {0, 0, 0});
+  add_face(box, Maze_plane_xz(a + 1, c + 1), {0, static_cast<double>(b), 0});
+  add_face(box, Maze_plane_yz(b + 1, c + 1), {0, 0, 0});
+  add_face(box, Maze_plane_yz(b + 1, c + 1), {static_cast<double>(a), 0, 0});
   return box;
 }

@@ -70,6 +70,10 @@ void add_ring(Maze *maze, const Rings &rings, int32_t r) {
 
 Maze *build(const Rings &rings) {
   Maze *maze = Maze_new();
+  int64_t count = 0;
+  for (int32_t r = rings.first; r <= rings.last; ++r)
+    count += ring_count(rings, r);
+  GrowList_reserve(&maze->nodes, static_cast<uint32_t>(count));
   for (int32_t r = rings.first; r <= rings.last; ++r)
     add_ring(maze, rings, r);
   return maze;
@@ -85,6 +89,7 @@ Maze *Maze_honeycomb(int32_t n, int32_t holes) {
   Maze *maze = Maze_new();
   if (n < 0 || (n & 1 << 30) != 0) return maze;
   const int32_t m = 2 * n + 1;
+  GrowList_reserve(&maze->nodes, static_cast<uint32_t>(m * m));
   for (int32_t j = 0; j < m; ++j)
     for (int32_t i = 0; i < m; ++i)
       add_skew_node(maze, m, i, j);

@@ -28,6 +28,8 @@ void add_node(Maze *maze, const Lattice &box, int32_t x, int32_t y, int32_t z) {
 
 Maze *build(const Lattice &box) {
   Maze *maze = Maze_new();
+  if (box.w < 1 || box.h < 1 || box.d < 1) return maze;
+  GrowList_reserve(&maze->nodes, static_cast<uint32_t>(box.w * box.h * box.d));
   for (int32_t z = 0; z < box.d; ++z)
     for (int32_t y = 0; y < box.h; ++y)
       for (int32_t x = 0; x < box.w; ++x)

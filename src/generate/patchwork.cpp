@@ -36,10 +36,8 @@ Maze *Maze_patchwork() {
   for (int32_t x = 0; x < side; x += tile_pitch)
     for (int32_t y = 0; y < side; y += tile_pitch) {
       Maze *tile = random_tile(x, y);
-      Maze *welded = Maze_weld(patches, tile);
-      Maze_destroy(patches, 1);
+      Maze_weld_onto(patches, tile);
       Maze_destroy(tile, 1);
-      patches = welded;
     }
   Maze *connected = Maze_reachable_copy(patches, 0);
   Maze_destroy(patches, 1);

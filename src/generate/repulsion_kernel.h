@@ -22,25 +22,36 @@ template <typename Lanes> inline Lanes load_lanes(const double *from) {
   return lanes;
 }
 
-template <typename Lanes> inline void add_lanes(double *to, const Lanes &lanes) {
-  const Lanes sum = load_lanes<Lanes>(to) + lanes;
-  __builtin_memcpy(to, &sum, sizeof sum);
+template <typename Lanes> inline void store_lanes(double *to, const Lanes &lanes) {
+  __builtin_memcpy(to, &lanes, sizeof lanes);
 }
 
-// Pushes place a and the places from b on, one a lane, apart; adds a's share to `force`.
-template <typename Lanes>
-inline void repel_lanes(const RepulsionField &f, int32_t a, int32_t b, Lanes *force) {
-  const Lanes dx = load_lanes<Lanes>(f.x + b) - f.x[a];
-  const Lanes dy = load_lanes<Lanes>(f.y + b) - f.y[a];
-  const Lanes dz = load_lanes<Lanes>(f.z + b) - f.z[a];
-  const Lanes r2 = dx * dx + dy * dy + dz * dz;
-  const Lanes w = 1.0 / (r2 * r2);
-  add_lanes(f.fx + b, dx * w);
-  add_lanes(f.fy + b, dy * w);
-  add_lanes(f.fz + b, dz * w);
-  force[0] -= dx * w;
-  force[1] -= dy * w;
-  force[2] -= dz * w;
+// Pushes the places a, a + 1, ... of a block apart from those from b on, one a lane; adds what the
+// block gets to `forces`.
+template <typename Lanes, int32_t block>
+inline void repel_lanes(const RepulsionField &f, int32_t a, int32_t b, Lanes (*forces)[3]) {
+  const Lanes x = load_lanes<Lanes>(f.x + b);
+  const Lanes y = load_lanes<Lanes>(f.y + b);
+  const Lanes z = load_lanes<Lanes>(f.z + b);
+  Lanes fx = load_lanes<Lanes>(f.fx + b);
+  Lanes fy = load_lanes<Lanes>(f.fy + b);
+  Lanes fz = load_lanes<Lanes>(f.fz + b);
+  for (int32_t i = 0; i < block; ++i) {
+    const Lanes dx = x - f.x[a + i];
+    const Lanes dy = y - f.y[a + i];
+    const Lanes dz = z - f.z[a + i];
+    const Lanes r2 = dx * dx + dy * dy + dz * dz;
+    const Lanes w = 1.0 / (r2 * r2);
+    fx += dx * w;
+    fy += dy * w;
+    fz += dz * w;
+    forces[i][0] -= dx * w;
+    forces[i][1] -= dy * w;
+    forces[i][2] -= dz * w;
+  }
+  store_lanes(f.fx + b, fx);
+  store_lanes(f.fy + b, fy);
+  store_lanes(f.fz + b, fz);
 }
 
 // Adds the lanes of a force on place a to it.
@@ -52,18 +63,32 @@ inline void gather_force(const RepulsionField &f, int32_t a, const Lanes *force)
       *sums[axis] += force[axis][lane];
 }
 
-template <typename Lanes> inline void repel_all(const RepulsionField &field) {
+// Pushes the block of places from a on apart from those from `first` to before `end`.
+template <typename Lanes, int32_t block>
+inline void repel_block(const RepulsionField &f, int32_t a, int32_t first, int32_t end) {
   using One = double __attribute__((vector_size(sizeof(double))));
   constexpr int32_t width = sizeof(Lanes) / sizeof(double);
-  for (int32_t a = 1; a < field.count; ++a) {
-    Lanes force[3] = {};
-    One rest[3] = {};
-    int32_t b = 0;
-    for (; b + width <= a; b += width)
-      repel_lanes<Lanes>(field, a, b, force);
-    for (; b < a; ++b)
-      repel_lanes<One>(field, a, b, rest);
-    gather_force(field, a, force);
-    gather_force(field, a, rest);
+  Lanes forces[block][3] = {};
+  One rest[block][3] = {};
+  int32_t b = first;
+  for (; b + width <= end; b += width)
+    repel_lanes<Lanes, block>(f, a, b, forces);
+  for (; b < end; ++b)
+    repel_lanes<One, block>(f, a, b, rest);
+  for (int32_t i = 0; i < block; ++i) {
+    gather_force(f, a + i, forces[i]);
+    gather_force(f, a + i, rest[i]);
   }
+}
+
+// Two places at a time, so that what they are pushed from is loaded and stored half as often.
+template <typename Lanes> inline void repel_all(const RepulsionField &all) {
+  const RepulsionField field = all; // of its own: no store can be taken to change it
+  int32_t a = 0;
+  for (; a + 2 <= field.count; a += 2) {
+    repel_block<Lanes, 2>(field, a, 0, a);
+    repel_block<Lanes, 1>(field, a + 1, a, a + 1);
+  }
+  for (; a < field.count; ++a)
+    repel_block<Lanes, 1>(field, a, 0, a);
 }

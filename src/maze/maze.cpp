@@ -88,15 +88,19 @@ Maze *Maze_copy(const Maze *maze, int32_t recursive) {
   return copy;
 }
 
-Maze *Maze_merged(const Maze *a, const Maze *b) {
-  Maze *merged = Maze_copy(a, 1);
+void Maze_append(Maze *a, const Maze *b) {
   const int32_t first = maze_count(a);
-  GrowList_append_many(&merged->nodes, b->nodes.data, b->nodes.count);
-  for (int32_t i = maze_count(merged); i-- > first;) {
-    MazeNode &node = maze_nodes(merged)[i];
+  GrowList_append_many(&a->nodes, b->nodes.data, b->nodes.count);
+  for (int32_t i = maze_count(a); i-- > first;) {
+    MazeNode &node = maze_nodes(a)[i];
     for (uint32_t r = node.degree; r-- > 0;)
       node.nbr[r] += first;
   }
-  own_submazes(merged, first);
+  own_submazes(a, first);
+}
+
+Maze *Maze_merged(const Maze *a, const Maze *b) {
+  Maze *merged = Maze_copy(a, 1);
+  Maze_append(merged, b);
   return merged;
 }

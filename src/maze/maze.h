@@ -102,6 +102,9 @@ void Maze_destroy(Maze *maze, int32_t recursive);
 // shares the submazes and must not be destroyed recursively while the source lives.
 Maze *Maze_copy(const Maze *maze, int32_t recursive);
 
-// A recursive copy of `a` with recursive copies of the nodes of `b` behind it, their rows raised
-// by a's node count. No edge joins the two halves.
+// Appends recursive copies of the nodes of `b`, another maze, their rows raised by a's node count.
+// No edge joins the two halves.
+void Maze_append(Maze *a, const Maze *b);
+
+// The same behind a recursive copy of `a`.
 Maze *Maze_merged(const Maze *a, const Maze *b);

@@ -73,21 +73,26 @@ static void carry_over(Maze *maze, int32_t i, uint32_t r, int32_t y) {
   colour_rows(nodes[y], i, colour);
 }
 
-Maze *Maze_weld(const Maze *a, const Maze *b) {
+void Maze_weld_onto(Maze *a, const Maze *b) {
   const int32_t n = maze_count(a);
   const std::vector<int32_t> partners = weld_map(a, b);
   const int32_t *map = partners.data();
-  Maze *welded = Maze_merged(a, b);
+  Maze_append(a, b);
   for (int32_t i = 0; i < n; i++) {
     if (map[i] >= 0) continue;
-    const MazeNode &node = maze_nodes(welded)[i];
+    const MazeNode &node = maze_nodes(a)[i];
     for (uint32_t r = node.degree; r-- > 0;) {
       if (r >= node.degree) continue; // a cut took two rows at once
       const int32_t x = node.nbr[r];
-      if (x < n && map[x] >= 0) carry_over(welded, i, r, map[x]);
+      if (x < n && map[x] >= 0) carry_over(a, i, r, map[x]);
     }
   }
   for (int32_t v = n; v-- > 0;)
-    if (map[v] >= 0) Maze_delete_node(welded, v);
+    if (map[v] >= 0) Maze_delete_node(a, v);
+}
+
+Maze *Maze_weld(const Maze *a, const Maze *b) {
+  Maze *welded = Maze_copy(a, 1);
+  Maze_weld_onto(welded, b);
   return welded;
 }

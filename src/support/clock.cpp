@@ -1,6 +1,7 @@
 #include "support/clock.h"
 
 #include <chrono>
+#include <functional>
 #include <thread>
 
 namespace {
@@ -66,6 +67,10 @@ void clock_reset() {
 
 uint32_t clock_ticks() {
   return clock_source.ticks();
+}
+
+uint32_t clock_thread() {
+  return static_cast<uint32_t>(std::hash<std::thread::id>()(std::this_thread::get_id()));
 }
 
 void clock_sleep(int32_t milliseconds) {

@@ -23,5 +23,8 @@ void clock_reset();
 // Milliseconds since some start, wrapping: the seed of the random numbers.
 uint32_t clock_ticks();
 
+// A number of the running thread, different for different threads that live.
+uint32_t clock_thread();
+
 // Waits.
 void clock_sleep(int32_t milliseconds);

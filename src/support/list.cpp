@@ -75,6 +75,10 @@ uint32_t GrowList_append_many(GrowList *list, const void *row_block, uint32_t m)
   return first;
 }
 
+void GrowList_reserve(GrowList *list, uint32_t capacity) {
+  if (capacity > list->capacity) std::free(change_capacity(list, capacity));
+}
+
 void GrowList_remove(GrowList *list, uint32_t index) {
   assert(list->count > 0);
   const uint32_t last = list->count - 1;

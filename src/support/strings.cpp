@@ -29,6 +29,37 @@ bool ascii_equal(const char *a, const char *b) {
   return ascii_lower(*a) == ascii_lower(*b);
 }
 
+bool ascii_begins(const char *text, const char *start) {
+  while (*start != '\0' && ascii_lower(*text) == ascii_lower(*start)) {
+    text++;
+    start++;
+  }
+  return *start == '\0';
+}
+
+// Goes back to `start` and reads `length` bytes from there as an owned text.
+static char *read_again(FILE *stream, const std::fpos_t *start, size_t length) {
+  char *text = static_cast<char *>(std::malloc(length + 1));
+  std::fsetpos(stream, start);
+  text[std::fread(text, 1, length, stream)] = '\0';
+  return text;
+}
+
+char *file_read_line(FILE *stream) {
+  std::fpos_t start;
+  std::fgetpos(stream, &start);
+  size_t length = 0;
+  int c = std::fgetc(stream);
+  for (; c != '\n' && c != '\r' && c != '\0' && c != EOF; c = std::fgetc(stream))
+    length++;
+  if (c == EOF && length == 0) return nullptr;
+  char *line = read_again(stream, &start, length);
+  const int ending = std::fgetc(stream);
+  const int next = ending == '\r' ? std::fgetc(stream) : EOF;
+  if (next != '\n' && next != EOF) std::ungetc(next, stream);
+  return line;
+}
+
 char *file_read_string(FILE *stream) {
   std::fpos_t start;
   std::fgetpos(stream, &start);
@@ -39,9 +70,7 @@ char *file_read_string(FILE *stream) {
     c = std::fgetc(stream);
   }
   if (c == EOF) return nullptr;
-  char *text = static_cast<char *>(std::malloc(length + 1));
-  std::fsetpos(stream, &start);
-  text[std::fread(text, 1, length, stream)] = '\0';
+  char *text = read_again(stream, &start, length);
   std::fgetc(stream);
   return text;
 }

@@ -17,6 +17,14 @@ int ascii_lower(int c);
 // Whether two names are equal without regard to the case of the letters A to Z.
 bool ascii_equal(const char *a, const char *b);
 
+// Whether `text` begins with `start`, without regard to the case of the letters A to Z.
+bool ascii_begins(const char *text, const char *start);
+
+// Reads a line, which LF, CR, CR LF, NUL or the end of the file ends, and goes past its ending; the
+// caller frees the result, which is without it. Null at the end of the file. The stream must be
+// able to seek.
+char *file_read_line(FILE *stream);
+
 // Reads up to and past the next NUL of a binary stream; the caller frees the result. Null at the
 // end of the file, also when text without a NUL stands before it. The stream must be able to seek.
 char *file_read_string(FILE *stream);

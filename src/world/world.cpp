@@ -3,12 +3,6 @@
 #include "generate/choose.h"
 #include "maze/pos.h"
 
-namespace {
-
-constexpr double initial_zoom = 20.0;
-
-} // namespace
-
 void World_new(World *world, int32_t mode) {
   world->view = mat3_identity;
   world->time = 0.0;
@@ -16,6 +10,10 @@ void World_new(World *world, int32_t mode) {
   world->showtrail = 1;
   GrowList_init(&world->roamers, sizeof(Roamer));
   World_new_maze(world, mode);
+  World_place_camera(world);
+}
+
+void World_place_camera(World *world) {
   world->camera = Pos_position(world->cur) + world->zoom * Mat3_row(world->view, 2);
 }
 

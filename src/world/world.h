@@ -26,6 +26,8 @@ struct World {
   GrowList roamers;  // of Roamer
 };
 
+constexpr double initial_zoom = 20.0; // world units
+
 // Starts a session on a new random maze of the given mode (see World_new_maze), looking down on
 // its first node. What the record held before is not released.
 void World_new(World *world, int32_t mode);
@@ -34,6 +36,9 @@ void World_new(World *world, int32_t mode);
 // for mode 1, a ladder of rooms for 2, else a single topology, perhaps with mazes nested in it. The
 // caller has destroyed the old tree. Clock, view, camera, zoom and Roamers stay.
 void World_new_maze(World *world, int32_t mode);
+
+// Puts the camera straight behind the user's place, at the distance of the zoom.
+void World_place_camera(World *world);
 
 // Where a walk through a tree starts: node 0 of its root or, where that holds a submaze, of the
 // first maze below that has a plain node 0. Every maze on the way must have nodes.

@@ -1,5 +1,7 @@
 #include "app/run.h"
 
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 #include "gfx/input.h"
@@ -15,7 +17,16 @@ double fake_clock() {
   return clock_now;
 }
 
+// A clean folder as the working directory, for a run's files.
+void enter_clean_folder() {
+  const auto folder = std::filesystem::temp_directory_path() / "vorel_run_test";
+  std::filesystem::remove_all(folder);
+  std::filesystem::create_directories(folder);
+  std::filesystem::current_path(folder);
+}
+
 TEST(Run, FramesMoveTheClockAndTheCameraByTheirTime) {
+  enter_clean_folder();
   clock_now = 500.0;
   gfx_clock = fake_clock;
   ::Run run;

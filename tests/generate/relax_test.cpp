@@ -53,7 +53,7 @@ TEST(Relax, RepulsionIsTheSumOfAllPairs) {
     const OwnedMaze maze(scenario_random(n, 0));
     if (n > 6) maze_nodes(maze.get())[5] = maze_nodes(maze.get())[2]; // one place, two nodes
     const std::vector<Vec3> old = places_of(maze.get());
-    const std::vector<Vec3> wanted = literal_repulsion(old);
+    const std::vector<Vec3> wanted = literal_repulsion(maze.get());
     Maze_repel(maze.get(), 0.1);
     for (size_t i = 0; i < old.size(); ++i) {
       const Vec3 moved = node_position(maze_nodes(maze.get())[i]) - old[i];
@@ -70,7 +70,8 @@ TEST(Relax, RepulsionIsTheSumOfAllPairs) {
 // The kernel for pairs runs everywhere; the wide one is what this processor may have run above.
 TEST(Relax, BothKernelsAgree) {
   const OwnedMaze disc(Maze_polar(6, 1));
-  const std::vector<Vec3> places = places_of(disc.get()), wanted = literal_repulsion(places);
+  const std::vector<Vec3> places = places_of(disc.get());
+  const std::vector<Vec3> wanted = literal_repulsion(disc.get());
   std::vector<double> x, y, z;
   for (const Vec3 p : places)
     x.push_back(p.x), y.push_back(p.y), z.push_back(p.z);

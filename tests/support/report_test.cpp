@@ -5,7 +5,10 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <iterator>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -28,4 +31,101 @@ TEST(ReportDeathTest, FatalCanBeReadDuringTheWaitAndEndsWithStatusOne) {
   EXPECT_EXIT(fail_into_file(), testing::ExitedWithCode(1),
               "<2500:\n\\[FATAL ERROR\\] 100%s lost\n>");
   std::filesystem::remove(output_path);
+}
+
+struct Seen {
+  int32_t type;
+  std::string text;
+  double progress;
+};
+static std::vector<Seen> seen;
+
+static void note(report_frame *frame) {
+  seen.push_back({frame->type, frame->text == nullptr ? "-" : frame->text, frame->progress});
+  if (frame->type == report_question) frame->answer = 42;
+}
+
+TEST(Report, StackFollowsTheOperations) {
+  report_handler = note;
+  char words[] = "a temporary";
+  const auto report = [](int32_t type, const char *text, int32_t copy) {
+    return report_inner("report_test", 2, type, text, copy);
+  };
+  report(report_message, words, 1);
+  words[0] = 'X'; // the copy stays
+  EXPECT_EQ(report_depth(), 1u);
+  report(report_begin, "outer", 0);
+  report(report_begin, words, 1);
+  EXPECT_EQ(report_depth(), 3u);
+  report_set_progress(3, 7);
+  report(report_message, words, 1);
+  EXPECT_EQ(report(report_question, "really?", 1), 42); // on a frame that owns its text
+  report(report_warning, "careful", 0);
+  EXPECT_EQ(report_depth(), 3u);
+  report(report_end, nullptr, 0);
+  report(report_end, nullptr, 0);
+  EXPECT_EQ(report_depth(), 1u);
+  EXPECT_GE(report_elapsed(), 0.0);
+  const Seen wanted[] = {{1, "a temporary", 0}, {2, "outer", 0},       {2, "X temporary", 0},
+                         {4, "-", 3},           {1, "X temporary", 0}, {7, "really?", 0},
+                         {6, "careful", 0},     {3, "X temporary", 0}, {3, "outer", 0}};
+  ASSERT_EQ(seen.size(), std::size(wanted));
+  for (size_t i = 0; i < seen.size(); i++)
+    EXPECT_TRUE(seen[i].type == wanted[i].type && seen[i].text == wanted[i].text &&
+                seen[i].progress == wanted[i].progress)
+        << i << ": " << seen[i].text;
+  report_handler = nullptr;
+  report(report_message, nullptr, 1);
+  report_handler = report_print;
+}
+
+// What the program prints for a frame, with words waiting on its standard input.
+static std::string printed(report_frame frame, const char *input) {
+  const std::string input_path = output_path + ".in";
+  std::ofstream(input_path) << input;
+  testing::internal::CaptureStdout();
+  if (std::freopen(input_path.c_str(), "r", stdin) == nullptr) return "no input";
+  report_print(&frame);
+  std::string text = testing::internal::GetCapturedStdout();
+  const int32_t next = std::getchar();
+  std::filesystem::remove(input_path);
+  std::ostringstream all;
+  all << text << '|' << frame.answer;
+  if (next != EOF) all << '|' << static_cast<char>(next);
+  return all.str();
+}
+
+TEST(Report, EachKindIsPrintedInItsWay) {
+  char text[] = "some words";
+  const auto frame = [&](int32_t type, double progress, double total) {
+    report_frame made = {};
+    made.type = type;
+    made.text = text;
+    made.progress = progress;
+    made.progress_total = total;
+    return made;
+  };
+  EXPECT_EQ(printed(frame(report_message, 0, 0), "xy"), "some words\n|0|x");
+  EXPECT_EQ(printed(frame(report_progress, 2, 0), ""), "some words [2]\n|0");
+  EXPECT_EQ(printed(frame(report_progress, 2.5, 1e9), ""), "some words [2.5/1e+09]\n|0");
+  EXPECT_EQ(printed(frame(report_progress, 0, 4), ""), "some words [0/4]\n|0");
+  const std::string warning = "\n[WARNING] some words\nPress any key to continue program\n|0";
+  EXPECT_EQ(printed(frame(report_warning, 0, 0), "xy"), warning + "|y");
+  report_no_wait = 1;
+  EXPECT_EQ(printed(frame(report_warning, 0, 0), "xy"), warning + "|x");
+  report_no_wait = 0;
+  const std::string question = "some words (Y/N) |";
+  EXPECT_EQ(printed(frame(report_question, 0, 0), "Yes\n"), question + "1|\n");
+  EXPECT_EQ(printed(frame(report_question, 0, 0), "  nay"), question + "0");
+  EXPECT_EQ(printed(frame(report_question, 0, 0), ""), question + "0");
+  EXPECT_EQ(printed(frame(report_question, 0, 0), std::string(100, 'y').c_str()), question + "1|y");
+}
+
+TEST(ReportDeathTest, WrongReportsAreFatal) {
+  const auto fail = [](int32_t type) {
+    report_sleep = [](int32_t) { std::cerr << "reported"; };
+    report_inner("report_test", 3, type, "words", 0);
+  };
+  for (const int32_t type : {-1, 0, 3, 4, 8})
+    EXPECT_EXIT(fail(type), testing::ExitedWithCode(1), "reported") << type;
 }

@@ -1,0 +1,188 @@
+// The making of mazes against the literal way of doing it and against spanning trees of general
+// graph libraries, all in one process on the same graphs. Run by scripts/bench.
+
+#include <benchmark/benchmark.h>
+
+#include <boost/graph/adjacency_list.hpp>
+#include <boost/graph/kruskal_min_spanning_tree.hpp>
+#include <boost/graph/prim_minimum_spanning_tree.hpp>
+#include <igraph.h>
+#include <malloc.h>
+
+#include <algorithm>
+#include <climits>
+#include <functional>
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "generate/carve.h"
+#include "generate/choose.h"
+#include "generate/closed.h"
+#include "generate/curved.h"
+#include "generate/flat.h"
+#include "generate/patchwork.h"
+#include "generate/repulsion_kernel.h"
+#include "literal.h"
+#include "support/random.h"
+
+namespace {
+
+using Graph =
+    boost::adjacency_list<boost::vecS, boost::vecS, boost::undirectedS, boost::no_property,
+                          boost::property<boost::edge_weight_t, uint32_t>>;
+using GraphEdge = boost::graph_traits<Graph>::edge_descriptor;
+
+// The same uncarved maze for all who carve it, with random weights for those who need them.
+struct Lattice {
+  Maze *maze;
+  Graph graph;
+  igraph_t other;
+  igraph_vector_t other_weights;
+};
+
+uint32_t random_weight() {
+  const auto high = static_cast<uint32_t>(rand15());
+  return high << 15 | static_cast<uint32_t>(rand15());
+}
+
+Lattice *make_lattice(Maze *maze) {
+  auto *lattice = new Lattice{maze, Graph(maze->nodes.count), {}, {}};
+  std::vector<double> weights;
+  igraph_vector_int_t ends;
+  igraph_vector_int_init(&ends, 0);
+  for (int32_t a = 0; a < maze_count(maze); ++a) {
+    const MazeNode &node = maze_nodes(maze)[a];
+    for (uint32_t r = 0; r < node.degree; ++r) {
+      if (node.nbr[r] < a) continue;
+      weights.push_back(random_weight());
+      boost::add_edge(static_cast<size_t>(a), static_cast<size_t>(node.nbr[r]),
+                      static_cast<uint32_t>(weights.back()), lattice->graph);
+      igraph_vector_int_push_back(&ends, a);
+      igraph_vector_int_push_back(&ends, node.nbr[r]);
+    }
+  }
+  igraph_create(&lattice->other, &ends, maze_count(maze), false);
+  igraph_vector_int_destroy(&ends);
+  igraph_vector_init_array(&lattice->other_weights, weights.data(),
+                           static_cast<igraph_integer_t>(weights.size()));
+  return lattice;
+}
+
+void kruskal(const Lattice *lattice) {
+  std::vector<GraphEdge> tree;
+  tree.reserve(lattice->maze->nodes.count);
+  boost::kruskal_minimum_spanning_tree(lattice->graph, std::back_inserter(tree));
+  benchmark::DoNotOptimize(tree.data());
+}
+
+void prim(const Lattice *lattice) {
+  std::vector<size_t> tree(lattice->maze->nodes.count);
+  boost::prim_minimum_spanning_tree(lattice->graph, tree.data());
+  benchmark::DoNotOptimize(tree.data());
+}
+
+void other_prim(const Lattice *lattice) {
+  igraph_vector_int_t tree;
+  igraph_vector_int_init(&tree, 0);
+  igraph_minimum_spanning_tree(&lattice->other, &tree, &lattice->other_weights);
+  igraph_vector_int_destroy(&tree);
+}
+
+using Step = std::function<void()>;
+
+void measure(const std::string &name, const Step &step) {
+  benchmark::RegisterBenchmark(name.c_str(), [step](benchmark::State &state) {
+    for (auto _ : state)
+      step();
+  })->Unit(benchmark::kMillisecond);
+}
+
+// A maze made by `make` from the same draws each time.
+Step made(uint32_t seed, const std::function<Maze *()> &make) {
+  return [seed, make] {
+    rand_seed(seed);
+    Maze_destroy(make(), 1);
+  };
+}
+
+void measure_both(const std::string &name, uint32_t seed, const std::function<Maze *()> &literal,
+                  const std::function<Maze *()> &ours) {
+  measure(name + "/literal", made(seed, literal));
+  measure(name + "/ours", made(seed, ours));
+}
+
+void measure_carving(const std::string &name, Maze *maze, bool literal) {
+  Lattice *lattice = make_lattice(maze);
+  measure(name + "/ours", made(7, [maze] { return Maze_carved(maze); }));
+  if (literal) measure(name + "/literal", made(7, [maze] { return literal_carved(maze); }));
+  measure(name + "/boost_kruskal", [lattice] { kruskal(lattice); });
+  measure(name + "/boost_prim", [lattice] { prim(lattice); });
+  measure(name + "/igraph", [lattice] { other_prim(lattice); });
+}
+
+void count_nodes(const Maze *maze, int64_t *nodes) {
+  *nodes += maze_count(maze);
+  for (int32_t i = 0; i < maze_count(maze); ++i)
+    if (maze_nodes(maze)[i].submaze) count_nodes(maze_nodes(maze)[i].submaze, nodes);
+}
+
+// Of the first seeds with which this kind of maze comes out, the one with the median node count.
+uint32_t median_seed(int32_t kind, size_t tries) {
+  std::vector<std::pair<int64_t, uint32_t>> sizes;
+  for (uint32_t seed = 1; sizes.size() < tries; ++seed) {
+    rand_seed(seed);
+    if (rand_int(12) != kind) continue;
+    rand_seed(seed);
+    Maze *maze = Maze_choose(0);
+    sizes.emplace_back(0, seed);
+    count_nodes(maze, &sizes.back().first);
+    Maze_destroy(maze, 1);
+  }
+  std::sort(sizes.begin(), sizes.end());
+  return sizes[tries / 2].second;
+}
+
+void measure_repulsion() {
+  Maze *maze = Maze_polar(50, 1);
+  measure("repel/literal", [maze] { benchmark::DoNotOptimize(literal_repulsion(maze).data()); });
+  const size_t n = maze->nodes.count;
+  auto *columns = new std::vector<double>(6 * n, 0.0);
+  double *start = columns->data();
+  for (size_t i = 0; i < n; ++i) {
+    start[i] = maze_nodes(maze)[i].x;
+    start[n + i] = maze_nodes(maze)[i].y;
+    start[2 * n + i] = maze_nodes(maze)[i].z;
+  }
+  const RepulsionField field = {maze_count(maze), start,         start + n,    start + 2 * n,
+                                start + 3 * n,    start + 4 * n, start + 5 * n};
+  measure("repel/two", [field] { repel_by_two(field); });
+  if (__builtin_cpu_supports("avx2")) measure("repel/four", [field] { repel_by_four(field); });
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+  // What is freed is kept and used again, so that no one's time goes into fetching pages.
+  mallopt(M_MMAP_MAX, 0);
+  mallopt(M_TRIM_THRESHOLD, INT_MAX);
+  rand_seed(1);
+  measure_carving("torus", Maze_torus(20, 10), true);
+  measure_carving("polar", Maze_polar(50, 1), true);
+  measure_carving("plane1000", Maze_plane_xy(1000, 1000), false);
+  measure_both("patchwork", 3, literal_patchwork, Maze_patchwork);
+  measure_both(
+      "box", 3, [] { return literal_box(20, 20, 20); }, [] { return Maze_box(20, 20, 20); });
+  const uint32_t torus_seed = median_seed(10, 5), nested_seed = median_seed(9, 31);
+  const auto literal_single = [] { return literal_choose(0); };
+  const auto single = [] { return Maze_choose(0); };
+  measure_both("new_torus", torus_seed, literal_single, single);
+  measure_both(
+      "new_patchwork", 3, [] { return literal_choose(1); }, [] { return Maze_choose(1); });
+  measure_both("new_nested", nested_seed, literal_single, single);
+  measure_repulsion();
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "maze/maze.h"
+#include "support/bytes.h"
+
+// The record of a tree of mazes in a file: a flag byte, the node count, the nodes with the records
+// of their submazes in place, `visited`, `bordermask`, the name. Halfwidths and attachments are not
+// in it.
+
+// Writes the maze and all below it; the flag byte is 1 for the maze `current` and 0 for all others.
+void Maze_write(const Maze *maze, ByteWriter *out, const Maze *current);
+
+// Reads a record, which must describe a well-formed tree of mazes that have nodes, with symmetric
+// rows, plain doors and at most one maze with its flag set; that one goes to `current`, which is
+// left alone if there is none. Places and times may be any numbers. Returns null, with nothing
+// kept, for anything else; whatever the bytes are, no more is read or allocated than they can hold.
+Maze *Maze_read(ByteReader *in, Maze **current);

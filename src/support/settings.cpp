@@ -1,0 +1,114 @@
+#include "support/settings.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "support/file.h"
+#include "support/strings.h"
+
+namespace {
+
+bool is_space(char c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+// An owned copy of the text from `from` to before `to` without white space at its ends.
+char *trimmed_copy(const char *from, const char *to) {
+  while (from < to && is_space(*from))
+    from++;
+  while (from < to && is_space(to[-1]))
+    to--;
+  const size_t length = static_cast<size_t>(to - from);
+  char *copy = static_cast<char *>(std::malloc(length + 1));
+  std::memcpy(copy, from, length);
+  copy[length] = '\0';
+  return copy;
+}
+
+void append_line(Settings *list, const char *line, char separator) {
+  const char *split = std::strchr(line, separator);
+  if (split == nullptr) return;
+  const SettingsEntry entry = {trimmed_copy(line, split),
+                               trimmed_copy(split + 1, line + std::strlen(line))};
+  GrowList_append(list, &entry);
+}
+
+void append_entry(Settings *list, const char *key, const char *value) {
+  SettingsEntry entry;
+  str_dup_into(&entry.key, key);
+  str_dup_into(&entry.value, value);
+  GrowList_append(list, &entry);
+}
+
+} // namespace
+
+bool Settings_load(Settings *list, const char *path, char separator) {
+  GrowList_init(list, sizeof(SettingsEntry));
+  errno = 0;
+  FILE *file = std::fopen(path, "rb");
+  if (file == nullptr) return errno == ENOENT;
+  for (char *line = file_read_line(file); line != nullptr; line = file_read_line(file)) {
+    append_line(list, line, separator);
+    std::free(line);
+  }
+  const bool read = std::ferror(file) == 0;
+  const int cause = errno;
+  std::fclose(file);
+  errno = cause;
+  return read;
+}
+
+const char *Settings_get(const Settings *list, const char *key) {
+  const char *value = nullptr;
+  size_t shortest = SIZE_MAX;
+  for (uint32_t i = list->count; i-- > 0;) {
+    const SettingsEntry &entry = rows<SettingsEntry>(*list)[i];
+    const size_t length = std::strlen(entry.key);
+    if (length >= shortest || !ascii_begins(entry.key, key)) continue;
+    shortest = length;
+    value = entry.value;
+  }
+  return value;
+}
+
+void Settings_set(Settings *list, const char *key, const char *value) {
+  for (uint32_t i = list->count; i-- > 0;) {
+    SettingsEntry &entry = rows<SettingsEntry>(*list)[i];
+    if (!ascii_begins(entry.key, key)) continue;
+    string_assign(&entry.value, value);
+    return;
+  }
+  append_entry(list, key, value);
+}
+
+void Settings_default(Settings *list, const char *key, const char *value) {
+  for (uint32_t i = list->count; i-- > 0;)
+    if (ascii_equal(rows<SettingsEntry>(*list)[i].key, key)) return;
+  append_entry(list, key, value);
+}
+
+bool Settings_save(const Settings *list, const char *path, char separator) {
+  FileReplacement file;
+  if (!file_replace_begin(&file, path, "wt")) return false;
+  bool complete = true;
+  for (uint32_t i = 0; i < list->count; i++) {
+    const SettingsEntry &entry = rows<SettingsEntry>(*list)[i];
+    complete &= std::fprintf(file.stream, "%s%c %s\n", entry.key, separator, entry.value) >= 0;
+  }
+  return file_replace_end(&file, complete);
+}
+
+void Settings_free(Settings *list) {
+  for (uint32_t i = list->count; i-- > 0;) {
+    std::free(rows<SettingsEntry>(*list)[i].key);
+    std::free(rows<SettingsEntry>(*list)[i].value);
+  }
+  GrowList_free(list);
+}
+
+bool setting_is_true(const char *value) {
+  const int first = value == nullptr ? '\0' : ascii_lower(*value);
+  return first == 't' || first == 'y' || first == '1';
+}

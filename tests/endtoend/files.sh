@@ -1,0 +1,82 @@
+# The session is there again at the next start, the settings document themselves, and no file is
+# lost: not a damaged one, not an unreadable one, and not the old one when the disk is full.
+. "$(dirname "$0")/lib.sh"
+desktop_start
+
+# said WORDS: the program's one sentence has them.
+said() {
+  [ "$(grep -c '^vorel: ' vorel.err)" -eq 1 ] || fail "$(wc -l <vorel.err) sentences"
+  grep -q "$1" vorel.err || fail "no word of '$1'"
+}
+
+end_run() {
+  hold 0.3 q
+  vorel_wait_end
+  [ "$vorel_status" -eq 0 ] || fail "status $vorel_status"
+}
+
+vorel_start
+cat >expected.txt <<'TEXT'
+Windowed (Y/N): Y
+Resolution (XxY, 'auto', 'span', 'display N' or 'span N,M...'): auto
+Stereo mode (0=none,1=top/bottom,2=side-by-side,3=interlace,4=two screen SBS,5=two screen vertical,6-8=coloured): 0
+Swap stereo (Y/N): N
+Stereo Depth: 0.05
+TEXT
+cmp config.txt expected.txt || fail "the first run's settings are not complete"
+ladder
+hold 1.2 Right
+hold 0.3 x
+end_run
+cmp config.txt expected.txt || fail "the end changed the settings"
+[ "$(ls -A)" = "$(printf 'config.txt\nexpected.txt\nmaze_save.dat\nvorel.err\nvorel.out')" ] ||
+  fail "other files than the program's are there: $(ls -A)"
+
+printf 'Colour: red\r\n' >>config.txt
+sed -i 's/^Windowed.*/Windowed: t/' config.txt
+vorel_start
+sleep 1
+shot resumed.png
+cp maze_save.dat first.dat
+quit_cleanly
+cmp -s maze_save.dat first.dat && fail "the clock stands in the second save"
+[ "$(stat -c %s maze_save.dat)" -eq "$(stat -c %s first.dat)" ] || fail "another tree was saved"
+vorel_start
+sleep 1
+shot again.png
+[ "$(pixels_changed resumed.png again.png)" -lt 500 ] || fail "the session did not come back"
+quit_cleanly
+grep -qx 'Colour: red' config.txt || fail "an unknown setting was lost"
+grep -qx 'Windowed: t' config.txt || fail "a shortened setting was lost"
+
+for number in 1 2; do
+  truncate -s -1 maze_save.dat
+  cp maze_save.dat damaged.dat
+  vorel_start
+  said "maze_save.damaged-$number.dat"
+  cmp damaged.dat "maze_save.damaged-$number.dat" || fail "the damaged session was changed"
+  ladder
+  end_run
+done
+
+# A file may have 64 KiB here, and the ladder needs more.
+cp maze_save.dat whole.dat
+cp config.txt settings.txt
+printf '#!/bin/sh\nulimit -f 128\nexec "%s"\n' "$VOREL" >limited
+chmod +x limited
+VOREL=./limited vorel_start
+end_run
+said "could not be saved"
+cmp maze_save.dat whole.dat || fail "a failed save changed the old session"
+cmp config.txt settings.txt || fail "the settings were changed"
+[ ! -e maze_save.dat.new ] || fail "half a session was left behind"
+
+mkdir kept && mv config.txt maze_save.dat kept && mkdir config.txt
+vorel_start
+end_run
+said "config.txt.* left alone"
+rmdir config.txt
+
+printf 'Resolution: 800X600\n' >config.txt
+"$VOREL" >vorel.out 2>vorel.err || fail "status $? without a resolution"
+said "no width or no height"

@@ -1,0 +1,97 @@
+#include "support/settings.h"
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "support/file.h"
+
+namespace {
+
+const std::string path = testing::TempDir() + "vorel_settings_test.txt";
+
+std::string contents() {
+  std::ifstream file(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+Settings loaded(const std::string &text) {
+  std::ofstream(path, std::ios::binary) << text;
+  Settings list;
+  EXPECT_TRUE(Settings_load(&list, path.c_str(), ':'));
+  return list;
+}
+
+std::string saved(Settings *list) {
+  EXPECT_TRUE(Settings_save(list, path.c_str(), ':'));
+  Settings_free(list);
+  std::string text = contents();
+  std::filesystem::remove(path);
+  return text;
+}
+
+TEST(Settings, LinesOfAllEndingsAreReadAndTrimmed) {
+  using namespace std::string_literals;
+  Settings list =
+      loaded("  Windowed (Y/N)  :   N  \r\na:b:c\rno separator\n:x\n\n:\0 z\t:\v\f\n\rlast: one"s);
+  EXPECT_EQ(saved(&list), "Windowed (Y/N): N\na: b:c\n: x\n: \nz: \nlast: one\n");
+  list = loaded("");
+  EXPECT_EQ(list.count, 0u);
+  Settings_free(&list);
+  std::filesystem::remove(path);
+  EXPECT_TRUE(Settings_load(&list, path.c_str(), ':') && list.count == 0);
+  Settings_free(&list);
+  std::filesystem::create_directory(path);
+  EXPECT_FALSE(Settings_load(&list, path.c_str(), ':'));
+  EXPECT_FALSE(Settings_save(&list, path.c_str(), ':'));
+  Settings_free(&list);
+  std::filesystem::remove(path);
+}
+
+TEST(Settings, KeysAreFoundByTheirStart) {
+  Settings list = loaded("Stereo mode (long):1\nWindowed (Y/N):Y\nwindowed:first\nWINDOWED:last\n"
+                         "Unknown thing:kept\n:empty\n");
+  EXPECT_STREQ(Settings_get(&list, "Windowed"), "last");
+  EXPECT_STREQ(Settings_get(&list, "windowed ("), "Y");
+  EXPECT_STREQ(Settings_get(&list, "stereo MODE"), "1");
+  EXPECT_EQ(Settings_get(&list, "Windowed (Y/N) "), nullptr);
+  EXPECT_STREQ(Settings_get(&list, ""), "empty");
+  Settings_set(&list, "Stereo mode", "2");
+  Settings_set(&list, "Windowed", "set");
+  Settings_set(&list, "New", "one");
+  Settings_default(&list, "windowed (y/n)", "no");
+  Settings_default(&list, "Stereo mode", "added: it is another key");
+  EXPECT_EQ(saved(&list),
+            "Stereo mode (long): 2\nWindowed (Y/N): Y\nwindowed: first\nWINDOWED: set\n"
+            "Unknown thing: kept\n: empty\nNew: one\n"
+            "Stereo mode: added: it is another key\n");
+}
+
+TEST(Settings, YesHasThreeFirstLetters) {
+  for (const char *yes : {"Y", "yes", "True", "t", "1", "10"})
+    EXPECT_TRUE(setting_is_true(yes)) << yes;
+  for (const char *no : {"", "N", "0", " y", "on", "\xff"})
+    EXPECT_FALSE(setting_is_true(no)) << no;
+  EXPECT_FALSE(setting_is_true(nullptr));
+}
+
+TEST(File, IsSetAsideUnderTheFirstFreeNumber) {
+  const std::string stem = path + ".old", third = stem + "-3.dat";
+  for (const char *taken : {"-1.dat", "-2.dat"})
+    std::ofstream(stem + taken) << "taken";
+  std::ofstream(path) << "mine";
+  EXPECT_EQ(file_set_aside(path.c_str(), stem.c_str(), ".dat"), third);
+  std::vector<uint8_t> bytes;
+  EXPECT_EQ(file_read_all(third.c_str(), &bytes), FileRead::done);
+  EXPECT_EQ(std::string(bytes.begin(), bytes.end()), "mine");
+  EXPECT_EQ(file_read_all(path.c_str(), &bytes), FileRead::absent);
+  EXPECT_EQ(file_set_aside(path.c_str(), stem.c_str(), ".dat"), ""); // there is nothing
+  for (const char *made : {"-1.dat", "-2.dat", "-3.dat"})
+    std::filesystem::remove(stem + made);
+}
+
+} // namespace

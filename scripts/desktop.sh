@@ -67,6 +67,14 @@ hold() {
   for key in "$@"; do xdotool keyup "$key"; done
 }
 
+# leave KEY: holds the key down until the program has ended. A large maze takes long frames, and a
+# short press between two looks at the keys would be lost.
+leave() {
+  xdotool keydown "$1"
+  vorel_wait_end
+  xdotool keyup "$1"
+}
+
 # shot FILE: the window's picture as a PNG.
 shot() {
   import -window "$vorel_window" "$1"

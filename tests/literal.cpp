@@ -256,6 +256,10 @@ std::vector<Vec3> literal_repulsion(const Maze *maze) {
   return forces;
 }
 
+static bool same_number(double a, double b) {
+  return a == b || (std::isnan(a) && std::isnan(b));
+}
+
 static bool same_edge(const MazeEdge &a, const MazeEdge &b) {
   return a.colour == b.colour && a.usertime == b.usertime && a.roamertime == b.roamertime;
 }
@@ -266,7 +270,8 @@ const char *literal_difference(const Maze *a, const Maze *b) {
   if (std::string(a->name ? a->name : "-") != (b->name ? b->name : "-")) return "another name";
   for (int32_t i = 0; i < maze_count(a); ++i) {
     const MazeNode &p = maze_nodes(a)[i], &q = maze_nodes(b)[i];
-    if (p.x != q.x || p.y != q.y || p.z != q.z) return "another position";
+    if (!same_number(p.x, q.x) || !same_number(p.y, q.y) || !same_number(p.z, q.z))
+      return "another position";
     if (p.degree != q.degree || !same_edge(p.self, q.self)) return "another degree or colour";
     for (uint32_t r = 0; r < p.degree; ++r)
       if (p.nbr[r] != q.nbr[r] || !same_edge(p.edge[r], q.edge[r])) return "another row";

@@ -5,8 +5,8 @@
 #include "maze/maze.h"
 #include "support/vec3.h"
 
-// The generation told step by step, with nothing left out and nothing made quicker: what the
-// program does in other ways must come out the same. Draws from the running sequence.
+// The generation told step by step, with nothing made quicker: what the program does in other ways
+// must come out the same. Draws from the running sequence.
 
 // Cuts every edge in random order and searches each time whether its ends still hang together.
 Maze *literal_carved(const Maze *maze);

@@ -1,6 +1,7 @@
 #include "generate/carve.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cstddef>
 #include <memory>
 #include <tuple>
@@ -38,7 +39,8 @@ Edges collect_edges(const Maze *maze) {
     const MazeNode &node = maze_nodes(maze)[a];
     for (uint32_t row = node.degree; row-- > 0;) {
       const int32_t b = node.nbr[row];
-      if (b <= a) continue;
+      assert(b != a && MazeNode_row(maze_nodes(maze)[b], a) >= 0);
+      if (b < a) continue;
       edges.pairs[edges.count++] = {a, b};
       edges.doubled |= std::find(node.nbr, node.nbr + row, b) != node.nbr + row;
     }

@@ -6,7 +6,8 @@
 // ends would fall apart (reverse deletion). What is left is a random spanning tree of each
 // component. Numbering, places, colours, submazes, halfwidth and name are kept, and the times of
 // the edges are back at never. A node's rows change their order: each kept edge is taken out, which
-// moves the last row into its place, and put back at the end.
+// moves the last row into its place, and put back at the end. The rows must be symmetric, no node
+// joined to itself; an edge may stand twice.
 void Maze_carve(Maze *maze);
 
 // A carved copy, submazes included, owned by the caller.

@@ -101,7 +101,7 @@ Maze *random_tree() {
 }
 
 Maze *labelled(Maze *root) {
-  str_dup_into(&root->name, "1.01");
+  string_assign(&root->name, "1.01");
   Maze_label_tree(root);
   return root;
 }

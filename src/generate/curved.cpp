@@ -27,11 +27,12 @@ void add_skew_node(Maze *maze, int32_t m, int32_t i, int32_t j) {
   GrowList_append(&maze->nodes, &node);
 }
 
-// The rings of a disc or a sphere: how many nodes each has, first to last.
+// Rings by their numbers, on a disc, where ring r has the radius r, or on a sphere, where the angle
+// from its pole is r times the step.
 struct Rings {
   int32_t first, last;
-  double step;   // of the angle from the pole on a sphere, from ring to ring
-  double radius; // of the sphere; 0 for a disc, whose ring r has the radius r
+  double step;
+  double radius; // of the sphere; 0 for a disc
 };
 
 double ring_radius(const Rings &rings, int32_t r) {

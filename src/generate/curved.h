@@ -7,7 +7,7 @@
 
 // A regular hexagon of triangular cells with n + 1 nodes to a side; its centre is where the middle
 // node of the skew lattice lies, not the origin. No nodes at all if n is negative or has bit 30
-// set.
+// set; no memory holds one of more than 10,000.
 Maze *Maze_hexagon(int32_t n);
 
 // The same or, with `holes`, without the nodes in the middles of hexagonal cells: a honeycomb.

@@ -3,8 +3,8 @@
 #include <cstdint>
 
 // The inner loops of the repulsion, for registers of two and of four numbers. The wide ones are
-// compiled for processors that have them: nothing else may be inlined into their file, lest it be
-// linked into what runs everywhere.
+// compiled for processors that have them, so all that is shared here is static: the linker must not
+// take a wide version for what runs everywhere.
 
 // Places, and the forces on them so far, by coordinate.
 struct RepulsionField {
@@ -16,20 +16,20 @@ struct RepulsionField {
 void repel_by_two(const RepulsionField &field);
 void repel_by_four(const RepulsionField &field);
 
-template <typename Lanes> inline Lanes load_lanes(const double *from) {
+template <typename Lanes> static inline Lanes load_lanes(const double *from) {
   Lanes lanes;
   __builtin_memcpy(&lanes, from, sizeof lanes);
   return lanes;
 }
 
-template <typename Lanes> inline void store_lanes(double *to, const Lanes &lanes) {
+template <typename Lanes> static inline void store_lanes(double *to, const Lanes &lanes) {
   __builtin_memcpy(to, &lanes, sizeof lanes);
 }
 
 // Pushes the places a, a + 1, ... of a block apart from those from b on, one a lane; adds what the
 // block gets to `forces`.
 template <typename Lanes, int32_t block>
-inline void repel_lanes(const RepulsionField &f, int32_t a, int32_t b, Lanes (*forces)[3]) {
+static inline void repel_lanes(const RepulsionField &f, int32_t a, int32_t b, Lanes (*forces)[3]) {
   const Lanes x = load_lanes<Lanes>(f.x + b);
   const Lanes y = load_lanes<Lanes>(f.y + b);
   const Lanes z = load_lanes<Lanes>(f.z + b);
@@ -56,7 +56,7 @@ inline void repel_lanes(const RepulsionField &f, int32_t a, int32_t b, Lanes (*f
 
 // Adds the lanes of a force on place a to it.
 template <typename Lanes>
-inline void gather_force(const RepulsionField &f, int32_t a, const Lanes *force) {
+static inline void gather_force(const RepulsionField &f, int32_t a, const Lanes *force) {
   double *const sums[] = {f.fx + a, f.fy + a, f.fz + a};
   for (int32_t axis = 0; axis < 3; ++axis)
     for (uint32_t lane = 0; lane < sizeof(Lanes) / sizeof(double); ++lane)
@@ -65,7 +65,7 @@ inline void gather_force(const RepulsionField &f, int32_t a, const Lanes *force)
 
 // Pushes the block of places from a on apart from those from `first` to before `end`.
 template <typename Lanes, int32_t block>
-inline void repel_block(const RepulsionField &f, int32_t a, int32_t first, int32_t end) {
+static inline void repel_block(const RepulsionField &f, int32_t a, int32_t first, int32_t end) {
   using One = double __attribute__((vector_size(sizeof(double))));
   constexpr int32_t width = sizeof(Lanes) / sizeof(double);
   Lanes forces[block][3] = {};
@@ -82,7 +82,7 @@ inline void repel_block(const RepulsionField &f, int32_t a, int32_t first, int32
 }
 
 // Two places at a time, so that what they are pushed from is loaded and stored half as often.
-template <typename Lanes> inline void repel_all(const RepulsionField &all) {
+template <typename Lanes> static inline void repel_all(const RepulsionField &all) {
   const RepulsionField field = all; // of its own: no store can be taken to change it
   int32_t a = 0;
   for (; a + 2 <= field.count; a += 2) {

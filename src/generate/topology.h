@@ -6,5 +6,5 @@
 // fit side by side on a grid of that spacing. The caller owns it.
 using SubmazeGenerator = Maze *(*)(double size);
 
-// One of the eleven topologies by chance, of size `s`, at least 4.
+// One of the eleven topologies by chance, of size `s`, at least 7.
 Maze *Maze_random_topology(double s);

@@ -30,10 +30,10 @@ void Maze_swap_nodes(Maze *maze, int32_t a, int32_t b);
 // rows must be final.
 void Maze_align_doors(Maze *maze);
 
-// Lays `b` over `a`: nodes within 0.75 world units of each other become one, and b's survives.
-// Edges of `a` between two merged nodes go; those with one merged end are carried over, or lost if
-// the node there is full. Two such edges may end at one node, which leaves a doubled edge. Neither
-// maze may hold submazes.
+// Lays `b`, another maze, over `a`: nodes within 0.75 world units of each other become one, and b's
+// survives. Edges of `a` between two merged nodes go; those with one merged end are carried over,
+// or lost if the node there is full. Two such edges may end at one node, which leaves a doubled
+// edge. Neither maze may hold submazes.
 void Maze_weld_onto(Maze *a, const Maze *b);
 
 // The same on a copy of `a`, owned by the caller.

@@ -8,8 +8,11 @@
 #include "app/relaxation.h"
 #include "gfx/input.h"
 #include "maze/attachment.h"
+#include "maze/pos.h"
 #include "scenarios.h"
 #include "support/random.h"
+#include "world/camera.h"
+#include "world/move.h"
 
 namespace {
 
@@ -63,6 +66,30 @@ TEST(Relaxation, WhatIsDrawnGoesBelowTheMazeAndOnlyWhenItMoved) {
   EXPECT_TRUE(left_of(t.root) == std::size(drawn) + 1 && left_of(t.m2) == std::size(drawn) + 1);
   EXPECT_EQ(length(node_position(maze_nodes(t.root)[0]) - outside), 0.0);
   Maze_destroy(t.root, 1);
+}
+
+// Nodes that coincide are flung to no place at all by the experiment. One must be able to go on,
+// and a new maze brings back everything.
+TEST(Relaxation, NoPlaceAtAllCanBeLeftByANewMaze) {
+  World world;
+  rand_seed(1);
+  World_new(&world, 2);
+  world.cur = {maze_nodes(world.root)[3].submaze, 0};
+  for (int32_t i = 0; i < 9; ++i)
+    maze_nodes(world.cur.maze)[i].x = maze_nodes(world.cur.maze)[i].y = 1;
+  Relaxation state = {1.0};
+  for (int32_t frame = 0; frame < 60; ++frame) {
+    relax_frame(&state, world.cur.maze, 0.5, true, true);
+    World_move(&world, 0.3, -0.2);
+    World_chase(&world, 0.01);
+  }
+  EXPECT_FALSE(is_finite(Pos_position(world.cur)));
+  key_state['N'] = 0x80;
+  keys_new_maze(&world);
+  World_chase(&world, 0.01);
+  EXPECT_TRUE(is_finite(world.camera) && is_finite(world.offset));
+  World_free(&world);
+  key_state['N'] = 0;
 }
 
 TEST(NewMaze, ModeIsTheNumberOfShiftAndControlOnThePressAlone) {

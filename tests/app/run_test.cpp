@@ -1,8 +1,10 @@
 #include "app/run.h"
 
 #include <filesystem>
+#include <string>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "gfx/input.h"
 #include "gfx/window.h"
@@ -19,7 +21,8 @@ double fake_clock() {
 
 // A clean folder as the working directory, for a run's files.
 void enter_clean_folder() {
-  const auto folder = std::filesystem::temp_directory_path() / "vorel_run_test";
+  const auto folder =
+      std::filesystem::temp_directory_path() / ("vorel_run_test." + std::to_string(getpid()));
   std::filesystem::remove_all(folder);
   std::filesystem::create_directories(folder);
   std::filesystem::current_path(folder);

@@ -4,16 +4,15 @@ desktop_start
 
 close_by() {
   case $1 in
-    q | Escape) hold 0.3 "$1" ;;
-    window) wmctrl -i -c "$vorel_window" ;;
-    signal) kill -TERM "$vorel_job" ;;
+    q | Escape) leave "$1" ;;
+    window) wmctrl -i -c "$vorel_window" && vorel_wait_end ;;
+    signal) kill -TERM "$vorel_job" && vorel_wait_end ;;
   esac
 }
 
 for way in q Escape window signal; do
   vorel_start
   close_by $way
-  vorel_wait_end
   [ "$vorel_status" -eq 0 ] || fail "status $vorel_status after $way"
   [ ! -s vorel.out ] || fail "words on the standard output after $way: $(cat vorel.out)"
   [ ! -s vorel.err ] || fail "words on the standard error after $way"

@@ -10,8 +10,7 @@ said() {
 }
 
 end_run() {
-  hold 0.3 q
-  vorel_wait_end
+  leave q
   [ "$vorel_status" -eq 0 ] || fail "status $vorel_status"
 }
 

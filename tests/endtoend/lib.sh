@@ -25,8 +25,7 @@ pixels_changed() {
 
 # Ends the program by Q and expects that it had nothing to say.
 quit_cleanly() {
-  hold 0.3 q
-  vorel_wait_end
+  leave q
   [ "$vorel_status" -eq 0 ] || fail "status $vorel_status after Q"
   [ ! -s vorel.out ] || fail "words on the standard output: $(cat vorel.out)"
   [ ! -s vorel.err ] || fail "words on the standard error"

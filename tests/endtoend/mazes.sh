@@ -14,8 +14,7 @@ ladder
 shot again.png
 [ "$(pixels_changed ladder.png again.png)" -lt 500 ] || fail "another ladder than the first"
 
-# Into the first room by its left door and, since it is open all round in its middle row or a push
-# slides around the corners, on to anywhere in it: the view has followed.
+# Along the corridor and through the left door into the first room: the view has followed.
 hold 1.5 Right
 sleep 0.7
 shot room.png

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "generate/carve.h"
-#include "generate/curved.h"
 #include "generate/owned_maze.h"
 #include "generate/repulsion_kernel.h"
 #include "literal.h"
@@ -47,39 +46,49 @@ TEST(Relax, SmoothingGoesFromTheOldPlacesAndTakesAllBelowAlong) {
   }
 }
 
-TEST(Relax, RepulsionIsTheSumOfAllPairs) {
-  for (const int32_t n : {1, 2, 3, 4, 5, 6, 7, 30, 61}) {
-    rand_seed(static_cast<uint32_t>(n));
-    const OwnedMaze maze(scenario_random(n, 0));
-    if (n > 6) maze_nodes(maze.get())[5] = maze_nodes(maze.get())[2]; // one place, two nodes
-    const std::vector<Vec3> old = places_of(maze.get());
-    const std::vector<Vec3> wanted = literal_repulsion(maze.get());
-    Maze_repel(maze.get(), 0.1);
-    for (size_t i = 0; i < old.size(); ++i) {
-      const Vec3 moved = node_position(maze_nodes(maze.get())[i]) - old[i];
-      ASSERT_EQ(is_finite(moved), is_finite(wanted[i])) << "node " << i << " of " << n;
-      if (is_finite(moved)) {
-        EXPECT_LT(length(moved - wanted[i] * 0.1), 1e-11 * (1 + length(wanted[i])));
-      } else {
-        EXPECT_TRUE(n > 6 && (i == 2 || i == 5)) << i;
-      }
-    }
+// Both kernels by name as well: which of them Maze_repel takes depends on the processor.
+std::vector<Vec3> forces_by(void (*kernel)(const RepulsionField &),
+                            const std::vector<Vec3> &places) {
+  std::vector<double> x, y, z, fx(places.size()), fy(places.size()), fz(places.size());
+  for (const Vec3 p : places)
+    x.push_back(p.x), y.push_back(p.y), z.push_back(p.z);
+  kernel({static_cast<int32_t>(places.size()), x.data(), y.data(), z.data(), fx.data(), fy.data(),
+          fz.data()});
+  std::vector<Vec3> forces;
+  for (size_t i = 0; i < places.size(); ++i)
+    forces.push_back({fx[i], fy[i], fz[i]});
+  return forces;
+}
+
+void expect_same_forces(const std::vector<Vec3> &forces, const std::vector<Vec3> &wanted) {
+  for (size_t i = 0; i < wanted.size(); ++i) {
+    ASSERT_EQ(is_finite(forces[i]), is_finite(wanted[i]))
+        << "node " << i << " of " << wanted.size();
+    if (!is_finite(wanted[i])) continue;
+    EXPECT_LT(length(forces[i] - wanted[i]), 1e-11 * (1 + length(wanted[i])));
   }
 }
 
-// The kernel for pairs runs everywhere; the wide one is what this processor may have run above.
-TEST(Relax, BothKernelsAgree) {
-  const OwnedMaze disc(Maze_polar(6, 1));
-  const std::vector<Vec3> places = places_of(disc.get());
-  const std::vector<Vec3> wanted = literal_repulsion(disc.get());
-  std::vector<double> x, y, z;
-  for (const Vec3 p : places)
-    x.push_back(p.x), y.push_back(p.y), z.push_back(p.z);
-  std::vector<double> fx(x.size()), fy(x.size()), fz(x.size());
-  repel_by_two(
-      {maze_count(disc.get()), x.data(), y.data(), z.data(), fx.data(), fy.data(), fz.data()});
-  for (size_t i = 0; i < places.size(); ++i)
-    EXPECT_LT(length(Vec3{fx[i], fy[i], fz[i]} - wanted[i]), 1e-12);
+TEST(Relax, RepulsionIsTheSumOfAllPairsAndTakesAllBelowAlong) {
+  for (int32_t n = 1; n < 40; ++n) {
+    rand_seed(static_cast<uint32_t>(n));
+    const OwnedMaze maze(scenario_random(n, 0));
+    scenario_hold(maze.get(), 0, scenario_path(3)); // its node 2 stands at (2, 0, 0)
+    MazeNode *nodes = maze_nodes(maze.get());
+    if (n > 6) nodes[5].x = nodes[2].x, nodes[5].y = nodes[2].y, nodes[5].z = nodes[2].z;
+    const std::vector<Vec3> old = places_of(maze.get());
+    const std::vector<Vec3> wanted = literal_repulsion(maze.get());
+    expect_same_forces(forces_by(repel_by_two, old), wanted);
+    if (__builtin_cpu_supports("avx2")) expect_same_forces(forces_by(repel_by_four, old), wanted);
+    Maze_repel(maze.get(), 0.125);
+    std::vector<Vec3> moved;
+    for (size_t i = 0; i < old.size(); ++i)
+      moved.push_back((node_position(nodes[i]) - old[i]) * 8);
+    const Vec3 inner = node_position(maze_nodes(nodes[0].submaze)[2]) - Vec3{2, 0, 0};
+    EXPECT_LT(length(inner * 8 - wanted[0]), 1e-10 * (1 + length(wanted[0])));
+    expect_same_forces(moved, wanted);
+    EXPECT_EQ(is_finite(moved[static_cast<size_t>(n > 6 ? 5 : 0)]), n <= 6);
+  }
 }
 
 // Smoothing at full step swaps the ends of an edge and drops leaves onto each other; repelling such

@@ -6,7 +6,8 @@
 #include <cmath>
 #include <functional>
 #include <map>
-#include <numeric>
+#include <numbers>
+#include <utility>
 #include <vector>
 
 #include "generate/closed.h"
@@ -20,6 +21,8 @@
 #include "support/random.h"
 
 namespace {
+
+using std::numbers::pi;
 
 Vec3 cross(Vec3 a, Vec3 b) {
   return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
@@ -104,6 +107,94 @@ Vec3 upwards(Vec3) {
 
 double height(Vec3 p) {
   return p.z;
+}
+
+// A node as it should be, and the whole of a small maze.
+struct Node {
+  Vec3 place;
+  std::vector<int32_t> rows;
+};
+
+void expect_nodes(Maze *made, const std::vector<Node> &wanted) {
+  const OwnedMaze maze(made);
+  ASSERT_EQ(maze_count(made), static_cast<int32_t>(wanted.size()));
+  for (int32_t i = 0; i < maze_count(made); ++i) {
+    const MazeNode &node = maze_nodes(made)[i];
+    const Node &want = wanted[static_cast<size_t>(i)];
+    EXPECT_LT(length(node_position(node) - want.place), 1e-12) << "node " << i;
+    EXPECT_EQ(std::vector<int32_t>(node.nbr, node.nbr + node.degree), want.rows) << "node " << i;
+  }
+}
+
+// Rings of so many nodes, each at its distance from the axis and its height.
+std::vector<Node> rings_of(const std::vector<int32_t> &counts, const std::vector<double> &radius,
+                           const std::vector<double> &z) {
+  std::vector<Node> nodes;
+  for (size_t r = 0; r < counts.size(); ++r) {
+    const int32_t base = static_cast<int32_t>(nodes.size()), n = counts[r];
+    for (int32_t k = 0; k < n; ++k) {
+      const double a = 2 * pi * k / n;
+      Node node = {{radius[r] * std::cos(a), radius[r] * std::sin(a), z[r]},
+                   {base + (k + n - 1) % n, base + (k + 1) % n}};
+      if (r > 0 && k * counts[r - 1] % n == 0)
+        node.rows.push_back(base - counts[r - 1] + k * counts[r - 1] / n);
+      if (r + 1 < counts.size() && k * counts[r + 1] % n == 0)
+        node.rows.push_back(base + n + k * counts[r + 1] / n);
+      nodes.push_back(node);
+    }
+  }
+  return nodes;
+}
+
+// Six around and three across; `seam` says where the last column's neighbours lie in the first.
+std::vector<Node> strip_of(const std::function<Vec3(int32_t, int32_t)> &place, bool tube,
+                           bool twist) {
+  std::vector<Node> nodes(18);
+  const auto join = [&nodes](int32_t a, int32_t b) {
+    nodes[static_cast<size_t>(a)].rows.push_back(b);
+    nodes[static_cast<size_t>(b)].rows.push_back(a);
+  };
+  for (int32_t i = 0; i < 18; ++i) {
+    const int32_t u = i / 3, v = i % 3;
+    nodes[static_cast<size_t>(i)].place = place(u, v);
+    join(i, u < 5 ? i + 3 : twist ? 2 - v : v);
+    if (tube || v < 2) join(i, u * 3 + (v + 1) % 3);
+  }
+  for (Node &node : nodes) // the far node, (3, 1), gets the last index
+    for (int32_t &row : node.rows)
+      row = row == 17 ? 10 : row == 10 ? 17 : row;
+  std::swap(nodes[17], nodes[10]);
+  return nodes;
+}
+
+TEST(Topology, NumberingRowsAndPlacesAreFixed) {
+  expect_nodes(Maze_polar(4, 2), rings_of({8, 16, 16}, {2, 3, 4}, {0, 0, 0}));
+  std::vector<double> radius, z; // of eight rings between the poles
+  for (int32_t i = 1; i < 9; ++i) {
+    radius.push_back(3 * std::sin(i * pi / 9));
+    z.push_back(3 * std::cos(i * pi / 9));
+  }
+  expect_nodes(Maze_sphere(3), rings_of({4, 8, 16, 16, 16, 16, 8, 4}, radius, z));
+  const auto torus = [](int32_t u, int32_t v) {
+    const double a = u * pi / 3, b = v * 2 * pi / 3, q = 1 + 0.5 * std::cos(b);
+    return Vec3{q * std::cos(a), q * std::sin(a), 0.5 * std::sin(b)};
+  };
+  expect_nodes(Maze_torus(1, 0.5), strip_of(torus, true, false));
+  const auto band = [](int32_t u, int32_t v) {
+    const double a = u * pi / 3, t = v - 1, q = 1 + t * std::cos(a / 2);
+    return Vec3{q * std::cos(a), q * std::sin(a), t * std::sin(a / 2)};
+  };
+  expect_nodes(Maze_mobius(1, 1), strip_of(band, false, true));
+  // The corners (0, 2) and (2, 0) of a lattice of 3 by 3 go, the last index first; in the rows of
+  // their neighbours, the last row takes their place.
+  const double h = 0.8660253882408142;
+  expect_nodes(Maze_hexagon(1), {{{0, 0, 0}, {1, 3, 4}},
+                                 {{1, 0, 0}, {0, 5, 4}},
+                                 {{0, 2 * h, 0}, {3, 6, 4}},
+                                 {{-0.5, h, 0}, {4, 0, 2}},
+                                 {{0.5, h, 0}, {3, 5, 1, 2, 0, 6}},
+                                 {{1.5, h, 0}, {4, 1, 6}},
+                                 {{1, 2 * h, 0}, {2, 5, 4}}});
 }
 
 TEST(Topology, DiscsArePlanar) {

@@ -7,6 +7,20 @@
 
 #include <gtest/gtest.h>
 
+TEST(GrowList, AppendingIntoReservedRoomMovesNothing) {
+  GrowList list;
+  GrowList_init(&list, sizeof(int32_t));
+  const int32_t row = 7;
+  GrowList_append(&list, &row);
+  GrowList_reserve(&list, 100);
+  const void *data = list.data;
+  for (int32_t i = 1; i < 100; i++)
+    GrowList_append(&list, &row);
+  GrowList_reserve(&list, 5);
+  EXPECT_TRUE(list.data == data && list.capacity == 100 && rows<int32_t>(list)[0] == 7);
+  GrowList_free(&list);
+}
+
 // A plain list changes alongside, and the capacity is kept in whole numbers: fifths and quarters.
 TEST(GrowList, FollowsAPlainListThroughRandomChanges) {
   for (const uint32_t initial : {1U, 9U}) {

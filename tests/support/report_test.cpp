@@ -11,8 +11,10 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
-static const std::string output_path = testing::TempDir() + "vorel_report_test.txt";
+static const std::string output_path =
+    testing::TempDir() + "vorel_report_test." + std::to_string(getpid());
 
 // Stands in for the wait: passes on to the standard error what can be read at that moment.
 static void show_output_so_far(int32_t milliseconds) {

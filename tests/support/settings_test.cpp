@@ -7,12 +7,13 @@
 #include <string>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "support/file.h"
 
 namespace {
 
-const std::string path = testing::TempDir() + "vorel_settings_test.txt";
+const std::string path = testing::TempDir() + "vorel_settings_test." + std::to_string(getpid());
 
 std::string contents() {
   std::ifstream file(path, std::ios::binary);

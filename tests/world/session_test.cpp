@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include "generate/choose.h"
 #include "literal.h"
@@ -25,7 +26,7 @@ namespace {
 
 using Bytes = std::vector<uint8_t>;
 
-const std::string path = testing::TempDir() + "vorel_session_test.dat";
+const std::string path = testing::TempDir() + "vorel_session_test." + std::to_string(getpid());
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
 Bytes file_bytes() {

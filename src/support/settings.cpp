@@ -45,19 +45,26 @@ void append_entry(Settings *list, const char *key, const char *value) {
 } // namespace
 
 bool Settings_load(Settings *list, const char *path, char separator) {
-  GrowList_init(list, sizeof(SettingsEntry));
   errno = 0;
   FILE *file = std::fopen(path, "rb");
-  if (file == nullptr) return errno == ENOENT;
-  for (char *line = file_read_line(file); line != nullptr; line = file_read_line(file)) {
-    append_line(list, line, separator);
-    std::free(line);
+  if (file == nullptr) {
+    GrowList_init(list, sizeof(SettingsEntry));
+    return errno == ENOENT;
   }
-  const bool read = std::ferror(file) == 0;
+  const bool read = Settings_read(list, file, separator);
   const int cause = errno;
   std::fclose(file);
   errno = cause;
   return read;
+}
+
+bool Settings_read(Settings *list, FILE *stream, char separator) {
+  GrowList_init(list, sizeof(SettingsEntry));
+  for (char *line = file_read_line(stream); line != nullptr; line = file_read_line(stream)) {
+    append_line(list, line, separator);
+    std::free(line);
+  }
+  return std::ferror(stream) == 0;
 }
 
 const char *Settings_get(const Settings *list, const char *key) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdio>
+
 #include "support/list.h"
 
 // The user's settings: pairs of texts in the order of their file, which documents itself. A key may
@@ -17,6 +19,9 @@ struct SettingsEntry {
 // left out. Empty if there is no such file. False, with errno, if it is there but can't be read:
 // writing it anew would then lose what the user has.
 bool Settings_load(Settings *list, const char *path, char separator);
+
+// The same from an open stream, which must be able to seek, and stays open.
+bool Settings_read(Settings *list, FILE *stream, char separator);
 
 // Value of the shortest key that begins with `key`, the last one in the file among equals; null if
 // there is none. Valid until that value is set.

@@ -1,0 +1,23 @@
+// Runs a fuzz target over all files of the folder named on the command line.
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <vector>
+
+#include "support/file.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
+
+int main(int argc, char **argv) {
+  int tried = 0;
+  if (argc != 2) return 2;
+  for (const auto &entry : std::filesystem::directory_iterator(argv[1])) {
+    std::vector<uint8_t> bytes;
+    if (file_read_all(entry.path().c_str(), &bytes) != FileRead::done) return 1;
+    LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
+    tried++;
+  }
+  std::printf("%d inputs\n", tried);
+  return tried > 0 ? 0 : 1;
+}

@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string>
 
 #include "maze/pos.h"
 #include "support/strings.h"
 
 namespace {
 
+constexpr size_t node_head = 28; // bytes of the place and the degree
+constexpr size_t edge_size = 24;
 constexpr size_t smallest_node = 53; // bytes of a node without rows or a submaze
 constexpr int32_t deepest = 100;     // levels; far beyond any tree that is ever made
 // Rows to make room for at once. Not all that a count asks for: nested counts that each claim the
@@ -19,15 +22,6 @@ void write_edge(ByteWriter *out, const MazeEdge &edge) {
   write_u32(out, 0); // filler
   write_f64(out, edge.usertime);
   write_f64(out, edge.roamertime);
-}
-
-MazeEdge read_edge(ByteReader *in) {
-  MazeEdge edge;
-  edge.colour = read_u32(in);
-  read_u32(in); // filler
-  edge.usertime = read_f64(in);
-  edge.roamertime = read_f64(in);
-  return edge;
 }
 
 void write_node(const MazeNode &node, ByteWriter *out, const Maze *current) {
@@ -44,42 +38,42 @@ void write_node(const MazeNode &node, ByteWriter *out, const Maze *current) {
   if (node.submaze != nullptr) Maze_write(node.submaze, out, current);
 }
 
-// A flag byte; anything but 0 and 1 is a failure.
-bool read_flag(ByteReader *in) {
-  const uint8_t flag = read_u8(in);
+MazeEdge edge_at(const uint8_t *bytes) {
+  return {u32_at(bytes), f64_at(bytes + 8), f64_at(bytes + 16)};
+}
+
+// Anything but 0 and 1 is a failure.
+bool is_set(ByteReader *in, uint8_t flag) {
   if (flag > 1) in->failed = true;
   return flag == 1;
 }
 
 // All of a node but what it holds; returns whether it holds a maze.
 bool read_node(ByteReader *in, MazeNode *node) {
-  const double x = read_f64(in);
-  const double y = read_f64(in);
-  const double z = read_f64(in);
-  MazeNode_init(node, x, y, z);
-  const uint32_t degree = read_u32(in);
+  const uint8_t *head = read_bytes(in, node_head);
+  if (head == nullptr) return false;
+  MazeNode_init(node, f64_at(head), f64_at(head + 8), f64_at(head + 16));
+  const uint32_t degree = u32_at(head + 24);
   if (degree > MAZE_MAX_DEGREE) {
     in->failed = true;
     return false;
   }
+  const uint8_t *bytes = read_bytes(in, degree * (4 + edge_size) + edge_size + 1);
+  if (bytes == nullptr) return false;
   node->degree = degree;
-  for (uint32_t r = 0; r < degree; r++)
-    node->nbr[r] = read_i32(in);
-  for (uint32_t r = 0; r < degree; r++)
-    node->edge[r] = read_edge(in);
-  node->self = read_edge(in);
-  return read_flag(in);
+  for (uint32_t r = 0; r < degree; r++, bytes += 4)
+    node->nbr[r] = i32_at(bytes);
+  for (uint32_t r = 0; r < degree; r++, bytes += edge_size)
+    node->edge[r] = edge_at(bytes);
+  node->self = edge_at(bytes);
+  return is_set(in, bytes[edge_size]);
 }
 
 void read_name(ByteReader *in, char **name) {
-  const void *end = bytes_left(in) > 0 ? std::memchr(in->at, 0, bytes_left(in)) : nullptr;
-  if (end == nullptr) {
-    in->failed = true;
-    return;
-  }
-  const uint8_t *text = in->at;
-  in->at = static_cast<const uint8_t *>(end) + 1;
-  if (*text != 0) str_dup_into(name, reinterpret_cast<const char *>(text));
+  std::string text;
+  for (uint8_t c = read_u8(in); c != 0; c = read_u8(in)) // 0 at the end of the file too
+    text.push_back(static_cast<char>(c));
+  if (!in->failed && !text.empty()) str_dup_into(name, text.c_str());
 }
 
 bool row_is_sound(const Maze *maze, int32_t i, uint32_t r) {
@@ -103,8 +97,8 @@ Maze *read_record(ByteReader *in, Maze **current, uint32_t doors, int32_t depth)
 void read_nodes(ByteReader *in, Maze *maze, uint32_t count, Maze **current, uint32_t doors,
                 int32_t depth) {
   GrowList_reserve(&maze->nodes, std::min(count, rows_at_once));
+  MazeNode node = {}; // what stands behind the rows in use has no meaning
   for (uint32_t i = 0; i < count && !in->failed; i++) {
-    MazeNode node = {};
     const bool holds = read_node(in, &node);
     if (holds && i < doors) in->failed = true;
     if (holds && !in->failed) node.submaze = read_record(in, current, node.degree, depth + 1);
@@ -118,7 +112,7 @@ void read_nodes(ByteReader *in, Maze *maze, uint32_t count, Maze **current, uint
 
 // Null, with `failed` set, if the record is not sound.
 Maze *read_record(ByteReader *in, Maze **current, uint32_t doors, int32_t depth) {
-  const bool is_current = read_flag(in);
+  const bool is_current = is_set(in, read_u8(in));
   const uint32_t count = read_u32(in);
   const bool possible = count > 0 && count <= bytes_left(in) / smallest_node && count >= doors &&
                         depth < deepest && !(is_current && *current != nullptr);

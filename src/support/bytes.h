@@ -8,19 +8,59 @@
 
 // Numbers of fixed width, little-endian whatever the machine, to and from bytes.
 
-// What is left to read. A read past the end gives 0, moves nothing and sets `failed`.
+// The number that stands at `bytes`.
+template <typename Unsigned> Unsigned number_at(const uint8_t *bytes) {
+  Unsigned number;
+  std::memcpy(&number, bytes, sizeof number);
+  if constexpr (std::endian::native == std::endian::big) {
+    number = 0;
+    for (size_t i = 0; i < sizeof number; i++)
+      number = static_cast<Unsigned>(number | static_cast<Unsigned>(bytes[i]) << 8 * i);
+  }
+  return number;
+}
+
+inline uint32_t u32_at(const uint8_t *bytes) {
+  return number_at<uint32_t>(bytes);
+}
+inline int32_t i32_at(const uint8_t *bytes) {
+  return static_cast<int32_t>(u32_at(bytes));
+}
+inline double f64_at(const uint8_t *bytes) {
+  return std::bit_cast<double>(number_at<uint64_t>(bytes));
+}
+
+// What is left to read: bytes in memory and, behind them, the rest of a file, of which `buffer`
+// holds a part at a time. A read past the end gives 0, moves nothing and sets `failed`.
 struct ByteReader {
   const uint8_t *at, *end;
   bool failed;
+  FILE *file;     // null if all is in memory
+  size_t in_file; // bytes that have not been fetched yet
+  uint8_t *buffer;
+  size_t buffer_size;
 };
 
 inline size_t bytes_left(const ByteReader *in) {
-  return static_cast<size_t>(in->end - in->at);
+  return static_cast<size_t>(in->end - in->at) + in->in_file;
 }
 
-// The next `size` bytes, or null.
+// Fills the buffer behind what is left of it.
+inline void fetch_bytes(ByteReader *in) {
+  const size_t kept = static_cast<size_t>(in->end - in->at);
+  std::memmove(in->buffer, in->at, kept);
+  const size_t room = in->buffer_size - kept;
+  const size_t wanted = room < in->in_file ? room : in->in_file;
+  const size_t got = std::fread(in->buffer + kept, 1, wanted, in->file);
+  in->in_file = got == wanted ? in->in_file - got : 0; // shorter than it was, or unreadable
+  in->at = in->buffer;
+  in->end = in->buffer + kept + got;
+}
+
+// The next `size` bytes, valid until the next read, or null. At most the buffer's size at a time.
 inline const uint8_t *read_bytes(ByteReader *in, size_t size) {
-  if (bytes_left(in) < size) {
+  if (static_cast<size_t>(in->end - in->at) < size && in->in_file > 0) fetch_bytes(in);
+  if (static_cast<size_t>(in->end - in->at) < size) {
     in->failed = true;
     return nullptr;
   }
@@ -29,25 +69,16 @@ inline const uint8_t *read_bytes(ByteReader *in, size_t size) {
   return bytes;
 }
 
-template <typename Unsigned> Unsigned read_number(ByteReader *in) {
-  const uint8_t *bytes = read_bytes(in, sizeof(Unsigned));
-  Unsigned number = 0;
-  for (size_t i = 0; bytes != nullptr && i < sizeof(Unsigned); i++)
-    number = static_cast<Unsigned>(number | static_cast<Unsigned>(bytes[i]) << 8 * i);
-  return number;
-}
-
 inline uint8_t read_u8(ByteReader *in) {
-  return read_number<uint8_t>(in);
+  const uint8_t *bytes = read_bytes(in, 1);
+  return bytes != nullptr ? *bytes : 0;
 }
 inline uint32_t read_u32(ByteReader *in) {
-  return read_number<uint32_t>(in);
+  const uint8_t *bytes = read_bytes(in, 4);
+  return bytes != nullptr ? u32_at(bytes) : 0;
 }
 inline int32_t read_i32(ByteReader *in) {
   return static_cast<int32_t>(read_u32(in));
-}
-inline double read_f64(ByteReader *in) {
-  return std::bit_cast<double>(read_number<uint64_t>(in));
 }
 
 // A buffer in front of a file. Once a write has failed, nothing more is written; errno then has the

@@ -1,25 +1,9 @@
 #include "support/file.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <filesystem>
 #include <system_error>
-
-FileRead file_read_all(const char *path, std::vector<uint8_t> *bytes) {
-  FILE *file = std::fopen(path, "rb");
-  if (file == nullptr) return errno == ENOENT ? FileRead::absent : FileRead::unreadable;
-  std::error_code unknown; // of a pipe, say: then the end tells
-  const auto size = std::filesystem::file_size(path, unknown);
-  bytes->resize(unknown ? 0 : size);
-  bytes->resize(std::fread(bytes->data(), 1, bytes->size(), file));
-  uint8_t more[4096]; // of a file that has grown since, or the proof that there is no more
-  for (size_t got = 0; (got = std::fread(more, 1, sizeof more, file)) > 0;)
-    bytes->insert(bytes->end(), more, more + got);
-  const bool failed = std::ferror(file) != 0;
-  const int cause = errno;
-  std::fclose(file);
-  errno = cause;
-  return failed ? FileRead::unreadable : FileRead::done;
-}
 
 bool file_replace_begin(FileReplacement *file, const char *target, const char *mode) {
   file_survive_limits();

@@ -1,17 +1,9 @@
 #pragma once
 
-#include <cstdint>
 #include <cstdio>
 #include <string>
-#include <vector>
 
-// Files that belong to the user: read whole, and replaced whole or not at all.
-
-enum class FileRead { done, absent, unreadable };
-
-// Reads all bytes of a file. `unreadable` is for what is there but can't be opened or read, a
-// folder for example; errno then has the cause.
-FileRead file_read_all(const char *path, std::vector<uint8_t> *bytes);
+// Files that belong to the user: replaced whole or not at all.
 
 // A file that is being written beside the one that it will replace.
 struct FileReplacement {

@@ -1,8 +1,12 @@
 #include "world/session.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <cmath>
+#include <cstdio>
+#include <filesystem>
 #include <memory>
-#include <vector>
+#include <system_error>
 
 #include "maze/maze_file.h"
 #include "maze/pos.h"
@@ -15,19 +19,13 @@ namespace {
 constexpr uint32_t header_data = 0, header_mirror = 0, header_count = 0, header_capacity = 1,
                    header_initial = 1, header_elemsize = 32;
 constexpr float header_growth = 60.0F;
-constexpr size_t header_size = 28;
+constexpr size_t block_size = 144, block_numbers = 14;
+constexpr size_t buffer_size = 1 << 20; // for reading
 
 void write_vec3(ByteWriter *out, Vec3 v) {
   write_f64(out, v.x);
   write_f64(out, v.y);
   write_f64(out, v.z);
-}
-
-Vec3 read_vec3(ByteReader *in) {
-  const double x = read_f64(in);
-  const double y = read_f64(in);
-  const double z = read_f64(in);
-  return {x, y, z};
 }
 
 void write_block(ByteWriter *out, const World *world) {
@@ -43,15 +41,20 @@ void write_block(ByteWriter *out, const World *world) {
   write_f32(out, header_growth);
 }
 
+// The fields of the block, of which the list of Roamers, another run's, is left out.
 void read_block(ByteReader *in, World *world) {
-  world->time = read_f64(in);
-  for (auto &row : world->view.m)
-    for (double &element : row)
-      element = read_f64(in);
-  world->camera = read_vec3(in);
-  world->zoom = read_f64(in);
-  world->showtrail = read_i32(in);
-  read_bytes(in, header_size); // of another run's list
+  const uint8_t *bytes = read_bytes(in, block_size);
+  if (bytes == nullptr) return;
+  double numbers[block_numbers];
+  for (double &number : numbers) {
+    number = f64_at(bytes);
+    bytes += 8;
+  }
+  world->time = numbers[0];
+  std::copy_n(numbers + 1, 9, &world->view.m[0][0]);
+  world->camera = {numbers[10], numbers[11], numbers[12]};
+  world->zoom = numbers[13];
+  world->showtrail = i32_at(bytes);
 }
 
 void mend_numbers(World *world) {
@@ -66,6 +69,23 @@ void mend_numbers(World *world) {
 bool is_place(Pos pos) {
   if (pos.maze == nullptr || pos.node < 0 || pos.node >= maze_count(pos.maze)) return false;
   return maze_nodes(pos.maze)[pos.node].submaze == nullptr;
+}
+
+// The session that is in the bytes, all of them.
+bool read_session(ByteReader *in, World *world) {
+  World loaded = {};
+  loaded.root = Maze_read(in, &loaded.cur.maze);
+  if (loaded.root == nullptr) return false;
+  loaded.cur.node = read_i32(in);
+  read_block(in, &loaded);
+  if (in->failed || bytes_left(in) > 0 || !is_place(loaded.cur)) {
+    Maze_destroy(loaded.root, 1);
+    return false;
+  }
+  GrowList_init(&loaded.roamers, sizeof(Roamer));
+  mend_numbers(&loaded);
+  *world = loaded;
+  return true;
 }
 
 } // namespace
@@ -83,26 +103,19 @@ bool World_save(const World *world, const char *path) {
 }
 
 bool World_from_bytes(World *world, const uint8_t *bytes, size_t size) {
-  ByteReader in = {bytes, bytes + size, false};
-  World loaded = {};
-  loaded.root = Maze_read(&in, &loaded.cur.maze);
-  if (loaded.root == nullptr) return false;
-  loaded.cur.node = read_i32(&in);
-  read_block(&in, &loaded);
-  if (in.failed || bytes_left(&in) > 0 || !is_place(loaded.cur)) {
-    Maze_destroy(loaded.root, 1);
-    return false;
-  }
-  GrowList_init(&loaded.roamers, sizeof(Roamer));
-  mend_numbers(&loaded);
-  *world = loaded;
-  return true;
+  ByteReader in = {bytes, bytes + size, false, nullptr, 0, nullptr, 0};
+  return read_session(&in, world);
 }
 
 SessionLoad World_load(World *world, const char *path) {
-  std::vector<uint8_t> bytes;
-  const FileRead read = file_read_all(path, &bytes);
-  if (read == FileRead::absent) return SessionLoad::absent;
-  const bool sound = read == FileRead::done && World_from_bytes(world, bytes.data(), bytes.size());
+  FILE *file = std::fopen(path, "rb");
+  if (file == nullptr) return errno == ENOENT ? SessionLoad::absent : SessionLoad::damaged;
+  std::error_code unknown; // of a folder, say
+  const auto size = std::filesystem::file_size(path, unknown);
+  const auto buffer = std::make_unique_for_overwrite<uint8_t[]>(buffer_size);
+  ByteReader in = {buffer.get(),       buffer.get(), false,      file,
+                   unknown ? 0 : size, buffer.get(), buffer_size};
+  const bool sound = read_session(&in, world);
+  std::fclose(file);
   return sound ? SessionLoad::loaded : SessionLoad::damaged;
 }

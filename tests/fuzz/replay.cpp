@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <vector>
-
-#include "support/file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
 
@@ -13,9 +13,9 @@ int main(int argc, char **argv) {
   int tried = 0;
   if (argc != 2) return 2;
   for (const auto &entry : std::filesystem::directory_iterator(argv[1])) {
-    std::vector<uint8_t> bytes;
-    if (file_read_all(entry.path().c_str(), &bytes) != FileRead::done) return 1;
-    LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
+    std::ifstream file(entry.path(), std::ios::binary);
+    const std::vector<char> bytes(std::istreambuf_iterator<char>(file), {});
+    LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(bytes.data()), bytes.size());
     tried++;
   }
   std::printf("%d inputs\n", tried);

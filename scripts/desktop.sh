@@ -2,26 +2,38 @@
 # Sourced by scripts/tour and by the end-to-end tests. The caller sets VOREL to the program.
 
 # Starts a desktop of the size WxH and the window manager, and sets DISPLAY. All of it goes when the
-# calling script ends.
+# calling script ends. Either can fail to start on a busy machine, and is then started again.
 desktop_start() {
-  local size=${1:-1280x960} number_file
-  number_file=$(mktemp)
-  Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$number_file" 2>/dev/null &
-  desktop_jobs="$!"
+  desktop_size=${1:-1280x960}
+  desktop_number=$(mktemp)
   trap desktop_stop EXIT
-  desktop_wait "a virtual display" test -s "$number_file"
-  DISPLAY=:$(cat "$number_file")
+  desktop_wait "a virtual display" desktop_display_stands
+  DISPLAY=:$(cat "$desktop_number")
   export DISPLAY
   unset WAYLAND_DISPLAY SDL_VIDEODRIVER
-  rm -f "$number_file"
-  openbox >/dev/null 2>&1 &
-  desktop_jobs="$desktop_jobs $!"
-  desktop_wait "a window manager" sh -c 'wmctrl -m >/dev/null 2>&1'
+  rm -f "$desktop_number"
+  desktop_wait "a window manager" desktop_manager_stands
+}
+
+desktop_display_stands() {
+  if ! kill -0 "${desktop_display:-}" 2>/dev/null; then
+    Xvfb -displayfd 3 -screen 0 "${desktop_size}x24" -nolisten tcp 3>"$desktop_number" 2>/dev/null &
+    desktop_display=$!
+  fi
+  test -s "$desktop_number"
+}
+
+desktop_manager_stands() {
+  if ! kill -0 "${desktop_manager:-}" 2>/dev/null; then
+    openbox >/dev/null 2>&1 &
+    desktop_manager=$!
+  fi
+  wmctrl -m >/dev/null 2>&1
 }
 
 desktop_stop() {
   # shellcheck disable=SC2086
-  kill ${vorel_job:-} $desktop_jobs 2>/dev/null || true
+  kill ${vorel_job:-} ${desktop_manager:-} ${desktop_display:-} 2>/dev/null || true
   wait 2>/dev/null || true
 }
 

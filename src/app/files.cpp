@@ -17,14 +17,40 @@ namespace {
 constexpr const char *settings_path = "config.txt";
 constexpr char settings_separator = ':';
 constexpr const char *session_path = "maze_save.dat";
-constexpr const char *session_stem = "maze_save.damaged"; // of one that was set aside
+constexpr const char *damaged_stem = "maze_save.damaged"; // of one that was set aside
+constexpr const char *beside_stem = "maze_save.beside";   // of one beside another's that stays
 constexpr const char *session_ending = ".dat";
 
-void save_settings(const Run *run) {
-  if (!run->keeps_settings || Settings_save(&run->settings, settings_path, settings_separator))
-    return;
+// Tells of a failure once; after that there is nothing new to tell.
+void save_settings(Run *run) {
+  if (!run->keeps_settings) return;
+  run->keeps_settings = Settings_save(&run->settings, settings_path, settings_separator);
+  if (run->keeps_settings) return;
   report_sentence("the settings could not be written to \"%s\" (%s); what was there is unchanged",
                   settings_path, std::strerror(errno));
+}
+
+// Keeps a session that can't be used from being written over by the end of this run.
+void keep_damaged(Run *run) {
+  const std::string aside = file_free_name(damaged_stem, session_ending);
+  run->keeps_session = file_rename(session_path, aside);
+  if (run->keeps_session)
+    report_sentence(
+        "the session in \"%s\" is damaged; it has been renamed to \"%s\", and a new maze "
+        "has been made",
+        session_path, aside.c_str());
+  else
+    report_sentence("the session in \"%s\" is damaged and can't be renamed (%s); it is left alone, "
+                    "and a new maze has been made",
+                    session_path, std::strerror(errno));
+}
+
+void keep_unreadable(Run *run) {
+  run->keeps_session = false;
+  report_sentence(
+      "the session in \"%s\" can't be read (%s); it is left alone, and a new maze has been "
+      "made",
+      session_path, std::strerror(errno));
 }
 
 } // namespace
@@ -55,27 +81,20 @@ void end_settings(Run *run) {
 
 void start_session(Run *run) {
   run->keeps_session = true;
-  errno = 0;
   const SessionLoad result = World_load(&run->world, session_path);
   if (result == SessionLoad::loaded) return;
-  if (result == SessionLoad::damaged) {
-    const std::string aside = file_set_aside(session_path, session_stem, session_ending);
-    run->keeps_session = !aside.empty();
-    if (run->keeps_session)
-      report_sentence("the session in \"%s\" is damaged; it has been renamed to \"%s\", and a new "
-                      "maze has been made",
-                      session_path, aside.c_str());
-    else
-      report_sentence(
-          "the session in \"%s\" is damaged and can't be renamed (%s); it is left alone, "
-          "and this run will not be saved",
-          session_path, std::strerror(errno));
-  }
+  if (result == SessionLoad::damaged) keep_damaged(run);
+  if (result == SessionLoad::unreadable) keep_unreadable(run);
   World_new(&run->world, 0);
 }
 
 void save_session(const Run *run) {
-  if (!run->keeps_session || World_save(&run->world, session_path)) return;
-  report_sentence("the session could not be saved to \"%s\" (%s); what was there is unchanged",
-                  session_path, std::strerror(errno));
+  const std::string path =
+      run->keeps_session ? session_path : file_free_name(beside_stem, session_ending);
+  if (!World_save(&run->world, path.c_str()))
+    report_sentence("the session could not be saved to \"%s\" (%s); what was there is unchanged",
+                    path.c_str(), std::strerror(errno));
+  else if (!run->keeps_session)
+    report_sentence("the session has been saved to \"%s\", since \"%s\" is left alone",
+                    path.c_str(), session_path);
 }

@@ -10,11 +10,11 @@
 // and the coded resolution.
 void start_settings(Run *run);
 
-// Resumes the last session, or makes a new one. A file that holds no sound session is kept under
-// another name, so that the end of this run doesn't write over it.
+// Resumes the last session, or makes a new one. A file that holds no sound session gets another
+// name; one that can't be read or renamed stays, and this run's session is then saved beside it.
 void start_session(Run *run);
 
-// Replaces the session's file.
+// Saves the session, in place of the old one if that may go.
 void save_session(const Run *run);
 
 // Replaces the settings' file and releases the settings.

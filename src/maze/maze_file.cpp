@@ -12,10 +12,8 @@ namespace {
 constexpr size_t node_head = 28; // bytes of the place and the degree
 constexpr size_t edge_size = 24;
 constexpr size_t smallest_node = 53; // bytes of a node without rows or a submaze
+constexpr size_t smallest_tail = 9;  // of a maze: `visited`, `bordermask`, the name's NUL
 constexpr int32_t deepest = 100;     // levels; far beyond any tree that is ever made
-// Rows to make room for at once. Not all that a count asks for: nested counts that each claim the
-// rest of the file would ask for more memory than there is.
-constexpr uint32_t rows_at_once = 1024;
 
 void write_edge(ByteWriter *out, const MazeEdge &edge) {
   write_u32(out, edge.colour);
@@ -50,6 +48,7 @@ bool is_set(ByteReader *in, uint8_t flag) {
 
 // All of a node but what it holds; returns whether it holds a maze.
 bool read_node(ByteReader *in, MazeNode *node) {
+  node->submaze = nullptr; // of the node before
   const uint8_t *head = read_bytes(in, node_head);
   if (head == nullptr) return false;
   MazeNode_init(node, f64_at(head), f64_at(head + 8), f64_at(head + 16));
@@ -91,18 +90,26 @@ bool rows_are_sound(const Maze *maze) {
   return true;
 }
 
-Maze *read_record(ByteReader *in, Maze **current, uint32_t doors, int32_t depth);
+// What the levels above ask of a maze and its record.
+struct Level {
+  uint32_t doors; // the first so many nodes are there and plain
+  int32_t depth;
+  size_t owed; // bytes that must be left behind the record for the levels above
+};
 
-// Reads the nodes of a maze whose first `doors` must be plain, and all mazes below.
-void read_nodes(ByteReader *in, Maze *maze, uint32_t count, Maze **current, uint32_t doors,
-                int32_t depth) {
-  GrowList_reserve(&maze->nodes, std::min(count, rows_at_once));
+Maze *read_record(ByteReader *in, Maze **current, const Level &level);
+
+// Reads the nodes of a maze and all mazes below.
+void read_nodes(ByteReader *in, Maze *maze, uint32_t count, Maze **current, const Level &level) {
   MazeNode node = {}; // what stands behind the rows in use has no meaning
-  for (uint32_t i = 0; i < count && !in->failed; i++) {
+  for (uint32_t i = 0; i < count; i++) {
     const bool holds = read_node(in, &node);
-    if (holds && i < doors) in->failed = true;
-    if (holds && !in->failed) node.submaze = read_record(in, current, node.degree, depth + 1);
-    if (node.submaze != nullptr) {
+    if (holds && i < level.doors) in->failed = true;
+    if (in->failed) return;
+    if (holds) {
+      const size_t owed = level.owed + (count - i - 1) * smallest_node + smallest_tail;
+      node.submaze = read_record(in, current, {node.degree, level.depth + 1, owed});
+      if (node.submaze == nullptr) return;
       node.submaze->parent = maze;
       node.submaze->parentnode = static_cast<int32_t>(i);
     }
@@ -110,19 +117,26 @@ void read_nodes(ByteReader *in, Maze *maze, uint32_t count, Maze **current, uint
   }
 }
 
-// Null, with `failed` set, if the record is not sound.
-Maze *read_record(ByteReader *in, Maze **current, uint32_t doors, int32_t depth) {
+// Null, with `failed` set, if the record is not sound. Since what is owed to the levels above
+// counts too, all the nodes for which there is room at any moment could stand in the file.
+Maze *read_record(ByteReader *in, Maze **current, const Level &level) {
   const bool is_current = is_set(in, read_u8(in));
   const uint32_t count = read_u32(in);
-  const bool possible = count > 0 && count <= bytes_left(in) / smallest_node && count >= doors &&
-                        depth < deepest && !(is_current && *current != nullptr);
+  const size_t left = bytes_left(in);
+  const size_t owed = level.owed + smallest_tail;
+  const bool possible = count > 0 && count <= INT32_MAX && count >= level.doors && left >= owed &&
+                        count <= (left - owed) / smallest_node && level.depth < deepest &&
+                        !(is_current && *current != nullptr);
   if (in->failed || !possible) {
     in->failed = true;
     return nullptr;
   }
   Maze *maze = Maze_new();
   if (is_current) *current = maze;
-  read_nodes(in, maze, count, current, doors, depth);
+  if (GrowList_reserve(&maze->nodes, count))
+    read_nodes(in, maze, count, current, level);
+  else
+    in->failed = true;
   maze->visited = read_i32(in);
   maze->bordermask = read_u32(in);
   read_name(in, &maze->name);
@@ -147,7 +161,7 @@ void Maze_write(const Maze *maze, ByteWriter *out, const Maze *current) {
 
 Maze *Maze_read(ByteReader *in, Maze **current) {
   Maze *found = nullptr;
-  Maze *maze = read_record(in, &found, 0, 0);
+  Maze *maze = read_record(in, &found, {0, 0, 0});
   if (maze != nullptr && found != nullptr) *current = found;
   return maze;
 }

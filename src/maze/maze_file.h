@@ -13,5 +13,6 @@ void Maze_write(const Maze *maze, ByteWriter *out, const Maze *current);
 // Reads a record, which must describe a well-formed tree of mazes that have nodes, with symmetric
 // rows, plain doors and at most one maze with its flag set; that one goes to `current`, which is
 // left alone if there is none. Places and times may be any numbers. Returns null, with nothing
-// kept, for anything else; whatever the bytes are, no more is read or allocated than they can hold.
+// kept, for anything else; whatever the bytes are, nothing behind them is read, and there is never
+// more room made than for the nodes that they could hold.
 Maze *Maze_read(ByteReader *in, Maze **current);

@@ -1,22 +1,20 @@
 #pragma once
 
 #include <bit>
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
 
-// Numbers of fixed width, little-endian whatever the machine, to and from bytes.
+// Numbers of fixed width, little-endian, to and from bytes.
+
+static_assert(std::endian::native == std::endian::little, "a big-endian machine has to swap here");
 
 // The number that stands at `bytes`.
 template <typename Unsigned> Unsigned number_at(const uint8_t *bytes) {
   Unsigned number;
   std::memcpy(&number, bytes, sizeof number);
-  if constexpr (std::endian::native == std::endian::big) {
-    number = 0;
-    for (size_t i = 0; i < sizeof number; i++)
-      number = static_cast<Unsigned>(number | static_cast<Unsigned>(bytes[i]) << 8 * i);
-  }
   return number;
 }
 
@@ -41,6 +39,15 @@ struct ByteReader {
   size_t buffer_size;
 };
 
+inline ByteReader memory_reader(const uint8_t *bytes, size_t size) {
+  return {bytes, bytes + size, false, nullptr, 0, nullptr, 0};
+}
+
+// A reader of the next `size` bytes of the file, through a buffer that is the caller's.
+inline ByteReader file_reader(FILE *file, size_t size, uint8_t *buffer, size_t buffer_size) {
+  return {buffer, buffer, false, file, size, buffer, buffer_size};
+}
+
 inline size_t bytes_left(const ByteReader *in) {
   return static_cast<size_t>(in->end - in->at) + in->in_file;
 }
@@ -52,13 +59,15 @@ inline void fetch_bytes(ByteReader *in) {
   const size_t room = in->buffer_size - kept;
   const size_t wanted = room < in->in_file ? room : in->in_file;
   const size_t got = std::fread(in->buffer + kept, 1, wanted, in->file);
-  in->in_file = got == wanted ? in->in_file - got : 0; // shorter than it was, or unreadable
+  // Less than there should be: ferror tells whether the file got shorter or couldn't be read.
+  in->in_file = got == wanted ? in->in_file - got : 0;
   in->at = in->buffer;
   in->end = in->buffer + kept + got;
 }
 
 // The next `size` bytes, valid until the next read, or null. At most the buffer's size at a time.
 inline const uint8_t *read_bytes(ByteReader *in, size_t size) {
+  assert(in->file == nullptr || size <= in->buffer_size);
   if (static_cast<size_t>(in->end - in->at) < size && in->in_file > 0) fetch_bytes(in);
   if (static_cast<size_t>(in->end - in->at) < size) {
     in->failed = true;
@@ -108,10 +117,7 @@ inline void write_bytes(ByteWriter *out, const void *bytes, size_t size) {
 }
 
 template <typename Unsigned> void write_number(ByteWriter *out, Unsigned number) {
-  uint8_t bytes[sizeof(Unsigned)];
-  for (size_t i = 0; i < sizeof(Unsigned); i++)
-    bytes[i] = static_cast<uint8_t>(number >> 8 * i);
-  write_bytes(out, bytes, sizeof bytes);
+  write_bytes(out, &number, sizeof number);
 }
 
 inline void write_u8(ByteWriter *out, uint8_t number) {

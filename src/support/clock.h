@@ -23,7 +23,7 @@ void clock_reset();
 // Milliseconds since some start, wrapping: the seed of the random numbers.
 uint32_t clock_ticks();
 
-// A number of the running thread, different for different threads that live.
+// A number that tells the running thread from most others.
 uint32_t clock_thread();
 
 // Waits.

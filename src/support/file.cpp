@@ -5,11 +5,59 @@
 #include <filesystem>
 #include <system_error>
 
-bool file_replace_begin(FileReplacement *file, const char *target, const char *mode) {
+namespace fs = std::filesystem;
+
+namespace {
+
+// Leftovers of killed programs that are kept out of the way of those that run.
+constexpr int32_t most_temporaries = 9;
+constexpr int32_t most_links = 40;
+
+std::string numbered(const std::string &stem, int32_t number, const char *ending) {
+  return stem + "-" + std::to_string(number) + ending;
+}
+
+// What a chain of symbolic links leads to, though there may be nothing yet; the path itself if it
+// is no link. A chain that goes round in a circle is left somewhere on it.
+std::string behind_links(const char *path) {
+  fs::path at = path;
+  std::error_code error;
+  for (int32_t links = 0; links < most_links && fs::is_symlink(at, error); links++)
+    at = at.parent_path() / fs::read_symlink(at, error); // an absolute one replaces all
+  return at.string();
+}
+
+// Opens the first temporary name that no other program holds. If leftovers hold all, the first
+// goes.
+void open_exclusively(FileReplacement *file, bool text) {
+  const char *mode = text ? "wtx" : "wbx";
+  const std::string stem = file->target + ".new";
+  for (int32_t round = 0; round < 2; round++) {
+    for (int32_t number = 1; number <= most_temporaries; number++) {
+      file->temporary = numbered(stem, number, "");
+      file->stream = std::fopen(file->temporary.c_str(), mode);
+      if (file->stream != nullptr || errno != EEXIST) return;
+    }
+    std::remove(numbered(stem, 1, "").c_str());
+  }
+}
+
+} // namespace
+
+FILE *file_open(const char *path) {
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (fs::is_directory(status) || (fs::exists(status) && !fs::is_regular_file(status))) {
+    errno = fs::is_directory(status) ? EISDIR : ENOTSUP;
+    return nullptr;
+  }
+  return std::fopen(path, "rb");
+}
+
+bool file_replace_begin(FileReplacement *file, const char *target, bool text) {
   file_survive_limits();
-  file->target = target;
-  file->temporary = file->target + ".new";
-  file->stream = std::fopen(file->temporary.c_str(), mode);
+  file->target = behind_links(target);
+  open_exclusively(file, text);
   return file->stream != nullptr;
 }
 
@@ -21,25 +69,28 @@ bool file_replace_end(FileReplacement *file, bool complete) {
     cause = errno;
   }
   file->stream = nullptr;
-  if (done) {
-    // Unlike the C function, this one replaces the target on every system.
-    std::error_code error;
-    std::filesystem::rename(file->temporary, file->target, error);
-    if (!error) return true;
-    cause = error.value();
-  }
+  std::error_code ignored; // a target that isn't there yet has no permissions
+  const fs::file_status old = fs::status(file->target, ignored);
+  if (done && fs::exists(old)) fs::permissions(file->temporary, old.permissions(), ignored);
+  if (done && file_rename(file->temporary, file->target)) return true;
+  if (done) cause = errno;
   std::remove(file->temporary.c_str());
   errno = cause;
   return false;
 }
 
-std::string file_set_aside(const char *path, const char *stem, const char *ending) {
+std::string file_free_name(const char *stem, const char *ending) {
   for (int32_t number = 1;; number++) {
-    const std::string name = std::string(stem) + "-" + std::to_string(number) + ending;
-    std::error_code error;
-    if (std::filesystem::exists(std::filesystem::symlink_status(name, error))) continue;
-    std::filesystem::rename(path, name, error);
-    errno = error.value();
-    return error ? std::string() : name;
+    const std::string name = numbered(stem, number, ending);
+    std::error_code ignored;
+    if (!fs::exists(fs::symlink_status(name, ignored))) return name;
   }
+}
+
+bool file_rename(const std::string &from, const std::string &to) {
+  // Unlike the C function, this one replaces the target on every system.
+  std::error_code error;
+  fs::rename(from, to, error);
+  if (error) errno = error.default_error_condition().value();
+  return !error;
 }

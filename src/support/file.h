@@ -5,28 +5,36 @@
 
 // Files that belong to the user: replaced whole or not at all.
 
+// Opens a plain file for binary reading. Null, with errno, if it can't be: ENOENT if there is none,
+// EISDIR for a folder, ENOTSUP for what could keep the program waiting, such as a pipe.
+FILE *file_open(const char *path);
+
 // A file that is being written beside the one that it will replace.
 struct FileReplacement {
-  FILE *stream;          // where to write; null if it couldn't be opened
-  std::string temporary; // beside the target
-  std::string target;
+  FILE *stream;          // where to write
+  std::string temporary; // of this program alone
+  std::string target;    // behind any symbolic link
 };
 
-// Opens a fresh file in the target's folder with fopen's `mode`. False, with errno, if that fails.
-bool file_replace_begin(FileReplacement *file, const char *target, const char *mode);
+// Opens a fresh file in the target's folder, in text mode or not. False, with errno, if that fails.
+bool file_replace_begin(FileReplacement *file, const char *target, bool text);
 
-// Brings what was written to the disk and then, in one step, to the target's place. False, with
-// errno, if anything failed or `complete` is not set; the target is then as it was before.
+// Brings what was written to the disk and then, in one step and with the target's permissions, to
+// the target's place. False, with errno, if anything failed or `complete` is not set, which is for
+// a failure that errno tells already; the target is then as it was before.
 bool file_replace_end(FileReplacement *file, bool complete);
 
-// Renames a file to `stem`, "-N" and `ending` with the smallest N from 1 up that is free. Returns
-// the new name, or an empty one, with errno, if it can't be renamed.
-std::string file_set_aside(const char *path, const char *stem, const char *ending);
+// `stem`, "-N" and `ending` with the smallest N from 1 up that no file has.
+std::string file_free_name(const char *stem, const char *ending);
+
+// Renames a file. False, with errno, if it can't be.
+bool file_rename(const std::string &from, const std::string &to);
 
 // What differs between systems.
 
 // Hands what was written to the disk itself. False, with errno, on failure.
 bool file_sync(FILE *stream);
 
-// Makes a write beyond the system's limits fail, where it would otherwise end the program.
+// From here on, for the whole process, makes a write beyond the system's limits fail, where it
+// would otherwise end the program.
 void file_survive_limits();

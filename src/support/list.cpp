@@ -30,13 +30,16 @@ void set_data(GrowList *list, void *data, uint32_t capacity) {
 }
 
 // Moves the rows in use to a fresh block and returns the old one, which the caller releases.
-void *change_capacity(GrowList *list, uint32_t capacity) {
+void *take_block(GrowList *list, void *fresh, uint32_t capacity) {
   assert(capacity >= list->count);
   void *old = list->data;
-  void *fresh = new_block(list, capacity);
   std::memcpy(fresh, old, static_cast<size_t>(list->count) * list->elemsize);
   set_data(list, fresh, capacity);
   return old;
+}
+
+void *change_capacity(GrowList *list, uint32_t capacity) {
+  return take_block(list, new_block(list, capacity), capacity);
 }
 
 void shrink_if_sparse(GrowList *list) {
@@ -75,8 +78,12 @@ uint32_t GrowList_append_many(GrowList *list, const void *row_block, uint32_t m)
   return first;
 }
 
-void GrowList_reserve(GrowList *list, uint32_t capacity) {
-  if (capacity > list->capacity) std::free(change_capacity(list, capacity));
+bool GrowList_reserve(GrowList *list, uint32_t capacity) {
+  if (capacity <= list->capacity) return true;
+  void *fresh = new_block(list, capacity);
+  if (fresh == nullptr) return false;
+  std::free(take_block(list, fresh, capacity));
+  return true;
 }
 
 void GrowList_remove(GrowList *list, uint32_t index) {

@@ -65,14 +65,18 @@ void end_operation() {
   *top_frame() = {};
 }
 
+void stamp(report_frame *frame, const char *file, int32_t line) {
+  frame->file = file;
+  frame->line = line;
+  frame->thread = clock_thread();
+  frame->time = gfx_clock();
+}
+
 report_frame new_frame(const char *file, int32_t line, int32_t type, const char *text,
                        int32_t copy_text) {
   report_frame frame = {};
   frame.type = type;
-  frame.file = file;
-  frame.line = line;
-  frame.thread = clock_thread();
-  frame.time = gfx_clock();
+  stamp(&frame, file, line);
   frame.text = const_cast<char *>(text); // released only if it is a copy
   if (copy_text != 0 && text != nullptr) {
     str_dup_into(&frame.text, text);
@@ -92,7 +96,7 @@ int32_t ask_yes_no(const char *text) {
   std::printf("%s (Y/N) ", text);
   std::fflush(stdout);
   char word[32];
-  if (std::scanf("%31s", word) != 1) return 0;
+  if (std::scanf("%31s%*[^ \t\n]", word) < 1) return 0; // the rest of a long word answers nothing
   return ascii_lower(word[0]) == 'y' ? 1 : 0;
 }
 
@@ -130,11 +134,13 @@ void report_fatal(const char *where, int32_t line, const char *text) {
   std::abort(); // the report has ended the program
 }
 
-void report_set_progress(double progress, double progress_total) {
+void report_set_progress(const char *file, int32_t line, double progress, double progress_total) {
   start_stack();
-  top_frame()->type = report_progress;
-  top_frame()->progress = progress;
-  top_frame()->progress_total = progress_total;
+  report_frame *frame = top_frame();
+  frame->type = report_progress;
+  stamp(frame, file, line);
+  frame->progress = progress;
+  frame->progress_total = progress_total;
   hand_over();
 }
 

@@ -48,7 +48,7 @@ int32_t report_inner(const char *file, int32_t line, int32_t type, const char *t
 [[noreturn]] void report_fatal(const char *source, int32_t line, const char *text);
 
 // Tells how far the operation of the top frame has come, and of how much; 0 for unknown.
-void report_set_progress(double progress, double progress_total);
+void report_set_progress(const char *file, int32_t line, double progress, double progress_total);
 
 // The output that report_handler starts with: words on the standard output; warnings wait for a
 // character on the standard input, questions for a word.

@@ -45,8 +45,7 @@ void append_entry(Settings *list, const char *key, const char *value) {
 } // namespace
 
 bool Settings_load(Settings *list, const char *path, char separator) {
-  errno = 0;
-  FILE *file = std::fopen(path, "rb");
+  FILE *file = file_open(path);
   if (file == nullptr) {
     GrowList_init(list, sizeof(SettingsEntry));
     return errno == ENOENT;
@@ -98,11 +97,11 @@ void Settings_default(Settings *list, const char *key, const char *value) {
 
 bool Settings_save(const Settings *list, const char *path, char separator) {
   FileReplacement file;
-  if (!file_replace_begin(&file, path, "wt")) return false;
+  if (!file_replace_begin(&file, path, true)) return false;
   bool complete = true;
-  for (uint32_t i = 0; i < list->count; i++) {
+  for (uint32_t i = 0; i < list->count && complete; i++) {
     const SettingsEntry &entry = rows<SettingsEntry>(*list)[i];
-    complete &= std::fprintf(file.stream, "%s%c %s\n", entry.key, separator, entry.value) >= 0;
+    complete = std::fprintf(file.stream, "%s%c %s\n", entry.key, separator, entry.value) >= 0;
   }
   return file_replace_end(&file, complete);
 }

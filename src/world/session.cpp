@@ -4,9 +4,7 @@
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
-#include <filesystem>
 #include <memory>
-#include <system_error>
 
 #include "maze/maze_file.h"
 #include "maze/pos.h"
@@ -71,8 +69,32 @@ bool is_place(Pos pos) {
   return maze_nodes(pos.maze)[pos.node].submaze == nullptr;
 }
 
-// The session that is in the bytes, all of them.
-bool read_session(ByteReader *in, World *world) {
+// Bytes of an open file; 0 if that can't be told. The position is at its start.
+size_t file_size(FILE *file) {
+  const long size = std::fseek(file, 0, SEEK_END) == 0 ? std::ftell(file) : 0;
+  std::rewind(file);
+  return size > 0 ? static_cast<size_t>(size) : 0;
+}
+
+} // namespace
+
+void World_write(const World *world, ByteWriter *out) {
+  Maze_write(world->root, out, world->cur.maze);
+  write_i32(out, world->cur.node);
+  write_block(out, world);
+  flush_bytes(out);
+}
+
+bool World_save(const World *world, const char *path) {
+  FileReplacement file;
+  if (!file_replace_begin(&file, path, false)) return false;
+  const auto out = std::make_unique<ByteWriter>();
+  out->file = file.stream;
+  World_write(world, out.get());
+  return file_replace_end(&file, !out->failed);
+}
+
+bool World_read(World *world, ByteReader *in) {
   World loaded = {};
   loaded.root = Maze_read(in, &loaded.cur.maze);
   if (loaded.root == nullptr) return false;
@@ -88,34 +110,16 @@ bool read_session(ByteReader *in, World *world) {
   return true;
 }
 
-} // namespace
-
-bool World_save(const World *world, const char *path) {
-  FileReplacement file;
-  if (!file_replace_begin(&file, path, "wb")) return false;
-  const auto out = std::make_unique<ByteWriter>();
-  out->file = file.stream;
-  Maze_write(world->root, out.get(), world->cur.maze);
-  write_i32(out.get(), world->cur.node);
-  write_block(out.get(), world);
-  flush_bytes(out.get());
-  return file_replace_end(&file, !out->failed);
-}
-
-bool World_from_bytes(World *world, const uint8_t *bytes, size_t size) {
-  ByteReader in = {bytes, bytes + size, false, nullptr, 0, nullptr, 0};
-  return read_session(&in, world);
-}
-
 SessionLoad World_load(World *world, const char *path) {
-  FILE *file = std::fopen(path, "rb");
-  if (file == nullptr) return errno == ENOENT ? SessionLoad::absent : SessionLoad::damaged;
-  std::error_code unknown; // of a folder, say
-  const auto size = std::filesystem::file_size(path, unknown);
+  FILE *file = file_open(path);
+  if (file == nullptr) return errno == ENOENT ? SessionLoad::absent : SessionLoad::unreadable;
   const auto buffer = std::make_unique_for_overwrite<uint8_t[]>(buffer_size);
-  ByteReader in = {buffer.get(),       buffer.get(), false,      file,
-                   unknown ? 0 : size, buffer.get(), buffer_size};
-  const bool sound = read_session(&in, world);
+  ByteReader in = file_reader(file, file_size(file), buffer.get(), buffer_size);
+  const bool sound = World_read(world, &in);
+  const bool read = std::ferror(file) == 0;
+  const int cause = errno;
   std::fclose(file);
-  return sound ? SessionLoad::loaded : SessionLoad::damaged;
+  errno = cause;
+  if (sound) return SessionLoad::loaded;
+  return read ? SessionLoad::damaged : SessionLoad::unreadable;
 }

@@ -11,8 +11,10 @@ close_by() {
 }
 
 for way in q Escape window signal; do
+  rm -f maze_save.dat
   vorel_start
   close_by $way
+  [ -s maze_save.dat ] || fail "no session after $way"
   [ "$vorel_status" -eq 0 ] || fail "status $vorel_status after $way"
   [ ! -s vorel.out ] || fail "words on the standard output after $way: $(cat vorel.out)"
   [ ! -s vorel.err ] || fail "words on the standard error after $way"

@@ -23,12 +23,16 @@ Swap stereo (Y/N): N
 Stereo Depth: 0.05
 TEXT
 cmp config.txt expected.txt || fail "the first run's settings are not complete"
-ladder
-hold 1.2 Right
+# A patchwork, whose halfwidths are those of any loaded session.
+hold 2 Shift_L n
+hold 0.5 Right
+hold 0.5 Up
 hold 0.3 x
+sleep 1.5
+shot first.png
 end_run
 cmp config.txt expected.txt || fail "the end changed the settings"
-[ "$(ls -A)" = "$(printf 'config.txt\nexpected.txt\nmaze_save.dat\nvorel.err\nvorel.out')" ] ||
+[ "$(ls -A)" = "$(printf 'config.txt\nexpected.txt\nfirst.png\nmaze_save.dat\nvorel.err\nvorel.out')" ] ||
   fail "other files than the program's are there: $(ls -A)"
 
 printf 'Colour: red\r\n' >>config.txt
@@ -36,6 +40,7 @@ sed -i 's/^Windowed.*/Windowed: t/' config.txt
 vorel_start
 sleep 1
 shot resumed.png
+[ "$(pixels_changed first.png resumed.png)" -lt 1000 ] || fail "the session did not come back"
 cp maze_save.dat first.dat
 quit_cleanly
 cmp -s maze_save.dat first.dat && fail "the clock stands in the second save"
@@ -43,7 +48,7 @@ cmp -s maze_save.dat first.dat && fail "the clock stands in the second save"
 vorel_start
 sleep 1
 shot again.png
-[ "$(pixels_changed resumed.png again.png)" -lt 500 ] || fail "the session did not come back"
+[ "$(pixels_changed resumed.png again.png)" -lt 1000 ] || fail "it did not come back twice"
 quit_cleanly
 grep -qx 'Colour: red' config.txt || fail "an unknown setting was lost"
 grep -qx 'Windowed: t' config.txt || fail "a shortened setting was lost"
@@ -68,13 +73,18 @@ end_run
 said "could not be saved"
 cmp maze_save.dat whole.dat || fail "a failed save changed the old session"
 cmp config.txt settings.txt || fail "the settings were changed"
-[ ! -e maze_save.dat.new ] || fail "half a session was left behind"
+[ ! -e maze_save.dat.new-1 ] || fail "half a session was left behind"
 
 mkdir kept && mv config.txt maze_save.dat kept && mkdir config.txt
 vorel_start
 end_run
 said "config.txt.* left alone"
 rmdir config.txt
+rm maze_save.dat && mkdir maze_save.dat
+vorel_start
+end_run
+[ -s maze_save.beside-1.dat ] || fail "a session beside a folder in its place was not saved"
+grep -q "maze_save.dat.*can't be read" vorel.err || fail "no word of the folder"
 
 printf 'Resolution: 800X600\n' >config.txt
 "$VOREL" >vorel.out 2>vorel.err || fail "status $? without a resolution"

@@ -1,6 +1,5 @@
 #include "support/settings.h"
 
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -9,14 +8,12 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "support/file.h"
-
 namespace {
 
 const std::string path = testing::TempDir() + "vorel_settings_test." + std::to_string(getpid());
 
-std::string contents(const std::string &name) {
-  std::ifstream file(name, std::ios::binary);
+std::string contents() {
+  std::ifstream file(path, std::ios::binary);
   return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
@@ -30,7 +27,7 @@ Settings loaded(const std::string &text) {
 std::string saved(Settings *list) {
   EXPECT_TRUE(Settings_save(list, path.c_str(), ':'));
   Settings_free(list);
-  std::string text = contents(path);
+  std::string text = contents();
   std::filesystem::remove(path);
   return text;
 }
@@ -78,19 +75,6 @@ TEST(Settings, YesHasThreeFirstLetters) {
   for (const char *no : {"", "N", "0", " y", "on", "\xff"})
     EXPECT_FALSE(setting_is_true(no)) << no;
   EXPECT_FALSE(setting_is_true(nullptr));
-}
-
-TEST(File, IsSetAsideUnderTheFirstFreeNumber) {
-  const std::string stem = path + ".old", third = stem + "-3.dat";
-  for (const char *taken : {"-1.dat", "-2.dat"})
-    std::ofstream(stem + taken) << "taken";
-  std::ofstream(path) << "mine";
-  EXPECT_EQ(file_set_aside(path.c_str(), stem.c_str(), ".dat"), third);
-  EXPECT_EQ(contents(third), "mine");
-  EXPECT_FALSE(std::filesystem::exists(path));
-  EXPECT_EQ(file_set_aside(path.c_str(), stem.c_str(), ".dat"), ""); // there is nothing
-  for (const char *made : {"-1.dat", "-2.dat", "-3.dat"})
-    std::filesystem::remove(stem + made);
 }
 
 } // namespace

@@ -15,24 +15,26 @@ constexpr size_t smallest_node = 53; // bytes of a node without rows or a submaz
 constexpr size_t smallest_tail = 9;  // of a maze: `visited`, `bordermask`, the name's NUL
 constexpr int32_t deepest = 100;     // levels; far beyond any tree that is ever made
 
-void write_edge(ByteWriter *out, const MazeEdge &edge) {
-  write_u32(out, edge.colour);
-  write_u32(out, 0); // filler
-  write_f64(out, edge.usertime);
-  write_f64(out, edge.roamertime);
+uint8_t *put_edge(uint8_t *at, const MazeEdge &edge) {
+  at = put_number(at, edge.colour);
+  at = put_number(at, uint32_t{0}); // filler
+  at = put_number(at, edge.usertime);
+  return put_number(at, edge.roamertime);
 }
 
 void write_node(const MazeNode &node, ByteWriter *out, const Maze *current) {
-  write_f64(out, node.x);
-  write_f64(out, node.y);
-  write_f64(out, node.z);
-  write_u32(out, node.degree);
+  uint8_t bytes[smallest_node + MAZE_MAX_DEGREE * (4 + edge_size)];
+  uint8_t *at = bytes;
+  for (const double coordinate : {node.x, node.y, node.z})
+    at = put_number(at, coordinate);
+  at = put_number(at, node.degree);
   for (uint32_t r = 0; r < node.degree; r++)
-    write_i32(out, node.nbr[r]);
+    at = put_number(at, node.nbr[r]);
   for (uint32_t r = 0; r < node.degree; r++)
-    write_edge(out, node.edge[r]);
-  write_edge(out, node.self);
-  write_u8(out, node.submaze != nullptr ? 1 : 0);
+    at = put_edge(at, node.edge[r]);
+  at = put_edge(at, node.self);
+  at = put_number(at, static_cast<uint8_t>(node.submaze != nullptr ? 1 : 0));
+  write_bytes(out, bytes, static_cast<size_t>(at - bytes));
   if (node.submaze != nullptr) Maze_write(node.submaze, out, current);
 }
 

@@ -28,6 +28,12 @@ inline double f64_at(const uint8_t *bytes) {
   return std::bit_cast<double>(number_at<uint64_t>(bytes));
 }
 
+// Puts a number there and returns the place behind it.
+template <typename Number> uint8_t *put_number(uint8_t *at, Number number) {
+  std::memcpy(at, &number, sizeof number);
+  return at + sizeof number;
+}
+
 // What is left to read: bytes in memory and, behind them, the rest of a file, of which `buffer`
 // holds a part at a time. A read past the end gives 0, moves nothing and sets `failed`.
 struct ByteReader {

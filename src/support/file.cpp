@@ -1,6 +1,7 @@
 #include "support/file.h"
 
 #include <cerrno>
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <system_error>
@@ -9,8 +10,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Leftovers of killed programs that are kept out of the way of those that run.
-constexpr int32_t most_temporaries = 9;
 constexpr int32_t most_links = 40;
 
 std::string numbered(const std::string &stem, int32_t number, const char *ending) {
@@ -27,18 +26,21 @@ std::string behind_links(const char *path) {
   return at.string();
 }
 
-// Opens the first temporary name that no other program holds. If leftovers hold all, the first
-// goes.
+// Whether a temporary is left over from a program that was killed: no save takes so long.
+bool is_leftover(const std::string &name) {
+  std::error_code error;
+  const auto changed = fs::last_write_time(name, error);
+  return !error && fs::file_time_type::clock::now() - changed > std::chrono::hours(1);
+}
+
+// Opens the first temporary name that no other program holds.
 void open_exclusively(FileReplacement *file, bool text) {
-  const char *mode = text ? "wtx" : "wbx";
   const std::string stem = file->target + ".new";
-  for (int32_t round = 0; round < 2; round++) {
-    for (int32_t number = 1; number <= most_temporaries; number++) {
-      file->temporary = numbered(stem, number, "");
-      file->stream = std::fopen(file->temporary.c_str(), mode);
-      if (file->stream != nullptr || errno != EEXIST) return;
-    }
-    std::remove(numbered(stem, 1, "").c_str());
+  for (int32_t number = 1;; number++) {
+    file->temporary = numbered(stem, number, "");
+    if (is_leftover(file->temporary)) std::remove(file->temporary.c_str());
+    file->stream = std::fopen(file->temporary.c_str(), text ? "wtx" : "wbx");
+    if (file->stream != nullptr || errno != EEXIST) return;
   }
 }
 

@@ -21,11 +21,12 @@ constexpr const char *damaged_stem = "maze_save.damaged"; // of one that was set
 constexpr const char *beside_stem = "maze_save.beside";   // of one beside another's that stays
 constexpr const char *session_ending = ".dat";
 
-// Tells of a failure once; after that there is nothing new to tell.
+// Tells of a failure once in a run.
 void save_settings(Run *run) {
-  if (!run->keeps_settings) return;
-  run->keeps_settings = Settings_save(&run->settings, settings_path, settings_separator);
-  if (run->keeps_settings) return;
+  if (!run->keeps_settings || Settings_save(&run->settings, settings_path, settings_separator))
+    return;
+  if (run->settings_failed) return;
+  run->settings_failed = true;
   report_sentence("the settings could not be written to \"%s\" (%s); what was there is unchanged",
                   settings_path, std::strerror(errno));
 }
@@ -56,6 +57,7 @@ void keep_unreadable(Run *run) {
 } // namespace
 
 void start_settings(Run *run) {
+  run->settings_failed = false;
   run->keeps_settings = Settings_load(&run->settings, settings_path, settings_separator);
   if (!run->keeps_settings)
     report_sentence("the settings in \"%s\" can't be read (%s) and are left alone", settings_path,

@@ -135,10 +135,11 @@ Maze *read_record(ByteReader *in, Maze **current, const Level &level) {
   }
   Maze *maze = Maze_new();
   if (is_current) *current = maze;
-  if (GrowList_reserve(&maze->nodes, count))
-    read_nodes(in, maze, count, current, level);
-  else
+  in->out_of_memory = !GrowList_reserve(&maze->nodes, count);
+  if (in->out_of_memory)
     in->failed = true;
+  else
+    read_nodes(in, maze, count, current, level);
   maze->visited = read_i32(in);
   maze->bordermask = read_u32(in);
   read_name(in, &maze->name);

@@ -39,19 +39,20 @@ template <typename Number> uint8_t *put_number(uint8_t *at, Number number) {
 struct ByteReader {
   const uint8_t *at, *end;
   bool failed;
-  FILE *file;     // null if all is in memory
-  size_t in_file; // bytes that have not been fetched yet
+  bool out_of_memory; // why it failed: for its user to set
+  FILE *file;         // null if all is in memory
+  size_t in_file;     // bytes that have not been fetched yet
   uint8_t *buffer;
   size_t buffer_size;
 };
 
 inline ByteReader memory_reader(const uint8_t *bytes, size_t size) {
-  return {bytes, bytes + size, false, nullptr, 0, nullptr, 0};
+  return {bytes, bytes + size, false, false, nullptr, 0, nullptr, 0};
 }
 
 // A reader of the next `size` bytes of the file, through a buffer that is the caller's.
 inline ByteReader file_reader(FILE *file, size_t size, uint8_t *buffer, size_t buffer_size) {
-  return {buffer, buffer, false, file, size, buffer, buffer_size};
+  return {buffer, buffer, false, false, file, size, buffer, buffer_size};
 }
 
 inline size_t bytes_left(const ByteReader *in) {

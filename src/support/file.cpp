@@ -30,18 +30,34 @@ std::string behind_links(const char *path) {
 bool is_leftover(const std::string &name) {
   std::error_code error;
   const auto changed = fs::last_write_time(name, error);
-  return !error && fs::file_time_type::clock::now() - changed > std::chrono::hours(1);
+  return !error && fs::is_regular_file(fs::symlink_status(name, error)) &&
+         fs::file_time_type::clock::now() - changed > std::chrono::hours(1);
+}
+
+void remove_leftovers(const std::string &stem) {
+  std::error_code ignored;
+  for (int32_t number = 1; fs::exists(numbered(stem, number, ""), ignored); number++)
+    if (is_leftover(numbered(stem, number, ""))) std::remove(numbered(stem, number, "").c_str());
 }
 
 // Opens the first temporary name that no other program holds.
 void open_exclusively(FileReplacement *file, bool text) {
   const std::string stem = file->target + ".new";
+  remove_leftovers(stem);
   for (int32_t number = 1;; number++) {
     file->temporary = numbered(stem, number, "");
-    if (is_leftover(file->temporary)) std::remove(file->temporary.c_str());
     file->stream = std::fopen(file->temporary.c_str(), text ? "wtx" : "wbx");
     if (file->stream != nullptr || errno != EEXIST) return;
   }
+}
+
+// Whether the user has made a file that must not be written.
+bool is_read_only(const std::string &name) {
+  constexpr fs::perms writing =
+      fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  std::error_code ignored;
+  const fs::file_status status = fs::status(name, ignored);
+  return fs::exists(status) && (status.permissions() & writing) == fs::perms::none;
 }
 
 } // namespace
@@ -59,6 +75,10 @@ FILE *file_open(const char *path) {
 bool file_replace_begin(FileReplacement *file, const char *target, bool text) {
   file_survive_limits();
   file->target = behind_links(target);
+  if (is_read_only(file->target)) {
+    errno = EACCES;
+    return false;
+  }
   open_exclusively(file, text);
   return file->stream != nullptr;
 }
@@ -66,6 +86,11 @@ bool file_replace_begin(FileReplacement *file, const char *target, bool text) {
 bool file_replace_end(FileReplacement *file, bool complete) {
   bool done = complete && std::fflush(file->stream) == 0 && file_sync(file->stream);
   int cause = errno;
+  const bool ours = file_is_at(file->stream, file->temporary);
+  if (!ours) { // another program took it for a leftover, and may have its own there now
+    done = false;
+    cause = EBUSY;
+  }
   if (std::fclose(file->stream) != 0 && done) {
     done = false;
     cause = errno;
@@ -76,7 +101,7 @@ bool file_replace_end(FileReplacement *file, bool complete) {
   if (done && fs::exists(old)) fs::permissions(file->temporary, old.permissions(), ignored);
   if (done && file_rename(file->temporary, file->target)) return true;
   if (done) cause = errno;
-  std::remove(file->temporary.c_str());
+  if (ours) std::remove(file->temporary.c_str());
   errno = cause;
   return false;
 }

@@ -16,7 +16,8 @@ struct FileReplacement {
   std::string target;    // behind any symbolic link
 };
 
-// Opens a fresh file in the target's folder, in text mode or not. False, with errno, if that fails.
+// Opens a fresh file in the target's folder, in text mode or not. False, with errno, if that fails
+// or the user has made the target read-only.
 bool file_replace_begin(FileReplacement *file, const char *target, bool text);
 
 // Brings what was written to the disk and then, in one step and with the target's permissions, to
@@ -34,6 +35,9 @@ bool file_rename(const std::string &from, const std::string &to);
 
 // Hands what was written to the disk itself. False, with errno, on failure.
 bool file_sync(FILE *stream);
+
+// Whether the open file is the one that stands under this name.
+bool file_is_at(FILE *stream, const std::string &name);
 
 // From here on, for the whole process, makes a write beyond the system's limits fail, where it
 // would otherwise end the program.

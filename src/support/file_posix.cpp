@@ -2,10 +2,17 @@
 
 #include <csignal>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 bool file_sync(FILE *stream) {
   return fsync(fileno(stream)) == 0;
+}
+
+bool file_is_at(FILE *stream, const std::string &name) {
+  struct stat open_file, named;
+  return fstat(fileno(stream), &open_file) == 0 && lstat(name.c_str(), &named) == 0 &&
+         open_file.st_dev == named.st_dev && open_file.st_ino == named.st_ino;
 }
 
 void file_survive_limits() {

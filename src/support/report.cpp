@@ -33,7 +33,8 @@ void push_blank() {
 
 // The frame stays usable: a warning that is put on it must not leave it with a released text.
 void release_text(report_frame *frame) {
-  if (frame->owns_text != 0) std::free(frame->text);
+  if (frame->owns_text == 0) return;
+  std::free(frame->text);
   frame->text = nullptr;
   frame->owns_text = 0;
 }

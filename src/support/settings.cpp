@@ -46,9 +46,11 @@ void append_entry(Settings *list, const char *key, const char *value) {
 
 bool Settings_load(Settings *list, const char *path, char separator) {
   FILE *file = file_open(path);
+  const int reason = errno;
   if (file == nullptr) {
     GrowList_init(list, sizeof(SettingsEntry));
-    return errno == ENOENT;
+    errno = reason;
+    return reason == ENOENT;
   }
   const bool read = Settings_read(list, file, separator);
   const int cause = errno;

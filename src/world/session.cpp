@@ -61,6 +61,8 @@ void mend_numbers(World *world) {
   for (int32_t row = 0; row < 3; row++)
     if (!is_finite(Mat3_row(world->view, row))) world->view = mat3_identity;
   if (!is_finite(world->camera)) World_place_camera(world);
+  // The place itself may be nowhere, where nodes coincided and were flung apart.
+  if (!is_finite(world->camera)) world->camera = {0.0, 0.0, world->zoom};
 }
 
 // A place that a user can stand on.
@@ -69,11 +71,18 @@ bool is_place(Pos pos) {
   return maze_nodes(pos.maze)[pos.node].submaze == nullptr;
 }
 
-// Bytes of an open file; 0 if that can't be told. The position is at its start.
-size_t file_size(FILE *file) {
-  const long size = std::fseek(file, 0, SEEK_END) == 0 ? std::ftell(file) : 0;
-  std::rewind(file);
-  return size > 0 ? static_cast<size_t>(size) : 0;
+// Bytes of an open file, whose position is at its start; -1, with errno, if that can't be told.
+long file_size(FILE *file) {
+  if (std::fseek(file, 0, SEEK_END) != 0) return -1;
+  const long size = std::ftell(file);
+  return std::fseek(file, 0, SEEK_SET) == 0 ? size : -1;
+}
+
+// Why a session could not be had from a file.
+SessionLoad fault_of(const ByteReader &in) {
+  if (in.out_of_memory) errno = ENOMEM;
+  return in.out_of_memory || std::ferror(in.file) != 0 ? SessionLoad::unreadable
+                                                       : SessionLoad::damaged;
 }
 
 } // namespace
@@ -113,13 +122,15 @@ bool World_read(World *world, ByteReader *in) {
 SessionLoad World_load(World *world, const char *path) {
   FILE *file = file_open(path);
   if (file == nullptr) return errno == ENOENT ? SessionLoad::absent : SessionLoad::unreadable;
-  const auto buffer = std::make_unique_for_overwrite<uint8_t[]>(buffer_size);
-  ByteReader in = file_reader(file, file_size(file), buffer.get(), buffer_size);
-  const bool sound = World_read(world, &in);
-  const bool read = std::ferror(file) == 0;
+  SessionLoad result = SessionLoad::unreadable;
+  const long size = file_size(file);
+  if (size >= 0) {
+    const auto buffer = std::make_unique_for_overwrite<uint8_t[]>(buffer_size);
+    ByteReader in = file_reader(file, static_cast<size_t>(size), buffer.get(), buffer_size);
+    result = World_read(world, &in) ? SessionLoad::loaded : fault_of(in);
+  }
   const int cause = errno;
   std::fclose(file);
   errno = cause;
-  if (sound) return SessionLoad::loaded;
-  return read ? SessionLoad::damaged : SessionLoad::unreadable;
+  return result;
 }

@@ -5,7 +5,8 @@
 
 // The session in a file: the tree of mazes, the user's place, clock, view, camera and zoom.
 
-// `unreadable`, with errno, is for a file that is there but can't be opened or read.
+// `unreadable`, with errno, is for a file that is there but can't be opened or read, or held in
+// memory.
 enum class SessionLoad { loaded, absent, damaged, unreadable };
 
 // Replaces the file by the session, whole or not at all. False, with errno, if it can't be written:

@@ -53,6 +53,7 @@ TEST(Run, FramesMoveTheClockAndTheCameraByTheirTime) {
   quit_requested = 0;
   EXPECT_FALSE(gfx_context_alive());
   clock_reset();
+  std::filesystem::remove_all(std::filesystem::current_path());
 }
 
 } // namespace

@@ -48,7 +48,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (taken_through_buffer(data, size, &again) != taken) std::abort();
   if (!taken) return 0;
   look_everywhere(world.root);
-  if (written(&world) != written(&again)) std::abort();
+  const std::string bytes = written(&world);
+  if (bytes != written(&again)) std::abort();
+  World back;
+  in = memory_reader(reinterpret_cast<const uint8_t *>(bytes.data()), bytes.size());
+  if (!World_read(&back, &in) || written(&back) != bytes) std::abort();
+  World_free(&back);
   World_free(&world);
   World_free(&again);
   return 0;

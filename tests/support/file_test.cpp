@@ -46,6 +46,9 @@ TEST_F(File, IsReplacedWholeOrNotAtAll) {
   EXPECT_FALSE(replace(path, "third", false));
   EXPECT_EQ(contents(path), "second");
   EXPECT_EQ(files(), 1);
+  fs::permissions(path, fs::perms::owner_read);
+  EXPECT_TRUE(!replace(path, "fourth") && errno == EACCES);
+  EXPECT_EQ(contents(path), "second");
   EXPECT_FALSE(replace(folder, "a folder"));
   EXPECT_FALSE(replace(folder / "none" / "file", ""));
 }
@@ -60,12 +63,21 @@ TEST_F(File, TwoProgramsDontShareTheirTemporaries) {
   EXPECT_EQ(contents(path), "from the first");
   EXPECT_TRUE(file_replace_end(&second, true));
   EXPECT_EQ(contents(path), "from the second");
-  for (const char *left : {".new-1", ".new-2"}) // by killed programs, one long ago
+  const auto long_ago = fs::file_time_type::clock::now() - std::chrono::hours(2);
+  for (const char *left : {".new-1", ".new-2", ".new-3"}) // by killed programs
     std::ofstream(path + left) << "half a fi";
-  fs::last_write_time(path + ".new-1", fs::file_time_type::clock::now() - std::chrono::hours(2));
+  fs::last_write_time(path + ".new-1", long_ago);
+  fs::last_write_time(path + ".new-3", long_ago);
   EXPECT_TRUE(replace(path, "still works"));
   EXPECT_EQ(contents(path), "still works");
   EXPECT_EQ(files(), 2);
+  // One that stood still for so long that another program takes its file for a leftover.
+  ASSERT_TRUE(file_replace_begin(&first, path.c_str(), false));
+  fs::last_write_time(first.temporary, long_ago);
+  ASSERT_TRUE(file_replace_begin(&second, path.c_str(), false));
+  EXPECT_TRUE(!file_replace_end(&first, true) && errno == EBUSY);
+  EXPECT_TRUE(file_replace_end(&second, true));
+  EXPECT_EQ(contents(path), "");
 }
 
 TEST_F(File, LinksStayLinks) {

@@ -54,6 +54,7 @@ void append_spoke(MazeNode *node, int64_t k, int64_t n, int64_t other, int64_t b
 void add_ring(Maze *maze, const Rings &rings, int32_t r) {
   const int64_t n = ring_count(rings, r);
   const int64_t inside = r > rings.first ? ring_count(rings, r - 1) : 0;
+  const int64_t outside = r < rings.last ? ring_count(rings, r + 1) : 0;
   const int64_t base = maze_count(maze);
   const double radius = ring_radius(rings, r);
   const double z = rings.radius > 0 ? rings.radius * std::cos(r * rings.step) : 0.0;
@@ -64,7 +65,7 @@ void add_ring(Maze *maze, const Rings &rings, int32_t r) {
     MazeNode_append_row(&node, static_cast<int32_t>(base + (k + n - 1) % n));
     MazeNode_append_row(&node, static_cast<int32_t>(base + (k + 1) % n));
     if (r > rings.first) append_spoke(&node, k, n, inside, base - inside);
-    if (r < rings.last) append_spoke(&node, k, n, ring_count(rings, r + 1), base + n);
+    if (r < rings.last) append_spoke(&node, k, n, outside, base + n);
     GrowList_append(&maze->nodes, &node);
   }
 }

@@ -1,10 +1,9 @@
 #include "generate/ladder.h"
 
-#include "generate/carve.h"
 #include "generate/flat.h"
+#include "generate/nest.h"
 #include "generate/paint.h"
 #include "generate/transform.h"
-#include "maze/edit.h"
 
 namespace {
 
@@ -35,14 +34,6 @@ double place_room(Maze *room, double cursor) {
   return max.x - min.x;
 }
 
-void open_room(Maze *line, int32_t k, Maze *room) {
-  room->parent = line;
-  room->parentnode = k;
-  Maze_align_doors(room);
-  Maze_carve(room);
-  maze_nodes(line)[k].submaze = room;
-}
-
 } // namespace
 
 Maze *Maze_ladder() {
@@ -59,6 +50,6 @@ Maze *Maze_ladder() {
   place_on_line(line, rooms + 1, cursor);
   // The doors face the neighbours on the line, so these must stand in their places by now.
   for (int32_t k = 1; k <= rooms; ++k)
-    open_room(line, k, room[k]);
+    Maze_settle(line, k, room[k]);
   return line;
 }

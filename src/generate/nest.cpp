@@ -12,19 +12,22 @@
 
 namespace {
 
-// Makes `room` the maze that node i holds: in its place, turned, with its doors, carved.
-void move_in(Maze *maze, int32_t i, Maze *room) {
-  Maze_translate(room, Vec3{} - Maze_mean(room), 0);
+// Brings a maze from where it was built to the place of node i, turned in line with its edges.
+void bring_to(const Maze *maze, int32_t i, Maze *room) {
+  Maze_centre(room);
   Maze_rotate(room, {0, 0, Maze_quad_angle(maze, i)}, 0);
+  Maze_translate(room, node_position(maze_nodes(maze)[i]), 0);
+}
+
+} // namespace
+
+void Maze_settle(Maze *maze, int32_t i, Maze *room) {
   room->parent = maze;
   room->parentnode = i;
-  Maze_translate(room, node_position(maze_nodes(maze)[i]), 0);
   Maze_align_doors(room);
   Maze_carve(room); // keeps the numbering, and with it the doors
   maze_nodes(maze)[i].submaze = room;
 }
-
-} // namespace
 
 void Maze_nest(Maze *maze, double probability, double size, SubmazeGenerator generator) {
   Maze_scale(maze, size, 0);
@@ -40,7 +43,9 @@ void Maze_nest(Maze *maze, double probability, double size, SubmazeGenerator gen
     if (!(rand_real(1.0) < probability)) continue;
     // A door stays a plain node, so that the way through it stays a place.
     if (Pos_submaze_exit(maze, i).maze != nullptr) continue;
-    move_in(maze, i, generator(size));
+    Maze *room = generator(size);
+    bring_to(maze, i, room);
+    Maze_settle(maze, i, room);
   }
 }
 

@@ -3,6 +3,10 @@
 #include "generate/topology.h"
 #include "maze/maze.h"
 
+// Makes an uncarved maze that stands in its place the one that node i holds: its doors are aligned,
+// then it is carved. The rows of node i must be final, and no more than the room has nodes.
+void Maze_settle(Maze *maze, int32_t i, Maze *room);
+
 // Gives each node of the leaf mazes of the tree, doors aside, a maze of its own with the given
 // probability: made by `generator` for `size`, turned in line with the node's edges, its doors
 // aligned, carved. All mazes of the tree are first spread by `size` to make room. The mazes must be

@@ -18,7 +18,7 @@ constexpr double all_colours = 0x1000000p0; // one more than the greatest
 Maze *random_tile(int32_t x, int32_t y) {
   Maze *tile = Maze_random_topology(tile_size);
   Maze_paint(tile, static_cast<uint32_t>(rand_real(all_colours)), 0);
-  Maze_translate(tile, Vec3{} - Maze_mean(tile), 0);
+  Maze_centre(tile);
   if (rand_int(5) == 0) {
     const double turn_z = rand_real(turn_range);
     const double turn_y = rand_real(turn_range);

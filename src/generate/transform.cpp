@@ -77,11 +77,11 @@ void Maze_bounds(const Maze *maze, Vec3 *min, Vec3 *max) {
   }
 }
 
-Vec3 Maze_mean(const Maze *maze) {
+void Maze_centre(Maze *maze) {
   Vec3 sum = {};
   for (int32_t i = 0; i < maze_count(maze); ++i)
     sum = sum + node_position(maze_nodes(maze)[i]);
-  return sum * (1.0 / std::max(maze_count(maze), 1));
+  Maze_translate(maze, sum * (-1.0 / maze_count(maze)), 0); // of no nodes, none moves
 }
 
 double Maze_quad_angle(const Maze *maze, int32_t node) {

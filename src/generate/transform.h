@@ -27,8 +27,8 @@ Vec3 warp_position(Vec3 p);
 // without nodes must not be passed.
 void Maze_bounds(const Maze *maze, Vec3 *min, Vec3 *max);
 
-// The mean place of this maze's own nodes; the origin for a maze without nodes.
-Vec3 Maze_mean(const Maze *maze);
+// Moves this maze's own nodes so that their mean place is the origin.
+void Maze_centre(Maze *maze);
 
 // Direction of a node's edges in the x-y plane modulo a quarter turn, in radians; 0 for a node
 // without edges there. The fourfold angle makes the four directions of a grid count as one.

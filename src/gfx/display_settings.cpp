@@ -19,7 +19,7 @@ bool is_digit(char c) {
 }
 
 const char *skip_spaces(const char *text) {
-  while (*text == ' ' || (*text >= '\t' && *text <= '\r'))
+  while (ascii_space(*text))
     text++;
   return text;
 }

@@ -152,12 +152,12 @@ Maze *read_record(ByteReader *in, Maze **current, const Level &level) {
 } // namespace
 
 void Maze_write(const Maze *maze, ByteWriter *out, const Maze *current) {
-  write_u8(out, maze == current ? 1 : 0);
-  write_u32(out, maze->nodes.count);
+  write_number(out, static_cast<uint8_t>(maze == current ? 1 : 0));
+  write_number(out, maze->nodes.count);
   for (int32_t i = 0; i < maze_count(maze); i++)
     write_node(maze_nodes(maze)[i], out, current);
-  write_i32(out, maze->visited);
-  write_u32(out, maze->bordermask);
+  write_number(out, maze->visited);
+  write_number(out, maze->bordermask);
   const char *name = maze->name != nullptr ? maze->name : "";
   write_bytes(out, name, std::strlen(name) + 1);
 }

@@ -123,22 +123,6 @@ inline void write_bytes(ByteWriter *out, const void *bytes, size_t size) {
   }
 }
 
-template <typename Unsigned> void write_number(ByteWriter *out, Unsigned number) {
+template <typename Number> void write_number(ByteWriter *out, Number number) {
   write_bytes(out, &number, sizeof number);
-}
-
-inline void write_u8(ByteWriter *out, uint8_t number) {
-  write_number(out, number);
-}
-inline void write_u32(ByteWriter *out, uint32_t number) {
-  write_number(out, number);
-}
-inline void write_i32(ByteWriter *out, int32_t number) {
-  write_number(out, static_cast<uint32_t>(number));
-}
-inline void write_f64(ByteWriter *out, double number) {
-  write_number(out, std::bit_cast<uint64_t>(number));
-}
-inline void write_f32(ByteWriter *out, float number) {
-  write_number(out, std::bit_cast<uint32_t>(number));
 }

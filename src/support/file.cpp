@@ -65,7 +65,7 @@ bool is_read_only(const std::string &name) {
 FILE *file_open(const char *path) {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
-  if (fs::is_directory(status) || (fs::exists(status) && !fs::is_regular_file(status))) {
+  if (fs::exists(status) && !fs::is_regular_file(status)) {
     errno = fs::is_directory(status) ? EISDIR : ENOTSUP;
     return nullptr;
   }

@@ -10,15 +10,11 @@
 
 namespace {
 
-bool is_space(char c) {
-  return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
 // An owned copy of the text from `from` to before `to` without white space at its ends.
 char *trimmed_copy(const char *from, const char *to) {
-  while (from < to && is_space(*from))
+  while (from < to && ascii_space(*from))
     from++;
-  while (from < to && is_space(to[-1]))
+  while (from < to && ascii_space(to[-1]))
     to--;
   const size_t length = static_cast<size_t>(to - from);
   char *copy = static_cast<char *>(std::malloc(length + 1));

@@ -37,42 +37,40 @@ bool ascii_begins(const char *text, const char *start) {
   return *start == '\0';
 }
 
-// Goes back to `start` and reads `length` bytes from there as an owned text.
-static char *read_again(FILE *stream, const std::fpos_t *start, size_t length) {
+// Reads up to and past the next NUL or one of the characters in `ends`; `ending` gets which, EOF at
+// the end of the file. The text before it is the caller's.
+static char *read_until(FILE *stream, const char *ends, int *ending) {
+  std::fpos_t start;
+  std::fgetpos(stream, &start);
+  size_t length = 0;
+  for (int c = std::fgetc(stream); c != EOF && std::strchr(ends, c) == nullptr;
+       c = std::fgetc(stream)) // which finds a NUL too
+    length++;
   char *text = static_cast<char *>(std::malloc(length + 1));
-  std::fsetpos(stream, start);
+  std::fsetpos(stream, &start);
   text[std::fread(text, 1, length, stream)] = '\0';
+  *ending = std::fgetc(stream);
   return text;
 }
 
 char *file_read_line(FILE *stream) {
-  std::fpos_t start;
-  std::fgetpos(stream, &start);
-  size_t length = 0;
-  int c = std::fgetc(stream);
-  for (; c != '\n' && c != '\r' && c != '\0' && c != EOF; c = std::fgetc(stream))
-    length++;
-  if (c == EOF && length == 0) return nullptr;
-  char *line = read_again(stream, &start, length);
-  const int ending = std::fgetc(stream);
+  int ending;
+  char *line = read_until(stream, "\n\r", &ending);
+  if (ending == EOF && *line == '\0') {
+    std::free(line);
+    return nullptr;
+  }
   const int next = ending == '\r' ? std::fgetc(stream) : EOF;
   if (next != '\n' && next != EOF) std::ungetc(next, stream);
   return line;
 }
 
 char *file_read_string(FILE *stream) {
-  std::fpos_t start;
-  std::fgetpos(stream, &start);
-  size_t length = 0;
-  int c = std::fgetc(stream);
-  while (c != '\0' && c != EOF) {
-    length++;
-    c = std::fgetc(stream);
-  }
-  if (c == EOF) return nullptr;
-  char *text = read_again(stream, &start, length);
-  std::fgetc(stream);
-  return text;
+  int ending;
+  char *text = read_until(stream, "", &ending);
+  if (ending != EOF) return text;
+  std::free(text);
+  return nullptr;
 }
 
 char *file_read_string_or_null(FILE *stream) {

@@ -14,6 +14,11 @@ size_t string_assign(char **slot, const char *text);
 // Adds 32 to codes 'A' to 'Z' and leaves all others; no locale involved.
 int ascii_lower(int c);
 
+// Whether the character is white space, from tab to carriage return or a blank.
+constexpr bool ascii_space(char c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
 // Whether two names are equal without regard to the case of the letters A to Z.
 bool ascii_equal(const char *a, const char *b);
 

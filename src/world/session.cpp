@@ -20,23 +20,19 @@ constexpr float header_growth = 60.0F;
 constexpr size_t block_size = 144, block_numbers = 14;
 constexpr size_t buffer_size = 1 << 20; // for reading
 
-void write_vec3(ByteWriter *out, Vec3 v) {
-  write_f64(out, v.x);
-  write_f64(out, v.y);
-  write_f64(out, v.z);
-}
-
 void write_block(ByteWriter *out, const World *world) {
-  write_f64(out, world->time);
-  for (int32_t row = 0; row < 3; row++)
-    write_vec3(out, Mat3_row(world->view, row));
-  write_vec3(out, world->camera);
-  write_f64(out, world->zoom);
-  write_i32(out, world->showtrail);
+  write_number(out, world->time);
+  for (const auto &row : world->view.m)
+    for (const double element : row)
+      write_number(out, element);
+  for (const double coordinate : {world->camera.x, world->camera.y, world->camera.z})
+    write_number(out, coordinate);
+  write_number(out, world->zoom);
+  write_number(out, world->showtrail);
   for (const uint32_t field :
        {header_data, header_mirror, header_count, header_capacity, header_initial, header_elemsize})
-    write_u32(out, field);
-  write_f32(out, header_growth);
+    write_number(out, field);
+  write_number(out, header_growth);
 }
 
 // The fields of the block, of which the list of Roamers, another run's, is left out.
@@ -89,7 +85,7 @@ SessionLoad fault_of(const ByteReader &in) {
 
 void World_write(const World *world, ByteWriter *out) {
   Maze_write(world->root, out, world->cur.maze);
-  write_i32(out, world->cur.node);
+  write_number(out, world->cur.node);
   write_block(out, world);
   flush_bytes(out);
 }

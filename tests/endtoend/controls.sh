@@ -6,31 +6,20 @@ ladder
 hold 0.8 x # so that rooms are in view
 sleep 1.5
 
-shot 0.png
+look
 sleep 0.5
 shot now.png
-[ "$(pixels_changed 0.png now.png)" -eq 0 ] || fail "the picture moves by itself"
-
-number=0
-# expect_change WHAT: the picture has changed since the last look.
-expect_change() {
-  sleep 0.7
-  shot now.png
-  changed=$(pixels_changed $number.png now.png)
-  [ "$changed" -gt 300 ] || fail "$1 changed $changed pixels"
-  number=$((number + 1))
-  mv now.png $number.png
-}
+[ "$(pixels_changed last.png now.png)" -eq 0 ] || fail "the picture moves by itself"
 
 hold 0.4 x
-expect_change "X, zooming out"
+expect_change 300 "X, zooming out"
 hold 0.4 z
-expect_change "Z, zooming in"
+expect_change 300 "Z, zooming in"
 xdotool mousemove --window "$vorel_window" 200 200
 xdotool click 5
-expect_change "the wheel turned backward"
+expect_change 300 "the wheel turned backward"
 xdotool click 4
-expect_change "the wheel turned forward"
+expect_change 300 "the wheel turned forward"
 # A press counts the way from the middle of the window, so it starts there.
 eval "$(xdotool getwindowgeometry --shell "$vorel_window")"
 # drag BUTTON: to the right, along the corridor, and a little upwards.
@@ -45,18 +34,18 @@ drag() {
   xdotool mouseup "$1"
 }
 drag 1
-expect_change "the left button, moving"
+expect_change 300 "the left button, moving"
 hold 0.3 Control_L Up
-expect_change "Ctrl and Up, tilting"
+expect_change 300 "Ctrl and Up, tilting"
 hold 0.3 Control_L Right
-expect_change "Ctrl and Right, turning"
+expect_change 300 "Ctrl and Right, turning"
 hold 0.2 g
-expect_change "G, the grid"
+expect_change 300 "G, the grid"
 hold 0.2 p
-expect_change "P, plain lines"
+expect_change 300 "P, plain lines"
 hold 0.2 g
-expect_change "G again, no grid"
+expect_change 300 "G again, no grid"
 
 drag 3
-expect_change "the right button, turning"
+expect_change 300 "the right button, turning"
 quit_cleanly

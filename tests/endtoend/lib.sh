@@ -23,6 +23,20 @@ pixels_changed() {
     -format '%[fx:round(mean*w*h)]' info:
 }
 
+# look: keeps the picture, for the next comparison.
+look() {
+  shot last.png
+}
+
+# expect_change LEAST WHAT: more than so many pixels differ from the last look; looks anew.
+expect_change() {
+  sleep 1
+  shot now.png
+  changed=$(pixels_changed last.png now.png)
+  [ "$changed" -gt "$1" ] || fail "$2 changed $changed pixels"
+  mv now.png last.png
+}
+
 # Ends the program by Q and expects that it had nothing to say.
 quit_cleanly() {
   leave q

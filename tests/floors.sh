@@ -9,8 +9,9 @@ declare -A below=(
   [generate]="support maze"
   [world]="support maze generate"
   [gfx]="support maze generate world"
-  [render]="support maze generate world gfx"
-  [app]="support maze generate world gfx render"
+  [text]="support maze generate world gfx"
+  [render]="support maze generate world gfx text"
+  [app]="support maze generate world gfx text render"
 )
 
 faults=0

@@ -1,9 +1,11 @@
 #include "app/keys.h"
 
+#include "app/overlay.h"
 #include "gfx/input.h"
 #include "render/plot.h"
 
-void keys_switches() {
+void keys_switches(Run *run) {
+  if (key_pressed(' ')) run->helpstate = (run->helpstate + 1) % overlay_states;
   if (key_pressed('P')) plot_smooth_lines ^= 1;
   if (key_pressed('G')) plot_grid ^= 1;
 }

@@ -1,9 +1,10 @@
 #pragma once
 
-#include "world/world.h"
+#include "app/run.h"
 
-// The keys that act once per press: display switches.
-void keys_switches();
+// The keys that act once per press: Space, which leads on through the overlays, and the display
+// switches.
+void keys_switches(Run *run);
 
 // The key N: a new tree of mazes instead of the old one, of the mode that Shift and Ctrl add up to,
 // with the session clock at 0.

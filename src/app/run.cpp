@@ -1,7 +1,9 @@
 #include "app/run.h"
 
 #include "app/files.h"
+#include "app/fonts.h"
 #include "app/keys.h"
+#include "app/overlay.h"
 #include "app/scene.h"
 #include "gfx/gl_util.h"
 #include "gfx/input.h"
@@ -52,9 +54,11 @@ bool run_start(Run *run) {
     return false;
   }
   shader_procs_load(); // no picture without shaders: told at once, not at the first draw
+  start_fonts();
   start_session(run);
   run->control = {};
   run->relaxation = {1.0};
+  run->helpstate = 0;
   if (windowed == 0) gfx_mouse_recentre(nullptr, nullptr);
   run->last_clock = gfx_clock();
   if (screen_width == 0) {
@@ -73,8 +77,9 @@ bool run_frame(Run *run) {
   World_move(world, run->control.mx, run->control.my);
   World_chase(world, dt);
   World_apply_view(world);
-  keys_switches();
+  keys_switches(run);
   stereo_scene(world);
+  overlay_draw(world, run->helpstate, dt);
   keys_new_maze(world);
   relax_frame(&run->relaxation, world->cur.maze, dt, key_down('R'), key_down('E'));
   gfx_swap(0);

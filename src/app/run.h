@@ -17,6 +17,7 @@ struct Run {
   World world;
   ViewControl control;
   Relaxation relaxation;
+  int32_t helpstate; // 0 to 3: which overlay stands
   double last_clock; // seconds, of gfx_clock
 };
 

@@ -107,13 +107,18 @@ uint32_t texture_format(int32_t components) {
   return formats[components];
 }
 
-void texture_upload(uint32_t target, int32_t components, int32_t width, int32_t height,
-                    void *pixels) {
+void texture_upload_level(uint32_t target, int32_t level, int32_t components, int32_t width,
+                          int32_t height, const void *pixels) {
   uint32_t format = texture_format(components);
   glGetError();
-  glTexImage2D(target, 0, internal_format(components, format), width, height, 0, format,
+  glTexImage2D(target, level, internal_format(components, format), width, height, 0, format,
                GL_UNSIGNED_BYTE, pixels);
-  texture_build_mipmaps(target, components, format, width, height, pixels);
+}
+
+void texture_upload(uint32_t target, int32_t components, int32_t width, int32_t height,
+                    void *pixels) {
+  texture_upload_level(target, 0, components, width, height, pixels);
+  texture_build_mipmaps(target, components, texture_format(components), width, height, pixels);
 }
 
 void texture_build_mipmaps(uint32_t target, int32_t components, uint32_t format, int32_t width,

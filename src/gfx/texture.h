@@ -22,6 +22,10 @@ uint32_t texture_format(int32_t components);
 void texture_upload(uint32_t target, int32_t components, int32_t width, int32_t height,
                     void *pixels);
 
+// Replaces one mip level of the bound texture.
+void texture_upload_level(uint32_t target, int32_t level, int32_t components, int32_t width,
+                          int32_t height, const void *pixels);
+
 // Uploads levels 1 and up, each half the size of the one before down to 1 by 1, in `format`. Each
 // is averaged in place from the one before. An odd size drops its last column or row.
 void texture_build_mipmaps(uint32_t target, int32_t components, uint32_t format, int32_t width,

@@ -127,17 +127,19 @@ TEST_F(ViewControlTest, KeysMoveByTheZoomAndCtrlTurnsInstead) {
 }
 
 TEST_F(ViewControlTest, SwitchesActOncePerPress) {
-  hold_keys({'G', 'P'});
-  keys_switches();
+  ::Run run = {};
+  hold_keys({'G', 'P', ' '});
+  keys_switches(&run);
   EXPECT_EQ(plot_grid, 1);
   EXPECT_EQ(plot_smooth_lines, 0);
   std::copy(std::begin(key_state), std::end(key_state), key_state_prev);
-  keys_switches();
+  keys_switches(&run);
   EXPECT_EQ(plot_grid, 1);
   std::fill(std::begin(key_state_prev), std::end(key_state_prev), uint8_t{0});
-  keys_switches();
+  keys_switches(&run);
   EXPECT_EQ(plot_grid, 0);
   EXPECT_EQ(plot_smooth_lines, 1);
+  EXPECT_EQ(run.helpstate, 2);
   EXPECT_FALSE(keys_quit());
   hold_keys({vk_escape});
   EXPECT_TRUE(keys_quit());

@@ -23,3 +23,6 @@ expect_fault "no OpenGL library" "Can't Create A GL Rendering Context." "OpenGL"
 expect_fault "an old OpenGL" \
   "OpenGL version 2.0 or higher required for shaders; you have version 1.4" "2.0 is needed" \
   env MESA_GL_VERSION_OVERRIDE=1.4 "$VOREL"
+printf x >font_fmod.dat
+expect_fault "a font file without a glyph" "loadfont: 'font_fmod.dat' not found" "holds no font" \
+  "$VOREL"

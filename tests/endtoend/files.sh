@@ -33,7 +33,7 @@ sleep 1.5
 shot first.png
 end_run
 cmp config.txt expected.txt || fail "the end changed the settings"
-[ "$(ls -A)" = "$(printf 'config.txt\nexpected.txt\nfirst.png\nmaze_save.dat\nvorel.err\nvorel.out')" ] ||
+[ "$(ls -A)" = "$(printf 'config.txt\nexpected.txt\nfirst.png\nfont_fmod.dat\nmaze_save.dat\nvorel.err\nvorel.out')" ] ||
   fail "other files than the program's are there: $(ls -A)"
 
 printf 'Colour: red\r\n' >>config.txt
@@ -86,6 +86,30 @@ vorel_start
 end_run
 [ -s maze_save.beside-1.dat ] || fail "a session beside a folder in its place was not saved"
 grep -q "maze_save.dat.*can't be read" vorel.err || fail "no word of the folder"
+
+rmdir maze_save.dat
+
+# The font file is used as it stands, drawn anew where it is missing, and never written over.
+cp font_fmod.dat font.dat
+truncate -s 1000 font_fmod.dat
+cp font_fmod.dat short.dat
+vorel_start
+quit_cleanly
+cmp font_fmod.dat short.dat || fail "a short font file was written over"
+rm font_fmod.dat
+vorel_start
+quit_cleanly
+cmp font_fmod.dat font.dat || fail "the font file drawn anew is another one"
+rm font_fmod.dat
+VOREL=./limited vorel_start
+end_run
+grep -q '"font_fmod.dat" could not be written' vorel.err || fail "no word of the font file"
+[ ! -e font_fmod.dat ] && [ ! -e font_fmod.dat.new-1 ] || fail "half a font file was left behind"
+mkdir font_fmod.dat
+vorel_start
+end_run
+said 'font_fmod.dat" can.t be read'
+rmdir font_fmod.dat
 
 printf 'Resolution: 800X600\n' >config.txt
 "$VOREL" >vorel.out 2>vorel.err || fail "status $? without a resolution"

@@ -1,0 +1,43 @@
+#include "render/maze_label.h"
+
+#include <string>
+
+#include "generate/transform.h"
+#include "gfx/gl.h"
+#include "text/font.h"
+#include "text/layout.h"
+#include "text/style.h"
+#include "text/text.h"
+
+namespace {
+
+constexpr double above = 3.0;       // of the first part's top, over the maze
+constexpr double above_small = 2.9; // of the second part's
+constexpr double size = 2.0;        // of a glyph's cell
+constexpr double small_size = 1.0;
+
+// A line of text along x, hanging down from its place.
+void print(double x, double y, double z, const std::string &text, double cell) {
+  text3d_print(x, y, z, text.c_str(), 0, -cell, 0, cell, 0, 0);
+}
+
+} // namespace
+
+void maze_label(const Maze *maze) {
+  font_apply("fmod");
+  Vec3 low, high;
+  Maze_bounds(maze, &low, &high);
+  const std::string name = maze->name;
+  const size_t second = name.find('.', std::min(name.find('.'), name.size() - 1) + 1);
+  const std::string first_part = name.substr(0, second);
+  text3d_begin();
+  glColor3f(0.8F, 0.9F, 0.8F);
+  print(low.x, high.y + above, low.z, first_part, size);
+  if (second != std::string::npos && text_height > 0) {
+    const int32_t cells = text_width(first_part.c_str()) / text_height;
+    print(low.x + size * (cells + 0.1), high.y + above_small, low.z, name.substr(second),
+          small_size);
+  }
+  text3d_end();
+  font_apply("normal");
+}

@@ -1,0 +1,239 @@
+#include "text/font.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "gfx/gl.h"
+#include "gfx/texture.h"
+#include "support/file.h"
+#include "support/random.h"
+#include "support/report.h"
+#include "support/strings.h"
+#include "text/atlas.h"
+
+GrowList fonts;
+void *font_rows;
+Font *current_font;
+FontStyle current_style = font_style_default;
+uint8_t text_gap;
+uint8_t text_height;
+uint8_t text_max_width;
+
+namespace {
+
+constexpr const char *report_source = "bitmapfonts";
+constexpr int32_t greatest_texture = 2048; // pixels, whatever the card offers
+constexpr int32_t measured_code = 'C';
+// Of a font file: 512 records can't be longer.
+constexpr size_t greatest_file = size_t{font_codes} * (glyph_header + 255 * 255);
+
+Font *font_new(const char *name) {
+  Font *font = static_cast<Font *>(std::calloc(1, sizeof(Font)));
+  if (font == nullptr) std::abort();
+  str_dup_into(&font->name, name);
+  font->base = font;
+  font->width_scale = 1.0F;
+  font->height_scale = 1.0F;
+  return font;
+}
+
+void font_register(Font *font) {
+  if (fonts.data == nullptr) {
+    GrowList_init(&fonts, sizeof(Font *));
+    fonts.mirror = &font_rows;
+    font_rows = fonts.data;
+  }
+  GrowList_append(&fonts, &font);
+}
+
+// A measure times a scale, truncated, as the byte that the measures of text are.
+uint8_t scaled(uint8_t measure, float scale) {
+  const float product = static_cast<float>(measure) * scale;
+  return product > 0.0F ? static_cast<uint8_t>(std::min(product, 255.0F)) : uint8_t{0};
+}
+
+void measure_widths(Font *font) {
+  const uint32_t widest = *std::max_element(font->glyph_width, font->glyph_width + font_codes);
+  font->max_width = static_cast<uint8_t>(widest);
+  font->space_measure = static_cast<uint8_t>(font->glyph_width[measured_code] + 1);
+}
+
+int32_t level_size(int32_t level, GLenum side) {
+  int32_t size = 0;
+  glGetTexLevelParameteriv(GL_TEXTURE_2D, level, side, &size);
+  return size;
+}
+
+// Reads each mip level of the bound texture back and replaces it.
+void sharpen_levels(const Font *font) {
+  std::vector<uint8_t> pixels(size_t{font->tex_width} * font->tex_height * 4);
+  int32_t width = 0;
+  int32_t height = 0;
+  for (int32_t level = 1; width != 1 || height != 1; level++) {
+    width = level_size(level, GL_TEXTURE_WIDTH);
+    height = level_size(level, GL_TEXTURE_HEIGHT);
+    if (width < 1 || height < 1) return; // a texture of a single level has no others
+    glGetTexImage(GL_TEXTURE_2D, level, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
+    atlas_sharpen(font, static_cast<uint32_t>(level), static_cast<uint32_t>(width),
+                  static_cast<uint32_t>(height), pixels.data());
+    texture_upload_level(GL_TEXTURE_2D, level, 4, width, height, pixels.data());
+  }
+}
+
+[[noreturn]] void report_too_large(const Font *font, int32_t limit) {
+  char words[256];
+  std::snprintf(words, sizeof words,
+                "Font '%.100s' required texture of size %dx%d but GL_MAX_TEXTURE_SIZE=%d",
+                font->name, static_cast<int>(font->tex_width), static_cast<int>(font->tex_height),
+                limit);
+  report_fatal(report_source, __LINE__, words);
+}
+
+void upload_atlas(Font *font, const GlyphRecord *records, uint32_t count) {
+  std::vector<uint8_t> image = atlas_image(font, records, count);
+  glGenTextures(1, &font->texture);
+  glBindTexture(GL_TEXTURE_2D, font->texture);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+  texture_upload(GL_TEXTURE_2D, 4, static_cast<int32_t>(font->tex_width),
+                 static_cast<int32_t>(font->tex_height), image.data());
+  sharpen_levels(font);
+}
+
+// All that the file holds, as far as it can be read; empty if it can't.
+std::vector<uint8_t> read_font_file(const char *path) {
+  std::vector<uint8_t> bytes;
+  FILE *file = file_open(path);
+  if (file == nullptr) return bytes;
+  std::fseek(file, 0, SEEK_END);
+  const long length = std::ftell(file);
+  std::rewind(file);
+  bytes.resize(std::min(length > 0 ? static_cast<size_t>(length) : 0, greatest_file));
+  bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file));
+  std::fclose(file);
+  return bytes;
+}
+
+bool texture_is_used(uint32_t texture, const Font *but_by) {
+  for (uint32_t i = fonts.count; i-- > 0;) {
+    const Font *font = rows<Font *>(fonts)[i];
+    if (font != but_by && font->texture == texture) return true;
+  }
+  return false;
+}
+
+void unregister(const Font *font) {
+  for (uint32_t i = fonts.count; i-- > 0;)
+    if (rows<Font *>(fonts)[i] == font) GrowList_remove(&fonts, i);
+}
+
+// Gives the styles of a font that goes to one of them, which has the glyphs too.
+void inherit_styles(const Font *font) {
+  Font *heir = nullptr;
+  for (uint32_t i = fonts.count; i-- > 0;) {
+    Font *style = rows<Font *>(fonts)[i];
+    if (style->base != font || style == font) continue;
+    if (heir == nullptr) heir = style;
+    style->base = heir;
+  }
+  if (current_style.base == font) current_style.base = heir;
+}
+
+} // namespace
+
+FontStyle font_style_of(const Font *font) {
+  return {font->base,     font->width_scale, font->height_scale, font->skew,
+          font->boldness, font->glyph_count, font->reserved};
+}
+
+Font *font_build(const uint8_t *bytes, uint32_t size, const char *name) {
+  Font *font = font_new(name);
+  std::array<GlyphRecord, font_codes> records;
+  const uint32_t count = glyph_records(bytes, size, records.data());
+  int32_t limit = 0;
+  glGetIntegerv(GL_MAX_TEXTURE_SIZE, &limit);
+  const uint32_t usable = static_cast<uint32_t>(std::clamp(limit, 0, greatest_texture));
+  atlas_layout(font, records.data(), count, usable);
+  if (font->tex_height > usable) report_too_large(font, limit);
+  upload_atlas(font, records.data(), count);
+  font->glyph_count = static_cast<int32_t>(font_codes);
+  measure_widths(font);
+  font->tex_width = static_cast<uint32_t>(level_size(0, GL_TEXTURE_WIDTH));
+  font->tex_height = static_cast<uint32_t>(level_size(0, GL_TEXTURE_HEIGHT));
+  font_register(font);
+  if (current_font == nullptr) font_select(font);
+  return font;
+}
+
+void loadfont(const char *path, const char *name) {
+  const std::vector<uint8_t> bytes = read_font_file(path);
+  std::array<GlyphRecord, font_codes> records;
+  const uint32_t size = static_cast<uint32_t>(bytes.size());
+  if (glyph_records(bytes.data(), size, records.data()) == 0) {
+    report_sentence("the font file \"%s\" can't be read or holds no font; once it is deleted, the "
+                    "program makes it anew",
+                    path);
+    const std::string words = "loadfont: '" + std::string(path) + "' not found";
+    report_fatal(report_source, __LINE__, words.c_str());
+  }
+  font_build(bytes.data(), size, name);
+}
+
+Font *font_copy(const Font *source) {
+  Font *font = font_new(source->name);
+  char *name = font->name;
+  *font = *source;
+  font->name = name;
+  font_register(font);
+  return font;
+}
+
+void font_select(Font *font) {
+  if (font == nullptr || font == current_font) return;
+  current_font = font;
+  current_style = font_style_of(font);
+  const Font *base = font->base;
+  text_max_width = scaled(base->max_width, font->width_scale);
+  text_height = scaled(base->height, font->height_scale);
+  text_gap = scaled(base->space_measure, font->width_scale);
+}
+
+void font_delete(Font *font) {
+  if (!texture_is_used(font->texture, font)) glDeleteTextures(1, &font->texture);
+  unregister(font);
+  inherit_styles(font);
+  const bool was_current = font == current_font;
+  std::free(font->name);
+  std::free(font);
+  if (!was_current) return;
+  current_font = nullptr;
+  if (fonts.count > 0)
+    font_select(rows<Font *>(fonts)[rand_int(static_cast<int32_t>(fonts.count))]);
+}
+
+Font *font_make_blank(const char *name) {
+  const uint32_t scanned = fonts.count;
+  for (uint32_t i = fonts.count; i-- > 0;) {
+    Font *font = rows<Font *>(fonts)[i];
+    if (ascii_equal(font->name, name)) font_delete(font);
+  }
+  Font *font = font_new(name);
+  const uint8_t white[3] = {1, 1, 1};
+  glGenTextures(1, &font->texture);
+  glBindTexture(GL_TEXTURE_2D, font->texture);
+  glTexImage2D(GL_TEXTURE_2D, 0, GL_RGB, 1, 1, 0, GL_RGB, GL_UNSIGNED_BYTE, white);
+  glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+  font->tex_width = 1;
+  font->tex_height = 1;
+  if (scanned < font_codes) font->glyph_width[scanned] = 1;
+  font_register(font);
+  return font;
+}

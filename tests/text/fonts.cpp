@@ -1,0 +1,23 @@
+#include "fonts.h"
+
+#include <cstdlib>
+
+#include "gfx/texture.h"
+#include "picture.h"
+#include "text/fmod_table.h"
+#include "text/normal_font.h"
+
+Fonts fonts_for_test() {
+  static Fonts built = {};
+  picture_begin();
+  if (fonts.count == 0) {
+    textures_keep_component_count = 1;
+    built.normal = font_build(normal_font.data(), normal_font_size, "normal");
+    uint32_t size = 0;
+    uint8_t *bytes = fmod_generate(&size);
+    built.fmod = font_build(bytes, size, "fmod");
+    std::free(bytes);
+  }
+  font_select(built.normal);
+  return built;
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "text/font.h"
+
+// The program's two fonts in a context without a display, "normal" current.
+struct Fonts {
+  Font *normal, *fmod;
+};
+
+// Builds them if there are no fonts. In any case the frame is cleared.
+Fonts fonts_for_test();

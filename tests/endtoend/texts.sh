@@ -14,7 +14,8 @@ lit() { # WxH+X+Y: how many pixels of the window's part are lit
 hold 0.2 space
 expect_change 2000 "Space, the help"
 [ "$(lit 400x14+0+182)" -gt 200 ] || fail "the help has no fourteenth line"
-hold 1.5 Right # some nodes to count
+hold 1.2 Right # to the first room, and back to the start: a node to count
+hold 3 Left
 hold 0.2 space
 sleep 1.5 # until the camera rests
 look

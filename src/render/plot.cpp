@@ -1,15 +1,29 @@
 #include "render/plot.h"
 
+#include "render/ballstick.h"
 #include "render/grid.h"
 #include "render/line_plot.h"
 #include "render/maze_label.h"
 
+int32_t plot_type = 0;
+int32_t plot_light = 0;
 int32_t plot_grid = 0;
 int32_t plot_smooth_lines = 1;
 
-void plot_world(const World *world) {
+namespace {
+
+void line_plot(const World *world) {
   if (world->root->name != nullptr) maze_label(world->root);
   line_edges_pass(world->root, world, 1);
   line_nodes_pass(world->root, world, 1);
+}
+
+} // namespace
+
+void plot_world(const World *world) {
+  if (plot_type == 2)
+    ballstick_plot(world->root, world, plot_light);
+  else
+    line_plot(world);
   if (plot_grid != 0) grid_overlay(world);
 }

@@ -144,3 +144,127 @@ void main()
   gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;
 }
 )";
+
+// The quad lies in the plane of the sphere's far side. Per axis it reaches as far as the box around
+// the sphere does, seen from the eye; the cap keeps it finite when the eye comes close.
+const char *const shader_ball_vertex = R"(#version 120
+varying vec3 epos,ex;
+varying float r;
+void main()
+{
+  vec3 x=gl_MultiTexCoord0.xyz;
+  r=gl_MultiTexCoord0.w;
+  ex=(gl_ModelViewMatrix*vec4(x,1)).xyz;
+  float zback=ex.z-r;
+  float zfront=min(-0.001,ex.z+r);
+  vec2 pback=(ex.xy+gl_Vertex.xy*r);
+  vec2 pfront=(ex.xy+gl_Vertex.xy*r)*zback/zfront;
+  pback=min(vec2(-3*zback),max(pback*gl_Vertex.xy,pfront*gl_Vertex.xy))*gl_Vertex.xy;
+  epos=vec3(pback,zback);
+  gl_Position=gl_ProjectionMatrix*vec4(epos,1);
+  gl_FrontColor=gl_Color;
+}
+)";
+
+// The ray is k*epos; the nearer root counts. Vectors multiplied from the left of the modelview go
+// back to the world, since it is a rotation and a translation.
+const char *const shader_ball_fragment = R"(
+uniform mat4 proj;
+varying vec3 epos,ex;
+varying float r;
+void main()
+{
+  float a=dot(epos,epos);
+  float b=-2.0*dot(ex,epos);
+  float c=dot(ex,ex)-r*r;
+  float d=b*b-4.0*a*c;
+  if(d<0.0) discard;
+  float k=(-b-sqrt(d))/(2.0*a);
+  if(k<=0.0) discard;
+  vec3 ecpos=epos*k;
+  vec3 norm=normalize(vec3(vec4(ecpos-ex,0)*gl_ModelViewMatrix));
+  vec3 pos=vec3((vec4(ecpos,1)-gl_ModelViewMatrix[3])*gl_ModelViewMatrix);
+  gl_FragColor=gl_Color*vec4(lighting(norm,pos),1);
+  float z=ecpos.z;
+  gl_FragDepth=(proj[2][2]*z+proj[3][2])/(proj[2][3]*z);
+  gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;
+}
+)";
+
+const char *const shader_ball_unlit_fragment = R"(
+uniform mat4 proj;
+varying vec3 epos,ex;
+varying float r;
+void main()
+{
+  float a=dot(epos,epos);
+  float b=-2.0*dot(ex,epos);
+  float c=dot(ex,ex)-r*r;
+  float d=b*b-4.0*a*c;
+  if(d<0.0) discard;
+  float k=(-b-sqrt(d))/(2.0*a);
+  if(k<=0.0) discard;
+  vec3 ecpos=epos*k;
+  gl_FragColor=gl_Color;
+  float z=ecpos.z;
+  gl_FragDepth=(proj[2][2]*z+proj[3][2])/(proj[2][3]*z);
+  gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;
+}
+)";
+
+// The quad lies in the plane that touches the cylinder on its far side, and reaches as far as the
+// near touching plane does, seen from the eye. ab: along the axis, in its lengths, and across it.
+const char *const shader_stick_vertex = R"(#version 120
+varying vec3 epos,ex,ea;
+varying float r;
+void main()
+{
+  vec3 x=gl_MultiTexCoord0.xyz;
+  r=gl_MultiTexCoord0.w;
+  vec3 a=gl_Normal.xyz;
+  ex=(gl_ModelViewMatrix*vec4(x,1)).xyz;
+  ea=(gl_ModelViewMatrix*vec4(a,0)).xyz;
+  vec3 b=normalize(cross(ex,ea));
+  vec3 c=normalize(cross(ea,b));
+  float xa=dot(ex,ea)/dot(ea,ea);
+  float xc=dot(ex,c);
+  vec2 abf=vec2(gl_Vertex.x*0.5+0.5,gl_Vertex.y*r);
+  float lambda=(xc+r)/(xc-r);
+  vec2 abr=vec2(lambda*(abf.x+xa)-xa,lambda*abf.y);
+  vec2 ab=max(abf*gl_Vertex.xy,abr*gl_Vertex.xy)*gl_Vertex.xy;
+  epos=ex+ab.x*ea+ab.y*b+r*c;
+  gl_Position=gl_ProjectionMatrix*vec4(epos,1);
+  gl_FrontColor=gl_Color;
+}
+)";
+
+// The cylinder ends without caps, where the balls close it. What is square to the axis is taken as
+// vectors, xn and en: as a difference of squares, it would drown in the rounding on long sticks.
+const char *const shader_stick_fragment = R"(
+uniform mat4 proj;
+varying vec3 epos,ex,ea;
+varying float r;
+void main()
+{
+  float aa=dot(ea,ea);
+  vec3 xn=ex-ea*(dot(ex,ea)/aa);
+  vec3 en=epos-ea*(dot(epos,ea)/aa);
+  float a=dot(en,en);
+  float b=-2.0*dot(xn,en);
+  float c=dot(xn,xn)-r*r;
+  float d=b*b-4.0*a*c;
+  if(d<0.0) discard;
+  float k=(-b-sqrt(d))/(2.0*a);
+  if(k<=0.0) discard;
+  vec3 ecpos=epos*k;
+  vec3 u=ecpos-ex;
+  float p=dot(u,ea)/aa;
+  if(p<0 || p>1) discard;
+  vec3 norm=normalize(vec3(vec4(u-p*ea,0)*gl_ModelViewMatrix));
+  vec3 pos=vec3((vec4(ecpos,1)-gl_ModelViewMatrix[3])*gl_ModelViewMatrix);
+  gl_FragColor=gl_Color*vec4(lighting(norm,pos),1);
+  float z=ecpos.z;
+  gl_FragDepth=(proj[2][2]*z+proj[3][2])/(proj[2][3]*z);
+  gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;
+}
+)";

@@ -19,3 +19,13 @@ extern const char *const shader_edge_fragment;
 // gl_Color: the colour, and the time of the last arrival as alpha.
 extern const char *const shader_node_vertex;
 extern const char *const shader_node_fragment;
+
+// Balls. gl_Vertex: a corner of the quad, each -1 or 1; gl_MultiTexCoord0: centre and radius;
+// gl_Color: the colour. The fragment texts stand behind shader_lighting.
+extern const char *const shader_ball_vertex;
+extern const char *const shader_ball_fragment;
+extern const char *const shader_ball_unlit_fragment;
+
+// Sticks, as balls; gl_MultiTexCoord0: an end and the radius; gl_Normal: from there to the other.
+extern const char *const shader_stick_vertex;
+extern const char *const shader_stick_fragment;

@@ -15,8 +15,10 @@ TEST(Context, MazesMayOutliveItAndItMayEndTwice) {
   GrowList_append(&maze->nodes, &node);
   const World world = world_from_above(maze, {maze, 0});
   picture_begin();
-  plot_world(&world);
+  for (plot_type = 0; plot_type <= 2; plot_type++)
+    plot_world(&world);
   ASSERT_NE(Attachment_find(maze, "lists"), 0);
+  ASSERT_NE(Attachment_find(maze, "ballstick_ballslist"), 0);
   gfx_close();
   gfx_close();
   EXPECT_FALSE(gfx_context_alive());

@@ -7,12 +7,12 @@
 #include <sstream>
 #include <string>
 
+#include "lamps.h"
 #include "picture.h"
 #include "render/age_colour.h"
 #include "render/shader_procs.h"
 #include "render/shader_program.h"
 #include "render/shader_text.h"
-#include "support/vec3.h"
 
 namespace {
 
@@ -64,26 +64,6 @@ TEST(Shaders, AgesOnTheCardAndOnTheProcessorAgree) {
   }
 }
 
-// The light of one repeating lamp and of the user's, at full precision.
-Vec3 lit(Vec3 normal, Vec3 place, Vec3 user, Vec3 user_colour) {
-  static constexpr Vec3 lamp[4] = {
-      {10.4, 0.6, 3.3}, {3.4, 0.4, 1.3}, {10.4, 8.6, 3.3}, {3.4, 11.4, 1.3}};
-  static constexpr Vec3 colour[4] = {{2.5, 5, 4}, {5, 4, 2.5}, {2.5, 4, 4}, {5, 5, 2.5}};
-  const auto fold = [](double d, double period) {
-    return d - period * std::floor(d / period + 0.5);
-  };
-  Vec3 sum = {0, 0, 0};
-  for (int n = 0; n < 4; n++) {
-    const Vec3 d = lamp[n] - place;
-    const Vec3 near = {fold(d.x, 20), fold(d.y, 20), fold(d.z, 10)};
-    const double fade =
-        (1 - near.x * near.x / 100) * (1 - near.y * near.y / 100) * (1 - near.z * near.z / 25);
-    sum = sum + colour[n] * (fade * std::max(0.0, dot(normal, near) / dot(near, near)));
-  }
-  const Vec3 d = user - place;
-  return sum + user_colour * (std::max(0.1, dot(normal, d) / length(d)) / length(d));
-}
-
 TEST(Shaders, LightingRepeatsAndFadesAsTold) {
   picture_begin();
   const GLuint program =
@@ -113,7 +93,7 @@ TEST(Shaders, LightingRepeatsAndFadesAsTold) {
   gl2.use_program(0);
   const Picture picture = picture_take();
   for (int x = 0; x < picture_width; x++) {
-    const Vec3 light = lit(normal_of(x), place_of(x), user, {5, 5, 5}) * (0.25 * 255);
+    const Vec3 light = lamp_light(normal_of(x), place_of(x), user, {5, 5, 5}) * (0.25 * 255);
     const uint32_t colour = picture_colour(picture, x, 100);
     EXPECT_NEAR(colour >> 16, std::min(255.0, light.x), 1.6) << x;
     EXPECT_NEAR(colour >> 8 & 255, std::min(255.0, light.y), 1.6) << x;

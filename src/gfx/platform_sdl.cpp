@@ -19,6 +19,14 @@ char fault[512];
 uint32_t buttons_held;   // as the button events tell
 PlatformPoint size_told; // the client size that gfx_resize knows
 
+struct PixelFormat {
+  int depth_bits, alpha_bits;
+};
+
+// In order of preference: 32 bits of depth where there are any, though most drivers have 24. Alpha
+// is for pictures that are drawn in the window for want of framebuffer objects, and can be missed.
+constexpr PixelFormat formats[] = {{32, 8}, {24, 8}, {32, 0}, {24, 0}};
+
 void take_fault() {
   const char *error = SDL_GetError();
   std::snprintf(fault, sizeof fault, "%s", error[0] != '\0' ? error : "no reason was given");
@@ -65,7 +73,7 @@ SDL_Window *make_window(const PlatformWindowRequest &request, uint32_t flags) {
 
 // Version 1.1 is asked for so that an old driver still gets as far as the check of its version,
 // which can tell the user more; drivers give their newest that is compatible.
-void ask_for_context(int depth_bits) {
+void ask_for_context(const PixelFormat &format) {
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_COMPATIBILITY);
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, 1);
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_MINOR_VERSION, 1);
@@ -73,9 +81,9 @@ void ask_for_context(int depth_bits) {
   SDL_GL_SetAttribute(SDL_GL_RED_SIZE, 8);
   SDL_GL_SetAttribute(SDL_GL_GREEN_SIZE, 8);
   SDL_GL_SetAttribute(SDL_GL_BLUE_SIZE, 8);
-  SDL_GL_SetAttribute(SDL_GL_ALPHA_SIZE, 0);
+  SDL_GL_SetAttribute(SDL_GL_ALPHA_SIZE, format.alpha_bits);
   SDL_GL_SetAttribute(SDL_GL_STENCIL_SIZE, 0);
-  SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, depth_bits);
+  SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, format.depth_bits);
 }
 
 // A window can fail for want of the display or of a pixel format; one without OpenGL tells which.
@@ -87,8 +95,8 @@ PlatformOpen why_no_window(const PlatformWindowRequest &request) {
   return PlatformOpen::no_pixel_format;
 }
 
-PlatformOpen try_open(const PlatformWindowRequest &request, int depth_bits) {
-  ask_for_context(depth_bits);
+PlatformOpen try_open(const PlatformWindowRequest &request, const PixelFormat &format) {
+  ask_for_context(format);
   window = make_window(request, window_flags(request));
   if (window == nullptr) return why_no_window(request);
   context = SDL_GL_CreateContext(window);
@@ -292,9 +300,12 @@ PlatformOpen platform_open(const PlatformWindowRequest *request) {
     return PlatformOpen::no_context;
   }
   size_told = {request->client_width, request->client_height};
-  // 32 bits where there are any; most drivers have 24.
-  PlatformOpen stage = try_open(*request, 32);
-  return stage == PlatformOpen::ok ? stage : try_open(*request, 24);
+  PlatformOpen stage = PlatformOpen::no_pixel_format;
+  for (const PixelFormat &format : formats) {
+    stage = try_open(*request, format);
+    if (stage == PlatformOpen::ok) break;
+  }
+  return stage;
 }
 
 const char *platform_fault() {

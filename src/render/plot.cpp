@@ -1,6 +1,7 @@
 #include "render/plot.h"
 
 #include "render/ballstick.h"
+#include "render/gantry_plot.h"
 #include "render/grid.h"
 #include "render/line_plot.h"
 #include "render/maze_label.h"
@@ -21,7 +22,9 @@ void line_plot(const World *world) {
 } // namespace
 
 void plot_world(const World *world) {
-  if (plot_type == 2)
+  if (plot_type == 1)
+    gantry_plot(world->root, world, plot_light);
+  else if (plot_type == 2)
     ballstick_plot(world->root, world, plot_light);
   else
     line_plot(world);

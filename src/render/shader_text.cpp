@@ -268,3 +268,88 @@ void main()
   gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;
 }
 )";
+
+// Positions are in world coordinates, as the lights are.
+const char *const shader_gantry_vertex = R"(#version 120
+varying vec3 pos,norm;
+varying float oz;
+void main()
+{
+  pos=gl_Vertex.xyz;
+  norm=gl_Normal.xyz;
+  gl_Position=gl_ModelViewProjectionMatrix*gl_Vertex;
+  oz=gl_Position.w/gl_ProjectionMatrix[2][3];
+  gl_FrontColor=gl_Color;
+  gl_TexCoord[0]=gl_MultiTexCoord0;
+}
+)";
+
+// texbas tilts the axis of the texture up into the plane of the surface. From below the normal
+// turns round. A hole paints its antialiased edge, but hides nothing that lies below it.
+const char *const shader_gantry_fragment = R"(
+uniform mat4 proj;
+uniform sampler2D tex,tnorm;
+varying vec3 pos,norm;
+varying float oz;
+mat3 texbas(vec3 nv,float nw)
+{
+  float cth=cos(nw),sth=sin(nw);
+  vec3 e,th;
+  if(abs(nv.x)>=abs(nv.y) && abs(nv.x)>=abs(nv.z)) {e=vec3(1.0,0.0,0.0); th=vec3(0.0,cth,sth);}
+  else if(abs(nv.y)>=abs(nv.z)) {e=vec3(0.0,1.0,0.0); th=vec3(sth,0.0,cth);}
+  else {e=vec3(0.0,0.0,1.0); th=vec3(cth,sth,0.0);}
+  float k=-dot(th,nv)/dot(e,nv);
+  float u=1.0/sqrt(k*k+1.0);
+  float x=k*u;
+  mat3 ret;
+  ret[2]=nv;
+  ret[0]=x*e+u*th;
+  ret[1]=cross(ret[2],ret[0]);
+  return ret;
+}
+void main()
+{
+  vec2 tc=gl_TexCoord[0].xy;
+  vec3 normap=texture2D(tnorm,tc).xyz*2.0-1.0;
+  normap=texbas(norm,gl_TexCoord[0].z)*normap;
+  float side=gl_FrontFacing?1.0:-1.0;
+  gl_FragColor=gl_Color*vec4(lighting(side*normap,pos),1.0)*texture2D(tex,tc);
+  float z=oz;
+  if(gl_FragColor.a<0.5) z-=1e6;
+  gl_FragDepth=(proj[2][2]*z+proj[3][2])/(proj[2][3]*z);
+  gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;
+}
+)";
+
+// Three waves at 60 degrees make a hexagonal lattice; below -0.3 lies a hole, and the metal rolls
+// steeply at its rim. A turned grid of 100 samples a pixel smooths the rims.
+const char *const shader_gantry_texture = R"(#version 120
+#define M_TWOPI (2.0*3.141592653589793238462643383279)
+uniform int tn;
+vec4 col(vec2 p)
+{
+  float a1=p.x*M_TWOPI*2.0;
+  float a2=p.x*M_TWOPI+p.y*M_TWOPI;
+  float a3=p.x*M_TWOPI-p.y*M_TWOPI;
+  float h=sin(a1)+sin(a2)+sin(a3);
+  if(h<-0.3) return tn==0?vec4(1.0,1.0,1.0,0.0):vec4(0.0,0.0,1.0,1.0);
+  if(tn==0) return vec4(1.0);
+  float steep=sqrt(h+0.3)*3.0;
+  float hdx=(cos(a1)+0.5*cos(a2)+0.5*cos(a3))/steep;
+  float hdy=(0.866*cos(a2)-0.866*cos(a3))/steep;
+  return vec4(0.5+0.5*normalize(vec3(-hdx,-hdy,1.0)),1.0);
+}
+void main()
+{
+  vec2 pos=gl_TexCoord[0].xy;
+  vec2 dx=dFdx(pos),dy=dFdy(pos);
+  const float m=10.0;
+  vec4 c=vec4(0.0);
+  for(float x=0.0;x<m;x+=1.0)
+    for(float y=0.0;y<m;y+=1.0)
+      c+=col(pos+dx*(x+y/m)/m+dy*(y-x/m)/m);
+  c/=m*m;
+  if(c.a==0.0) discard;
+  gl_FragColor=c;
+}
+)";

@@ -29,3 +29,13 @@ extern const char *const shader_ball_unlit_fragment;
 // Sticks, as balls; gl_MultiTexCoord0: an end and the radius; gl_Normal: from there to the other.
 extern const char *const shader_stick_vertex;
 extern const char *const shader_stick_fragment;
+
+// Metal walkways. gl_Vertex: a world place; gl_Normal: the surface's; gl_MultiTexCoord0: texture
+// coordinates, and the angle of the texture's axis about the normal's main axis, in radians;
+// gl_Color: the colour. The fragment text stands behind the lighting's.
+extern const char *const shader_gantry_vertex;
+extern const char *const shader_gantry_fragment;
+
+// The perforated plate over one repeat of its texture: with tn 0 its colour, of which holes have no
+// alpha, with tn 1 its normals. Alone, behind the fixed pipeline's vertices.
+extern const char *const shader_gantry_texture;

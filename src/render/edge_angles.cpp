@@ -1,0 +1,123 @@
+#include "render/edge_angles.h"
+
+#include <cmath>
+#include <numbers>
+
+#include "maze/attachment.h"
+#include "maze/pos.h"
+
+namespace {
+
+constexpr const char *recs_name = "EdgeAngleRecs";
+
+// Below this angle between two roads, in radians, they get no common corner: it would lie too far.
+constexpr double narrow = 0.01;
+
+void recs_destroy(intptr_t data, Maze *) {
+  delete[] reinterpret_cast<EdgeAngleRec *>(data);
+}
+
+int32_t find_back(Pos from, Pos to) {
+  Pos list[pos_max_edges];
+  for (int32_t k = Pos_alledges(to.maze, to.node, list, nullptr); k-- > 0;) {
+    if (Pos_equal(list[k], from)) return k;
+  }
+  return -1;
+}
+
+bool is_upright(Vec3 way) {
+  return way.x == 0 && way.y == 0;
+}
+
+// The point at `along` on the left edge of a road that goes in direction `way`.
+Vec3 left_corner(Vec3 way, double along, double halfwidth) {
+  return {way.x * along - way.y * halfwidth, way.x * halfwidth + way.y * along, 0};
+}
+
+// How far along a road its left edge meets the right edge of the next road anticlockwise. Angles
+// are taken round the circle, so that roads on both sides of its seam count as narrow, too.
+double corner_distance(double angle, double next_angle, double halfwidth) {
+  const double delta = std::remainder(next_angle - angle, 2.0 * std::numbers::pi);
+  if (std::abs(delta) <= narrow) return 0;
+  return halfwidth * std::tan(std::numbers::pi / 2.0 - delta / 2.0);
+}
+
+// The rows in order of their angles. An insertion sort bears angles that aren't numbers.
+void sort_by_angle(const EdgeAngleRec *recs, int32_t count, int32_t *order) {
+  for (int32_t i = 0; i < count; i++) {
+    int32_t place = i;
+    for (; place > 0 && recs[i].angle < recs[order[place - 1]].angle; place--) {
+      order[place] = order[place - 1];
+    }
+    order[place] = i;
+  }
+}
+
+// A dead end is square at its node.
+void cut_square(EdgeAngleRec *rec, Vec3 way, double halfwidth) {
+  rec->trim1 = rec->trim2 = 0;
+  rec->corner1 = left_corner(way, 0, halfwidth);
+  rec->corner2 = left_corner(way, 0, -halfwidth);
+}
+
+// Right corners are the left ones of the road before. An upright road has neither.
+void mitre(EdgeAngleRec *recs, const Vec3 *ways, int32_t count, double halfwidth) {
+  int32_t order[pos_max_edges];
+  sort_by_angle(recs, count, order);
+  for (int32_t s = count - 1; s >= 0; s--) {
+    EdgeAngleRec &rec = recs[order[s]];
+    const EdgeAngleRec &next = recs[order[(s + 1) % count]];
+    rec.trim1 = corner_distance(rec.angle, next.angle, halfwidth);
+    rec.corner1 = left_corner(ways[order[s]], rec.trim1, halfwidth);
+  }
+  for (int32_t s = count - 1; s >= 0; s--) {
+    EdgeAngleRec &rec = recs[order[s]];
+    const EdgeAngleRec &before = recs[order[(s + count - 1) % count]];
+    rec.trim2 = before.trim1;
+    rec.corner2 = is_upright(ways[order[s]]) ? Vec3{0, 0, 0} : before.corner1;
+  }
+}
+
+void build_node(Pos here, EdgeAngleRec *recs) {
+  Pos ends[pos_max_edges];
+  Vec3 ways[pos_max_edges];
+  const Vec3 p = Pos_position(here);
+  const int32_t count = Pos_alledges(here.maze, here.node, ends, nullptr);
+  for (int32_t k = count - 1; k >= 0; k--) {
+    const Vec3 d = Pos_position(ends[k]) - p;
+    ways[k] = level_direction(d);
+    recs[k] = {};
+    recs[k].index = k;
+    recs[k].backindex = find_back(here, ends[k]);
+    recs[k].angle = is_upright(ways[k]) ? 0 : std::atan2(d.y, d.x);
+  }
+  if (count == 1) {
+    cut_square(recs, ways[0], here.maze->halfwidth);
+  } else {
+    mitre(recs, ways, count, here.maze->halfwidth);
+  }
+}
+
+} // namespace
+
+Vec3 level_direction(Vec3 d) {
+  const double size = std::hypot(d.x, d.y);
+  if (size == 0) return {0, 0, 0};
+  return {d.x / size, d.y / size, 0};
+}
+
+const EdgeAngleRec *edgeanglerecs(Maze *maze) {
+  const intptr_t found = Attachment_find(maze, recs_name);
+  if (found == 0) return edgeanglerecs_build(maze);
+  return reinterpret_cast<const EdgeAngleRec *>(found);
+}
+
+const EdgeAngleRec *edgeanglerecs_build(Maze *maze) {
+  auto *recs = new EdgeAngleRec[static_cast<size_t>(maze_count(maze)) * pos_max_edges];
+  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
+    if (maze_nodes(maze)[i].submaze != nullptr) continue;
+    build_node({maze, i}, recs + static_cast<size_t>(i) * pos_max_edges);
+  }
+  Attachment_add(maze, recs_name, reinterpret_cast<intptr_t>(recs), recs_destroy);
+  return recs;
+}

@@ -6,6 +6,8 @@
 
 void keys_switches(Run *run) {
   if (key_pressed(' ')) run->helpstate = (run->helpstate + 1) % overlay_states;
+  if (key_pressed('H')) plot_type = (plot_type + 1) % plot_types;
+  if (key_pressed('L')) plot_light ^= 1;
   if (key_pressed('P')) plot_smooth_lines ^= 1;
   if (key_pressed('G')) plot_grid ^= 1;
 }

@@ -7,6 +7,7 @@
 // Which of the ways of drawing the tree runs, and the overlays on top of it.
 
 // Display switches, changed by keys and not saved.
+constexpr int32_t plot_types = 3;
 extern int32_t plot_type;         // 0 line plot, 1 gantry, 2 balls and sticks
 extern int32_t plot_light;        // the user carries a light, in the gantry and among the balls
 extern int32_t plot_grid;         // the grid around the current node is drawn

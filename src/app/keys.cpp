@@ -2,14 +2,35 @@
 
 #include "app/overlay.h"
 #include "gfx/input.h"
+#include "gfx/screenshot.h"
 #include "render/plot.h"
 
+namespace {
+
+constexpr int32_t stereo_modes = 9;
+constexpr double depth_step = 0.005; // of "Stereo Depth"
+
+// The mode can be any number that stands in the settings.
+int32_t next_mode(int32_t mode) {
+  return static_cast<int32_t>((int64_t{mode} + 1) % stereo_modes);
+}
+
+} // namespace
+
 void keys_switches(Run *run) {
-  if (key_pressed(' ')) run->helpstate = (run->helpstate + 1) % overlay_states;
+  if (key_pressed(vk_space)) run->helpstate = (run->helpstate + 1) % overlay_states;
+  if (key_pressed(vk_f3)) run->stereo_mode = next_mode(run->stereo_mode);
+  if (key_pressed(vk_f4)) run->stereo_swap ^= 1;
+  if (key_pressed(vk_f5)) run->stereo_depth -= depth_step;
+  if (key_pressed(vk_f6)) run->stereo_depth += depth_step;
   if (key_pressed('H')) plot_type = (plot_type + 1) % plot_types;
   if (key_pressed('L')) plot_light ^= 1;
   if (key_pressed('P')) plot_smooth_lines ^= 1;
   if (key_pressed('G')) plot_grid ^= 1;
+}
+
+void keys_screenshot() {
+  if (key_down(vk_control) && key_pressed('S')) screenshot_save("Vorel");
 }
 
 void keys_new_maze(World *world) {

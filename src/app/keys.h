@@ -2,9 +2,12 @@
 
 #include "app/run.h"
 
-// The keys that act once per press: Space, which leads on through the overlays, and the display
-// switches.
+// The keys that act once per press: Space, which leads on through the overlays, F3 to F6 for the
+// stereo mode, its swap and its depth, and the display switches.
 void keys_switches(Run *run);
+
+// Ctrl and S: a picture of the frame as it stands.
+void keys_screenshot();
 
 // The key N: a new tree of mazes instead of the old one, of the mode that Shift and Ctrl add up to,
 // with the session clock at 0.

@@ -7,6 +7,7 @@
 #include "app/scene.h"
 #include "gfx/gl_util.h"
 #include "gfx/input.h"
+#include "gfx/stereo.h"
 #include "gfx/texture.h"
 #include "gfx/window.h"
 #include "render/apply_view.h"
@@ -16,6 +17,7 @@
 #include "support/report.h"
 #include "world/camera.h"
 #include "world/move.h"
+#include "world/roamer.h"
 
 namespace {
 
@@ -74,14 +76,17 @@ bool run_frame(Run *run) {
   const double dt = pass_time(run);
   take_input(run, dt);
   World_turn_view(world, run->control.yaw, &run->control.pitch);
+  World_step_roamers(world, dt);
   World_move(world, run->control.mx, run->control.my);
   World_chase(world, dt);
   World_apply_view(world);
   keys_switches(run);
-  stereo_scene(world);
+  stereo_render(stereo_scene, world, run->stereo_mode, run->stereo_swap,
+                stereo_eye_offset(world, run->stereo_depth), -run->stereo_depth);
   overlay_draw(world, run->helpstate, dt);
   keys_new_maze(world);
   relax_frame(&run->relaxation, world->cur.maze, dt, key_down('R'), key_down('E'));
+  keys_screenshot();
   gfx_swap(0);
   return gfx_pump() == 0 && !keys_quit();
 }

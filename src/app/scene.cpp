@@ -2,7 +2,9 @@
 
 #include "gfx/gl.h"
 #include "gfx/projection.h"
+#include "gfx/window.h"
 #include "render/plot.h"
+#include "world/move.h"
 
 namespace {
 
@@ -19,8 +21,15 @@ void draw_slab(const World *world, void (*set_slab)(float matrix[16])) {
 
 } // namespace
 
-void stereo_scene(const World *world) {
+void stereo_scene(const void *context) {
+  const World *world = static_cast<const World *>(context);
   draw_slab(world, projection_far_slab);
   draw_slab(world, projection_near_slab);
   glClear(GL_DEPTH_BUFFER_BIT);
+}
+
+double stereo_eye_offset(const World *world, double stereo_depth) {
+  const Vec3 from_point = world->camera - World_follow_point(world);
+  const double distance = dot(from_point, Mat3_row(world->view, 2));
+  return distance * 0.75 * stereo_depth * 2 * screen_width / screen_height;
 }

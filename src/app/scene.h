@@ -2,7 +2,11 @@
 
 #include "world/world.h"
 
-// Draws the world in two depth slabs, the far one first, and leaves a clean depth buffer for what
-// comes on top; one depth range can't hold both the node under the camera and the far scenery. The
-// projection is left with the near slab's depth.
-void stereo_scene(const World *world);
+// Draws the World behind the pointer in two depth slabs, the far one first, and leaves a clean
+// depth buffer for what comes on top; one depth range can't hold both the node under the camera and
+// the far scenery. The projection is left with the near slab's depth.
+void stereo_scene(const void *world);
+
+// The distance between the eyes, in world units, with which the point that the camera follows shows
+// without a difference; of the frame's shape and the setting "Stereo Depth".
+double stereo_eye_offset(const World *world, double stereo_depth);

@@ -1,0 +1,114 @@
+#include "gfx/screenshot.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "gfx/gl.h"
+#include "gfx/window.h"
+#include "support/bytes.h"
+#include "support/clock.h"
+#include "support/report.h"
+
+namespace {
+
+constexpr uint32_t header_size = 54;
+// Both sizes are fixed, whatever the picture; readers go by its width and height.
+constexpr uint32_t file_size_field = 200262;
+constexpr uint32_t image_size_field = 200208;
+constexpr uint32_t pixels_per_metre = 2834;
+constexpr double numbers_per_second = 3.3333333333333335;
+constexpr int64_t numbers = 100000;
+
+size_t row_length(int32_t width) {
+  return (static_cast<size_t>(width) * 3 + 3) & ~size_t{3};
+}
+
+void put_header(uint8_t *at, int32_t width, int32_t height) {
+  *at++ = 'B';
+  *at++ = 'M';
+  at = put_number(at, file_size_field);
+  at = put_number(at, uint32_t{0});
+  at = put_number(at, header_size);
+  at = put_number(at, uint32_t{40}); // of the information that follows
+  at = put_number(at, width);
+  at = put_number(at, height);
+  at = put_number(at, uint16_t{1});  // planes
+  at = put_number(at, uint16_t{24}); // bits a pixel
+  at = put_number(at, uint32_t{0});  // not compressed
+  at = put_number(at, image_size_field);
+  at = put_number(at, pixels_per_metre);
+  at = put_number(at, pixels_per_metre);
+  std::memset(at, 0, 8); // no palette
+}
+
+bool write_file(const void *pixels, int32_t width, int32_t height, const char *path) {
+  uint8_t header[header_size];
+  put_header(header, width, height);
+  FILE *file = std::fopen(path, "wb");
+  if (file == nullptr) return false;
+  const size_t size = row_length(width) * static_cast<size_t>(height);
+  const bool written = std::fwrite(header, 1, sizeof header, file) == sizeof header &&
+                       std::fwrite(pixels, 1, size, file) == size;
+  return std::fclose(file) == 0 && written;
+}
+
+// The path with the text behind its last dot replaced, where there is one behind the first
+// character.
+std::string png_path(const std::string &path) {
+  const size_t dot = path.rfind('.');
+  const bool has_ending = dot != std::string::npos && dot > 0;
+  return (has_ending ? path.substr(0, dot) : path) + ".png";
+}
+
+// When a file was written; the epoch if there is none.
+std::filesystem::file_time_type written_at(const std::string &path) {
+  std::error_code error;
+  const auto time = std::filesystem::last_write_time(path, error);
+  return error ? std::filesystem::file_time_type() : time;
+}
+
+// The BMP goes only for a PNG that is new: one of an earlier shot may have its name.
+void convert_file(const std::string &path) {
+  const std::string png = png_path(path);
+  const auto before = written_at(png);
+  std::string command = "magick -quality 95 \"";
+  command.append(path).append("\" \"").append(png).append("\"");
+  // What the shell says doesn't matter: the file tells whether it worked.
+  [[maybe_unused]] const int status = std::system(command.c_str());
+  if (written_at(png) != before) std::remove(path.c_str());
+}
+
+} // namespace
+
+void bmp_write(const void *pixels, int32_t width, int32_t height, const char *path,
+               int32_t convert) {
+  if (!write_file(pixels, width, height, path)) {
+    report_sentence("the picture could not be written to \"%s\" (%s)", path, std::strerror(errno));
+    return;
+  }
+  if (convert != 0) convert_file(path);
+}
+
+void bmp_capture_rect(int32_t x, int32_t y, int32_t width, int32_t height, const char *path,
+                      int32_t convert) {
+  std::vector<uint8_t> pixels(row_length(width) * static_cast<size_t>(height));
+  glReadPixels(x, screen_height - (y + height), width, height, GL_BGR, GL_UNSIGNED_BYTE,
+               pixels.data());
+  bmp_write(pixels.data(), width, height, path, convert);
+}
+
+void bmp_capture_screen(const char *path, int32_t convert) {
+  bmp_capture_rect(0, 0, screen_width, screen_height, path, convert);
+}
+
+void screenshot_save(const char *stem) {
+  const int64_t number = static_cast<int64_t>(gfx_clock() * numbers_per_second) % numbers;
+  char ending[32];
+  std::snprintf(ending, sizeof ending, "_%05d.bmp", static_cast<int>(number));
+  bmp_capture_screen((stem + std::string(ending)).c_str(), 1);
+}

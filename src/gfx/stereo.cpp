@@ -1,0 +1,246 @@
+#include "gfx/stereo.h"
+
+#include <cmath>
+#include <numbers>
+
+#include "gfx/gl.h"
+#include "gfx/gl_util.h"
+#include "gfx/platform.h"
+#include "gfx/window.h"
+#include "support/bits.h"
+
+uint32_t stereo_eye_textures[2];
+uint32_t stereo_eye_tex_width, stereo_eye_tex_height;
+uint32_t interlace_texture;
+uint32_t interlace_tex_width, interlace_tex_height;
+
+namespace {
+
+// How the eyes differ.
+struct Eyes {
+  double offset, neg_depth;
+  double projection[16]; // as it came, column by column
+};
+
+// The eyes of a mode, and what is drawn for each.
+struct Stereo {
+  StereoScene scene;
+  const void *context;
+  Eyes eyes;
+};
+
+Stereo stereo_start(StereoScene scene, const void *context, double offset, double neg_depth) {
+  Stereo stereo = {scene, context, {offset, neg_depth, {}}};
+  glGetDoublev(GL_PROJECTION_MATRIX, stereo.eyes.projection);
+  return stereo;
+}
+
+void load_projection(const double projection[16]) {
+  glMatrixMode(GL_PROJECTION);
+  glLoadMatrixd(projection);
+  glMatrixMode(GL_MODELVIEW);
+}
+
+// The axis of an eye turned towards the other's: an off-axis projection. The side is -0.5 or 0.5.
+void turn_axis(const Eyes &eyes, double side) {
+  double projection[16];
+  for (int i = 0; i < 16; i++)
+    projection[i] = eyes.projection[i];
+  projection[8] -= 2 * eyes.neg_depth * side;
+  load_projection(projection);
+}
+
+// Draws from the eye's place: moved along the x of eye space.
+void draw_eye(const Stereo &stereo, double side) {
+  glPushMatrix();
+  double modelview[16];
+  glGetDoublev(GL_MODELVIEW_MATRIX, modelview);
+  for (int column = 0; column < 4; column++)
+    modelview[4 * column] += stereo.eyes.offset * side * modelview[4 * column + 3];
+  glLoadMatrixd(modelview);
+  stereo.scene(stereo.context);
+  glPopMatrix();
+}
+
+double side_of(int32_t eye, int32_t swap) {
+  const double side = eye - 0.5;
+  return swap != 0 ? -side : side;
+}
+
+// The lenses of one of two screens, whose shape the fields screen_width and screen_height tell: the
+// 4:3 region in its middle keeps the half angle of tangent t.
+void refit_projection(double t) {
+  float projection[16];
+  glGetFloatv(GL_PROJECTION_MATRIX, projection);
+  const double c = 0.75 * t;
+  const double g = t * screen_height / screen_width;
+  projection[5] = static_cast<float>(1.0 / (c > g ? c : g));
+  projection[0] = static_cast<float>(c > g ? 1.0 / (screen_width * c / screen_height) : 1.0 / t);
+  glMatrixMode(GL_PROJECTION);
+  glLoadMatrixf(projection);
+  glMatrixMode(GL_MODELVIEW);
+}
+
+// A texture that can take a copy of the frame, left bound.
+uint32_t frame_texture(uint32_t width, uint32_t height) {
+  uint32_t name = 0;
+  glGenTextures(1, &name);
+  glBindTexture(GL_TEXTURE_2D, name);
+  glCopyTexImage2D(GL_TEXTURE_2D, 0, GL_RGB8, 0, 0, static_cast<int32_t>(width),
+                   static_cast<int32_t>(height), 0);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+  return name;
+}
+
+// Makes `count` textures for the frame unless they are there with the right size.
+void ensure_textures(uint32_t *names, int32_t count, uint32_t *width, uint32_t *height) {
+  const uint32_t wanted_width = next_power_of_two(static_cast<uint32_t>(screen_width));
+  const uint32_t wanted_height = next_power_of_two(static_cast<uint32_t>(screen_height));
+  if (names[0] != 0 && *width == wanted_width && *height == wanted_height) return;
+  if (names[0] != 0) glDeleteTextures(count, names);
+  for (int32_t i = 0; i < count; i++)
+    names[i] = frame_texture(wanted_width, wanted_height);
+  *width = wanted_width;
+  *height = wanted_height;
+}
+
+void copy_frame(uint32_t texture) {
+  glBindTexture(GL_TEXTURE_2D, texture);
+  glCopyTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, 0, 0, screen_width, screen_height);
+}
+
+// Adds a copy of the frame in the light of a colour.
+void draw_tinted(uint32_t texture, uint32_t colour) {
+  const float right = static_cast<float>(screen_width) / static_cast<float>(stereo_eye_tex_width);
+  const float top = static_cast<float>(screen_height) / static_cast<float>(stereo_eye_tex_height);
+  glBindTexture(GL_TEXTURE_2D, texture);
+  glColor3ub(static_cast<GLubyte>(colour >> 16 & 0xFF), static_cast<GLubyte>(colour >> 8 & 0xFF),
+             static_cast<GLubyte>(colour & 0xFF));
+  glBegin(GL_QUADS);
+  glTexCoord2f(0, 0);
+  glVertex2i(0, screen_height);
+  glTexCoord2f(right, 0);
+  glVertex2i(screen_width, screen_height);
+  glTexCoord2f(right, top);
+  glVertex2i(screen_width, 0);
+  glTexCoord2f(0, top);
+  glVertex2i(0, 0);
+  glEnd();
+}
+
+void draw_tinted_eyes(uint32_t first_colour, uint32_t second_colour) {
+  gfx_push_2d();
+  glEnable(GL_BLEND);
+  glBlendFunc(GL_ONE, GL_ONE);
+  glEnable(GL_TEXTURE_2D);
+  glDisable(GL_LIGHTING);
+  draw_tinted(stereo_eye_textures[0], first_colour);
+  draw_tinted(stereo_eye_textures[1], second_colour);
+  glDisable(GL_BLEND);
+  glDisable(GL_TEXTURE_2D);
+  gfx_pop_2d();
+}
+
+// One line of the window, y rows from its top, out of the half picture of its eye. The half pixel
+// keeps it off the tie between two rows.
+void interlace_line(int32_t y, int32_t parity) {
+  const int32_t half = ((parity + y) & 1) ^ 1;
+  const int32_t row = half * screen_height / 2 + (screen_height - 1 - y) / 2;
+  const float t = (static_cast<float>(row) + 0.5F) / static_cast<float>(interlace_tex_height);
+  const float right = static_cast<float>(screen_width) / static_cast<float>(interlace_tex_width);
+  const float middle = static_cast<float>(y) + 0.5F;
+  glTexCoord2f(0, t);
+  glVertex2f(0, middle);
+  glTexCoord2f(right, t);
+  glVertex2f(static_cast<float>(screen_width), middle);
+}
+
+} // namespace
+
+void stereo_render(StereoScene scene, const void *context, int32_t mode, int32_t swap,
+                   double eye_offset, double neg_depth) {
+  constexpr uint32_t colours[3][2] = {
+      {0xFF0000, 0x00FFFF}, {0xFF0000, 0x00FF00}, {0xFF00FF, 0x00FF00}};
+  if (mode == 0) {
+    scene(context);
+  } else if (mode <= 3) {
+    stereo_split(scene, context, swap, eye_offset, neg_depth, mode);
+  } else if (mode <= 5) {
+    stereo_two_screen(scene, context, swap, mode == 5 ? 1 : 0, eye_offset, neg_depth);
+  } else if (mode <= 8) {
+    const auto &pair = colours[mode - 6];
+    const int first = swap != 0 ? 1 : 0;
+    stereo_colour(scene, context, pair[first], pair[1 - first], eye_offset, neg_depth);
+  }
+}
+
+void stereo_split(StereoScene scene, const void *context, int32_t swap, double eye_offset,
+                  double neg_depth, int32_t mode) {
+  const Stereo stereo = stereo_start(scene, context, eye_offset, neg_depth);
+  for (int32_t eye = 0; eye < 2; eye++) {
+    const double side = side_of(eye, swap);
+    turn_axis(stereo.eyes, side);
+    if (mode == 2)
+      glViewport(screen_width * eye / 2, 0, screen_width / 2, screen_height);
+    else
+      glViewport(0, screen_height * eye / 2, screen_width, screen_height / 2);
+    draw_eye(stereo, side);
+  }
+  glViewport(0, 0, screen_width, screen_height);
+  load_projection(stereo.eyes.projection);
+  if (mode == 3) stereo_interlace(0);
+}
+
+void stereo_two_screen(StereoScene scene, const void *context, int32_t swap, int32_t vertical,
+                       double eye_offset, double neg_depth) {
+  const Stereo stereo = stereo_start(scene, context, eye_offset, neg_depth);
+  const int32_t full_width = screen_width;
+  const int32_t full_height = screen_height;
+  const double t = std::tan(std::trunc(gfx_fov_43()) * std::numbers::pi / 360.0);
+  (vertical != 0 ? screen_height : screen_width) /= 2;
+  for (int32_t eye = 0; eye < 2; eye++) {
+    const double side = side_of(eye, swap);
+    turn_axis(stereo.eyes, side);
+    refit_projection(t);
+    glViewport(vertical != 0 ? 0 : screen_width * eye, vertical != 0 ? screen_height * eye : 0,
+               screen_width, screen_height);
+    draw_eye(stereo, side);
+  }
+  screen_width = full_width;
+  screen_height = full_height;
+  glViewport(0, 0, screen_width, screen_height);
+  load_projection(stereo.eyes.projection);
+}
+
+void stereo_colour(StereoScene scene, const void *context, uint32_t first_colour,
+                   uint32_t second_colour, double eye_offset, double neg_depth) {
+  const Stereo stereo = stereo_start(scene, context, eye_offset, neg_depth);
+  ensure_textures(stereo_eye_textures, 2, &stereo_eye_tex_width, &stereo_eye_tex_height);
+  for (int32_t eye = 0; eye < 2; eye++) {
+    const double side = side_of(eye, 0);
+    turn_axis(stereo.eyes, side);
+    draw_eye(stereo, side);
+    copy_frame(stereo_eye_textures[eye]);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+  }
+  load_projection(stereo.eyes.projection);
+  draw_tinted_eyes(first_colour, second_colour);
+}
+
+void stereo_interlace(int32_t parity) {
+  parity ^= platform_window_rect().top & 1;
+  ensure_textures(&interlace_texture, 1, &interlace_tex_width, &interlace_tex_height);
+  copy_frame(interlace_texture);
+  gfx_push_2d();
+  glEnable(GL_TEXTURE_2D);
+  glDisable(GL_LIGHTING);
+  glDisable(GL_BLEND);
+  glColor3f(1, 1, 1);
+  glBegin(GL_LINES);
+  for (int32_t y = screen_height - 1; y >= 0; y--)
+    interlace_line(y, parity);
+  glEnd();
+  glDisable(GL_TEXTURE_2D);
+  gfx_pop_2d();
+}

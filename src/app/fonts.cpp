@@ -22,10 +22,10 @@ bool write_font(const uint8_t *bytes, uint32_t size) {
   return file_replace_end(&file, std::fwrite(bytes, 1, size, file.stream) == size);
 }
 
-// Uses the drawn font without a file.
-void build_drawn(const char *trouble, const uint8_t *bytes, uint32_t size) {
+// Uses the drawn font without a file. `reason` is a number of errno's.
+void build_drawn(const char *trouble, int reason, const uint8_t *bytes, uint32_t size) {
   report_sentence("the font file \"%s\" %s (%s); its font has been made without it", font_path,
-                  trouble, std::strerror(errno));
+                  trouble, std::strerror(reason));
   font_build(bytes, size, font_name);
 }
 
@@ -39,15 +39,13 @@ void start_fonts() {
     loadfont(font_path, font_name);
     return;
   }
-  const bool missing = errno == ENOENT;
   const int reason = errno;
   uint32_t size = 0;
   uint8_t *bytes = fmod_generate(&size);
-  errno = reason;
-  if (!missing)
-    build_drawn("can't be read", bytes, size);
+  if (reason != ENOENT)
+    build_drawn("can't be read", reason, bytes, size);
   else if (!write_font(bytes, size))
-    build_drawn("could not be written", bytes, size);
+    build_drawn("could not be written", errno, bytes, size);
   else
     loadfont(font_path, font_name);
   std::free(bytes);

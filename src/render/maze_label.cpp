@@ -28,7 +28,8 @@ void maze_label(const Maze *maze) {
   Vec3 low, high;
   Maze_bounds(maze, &low, &high);
   const std::string name = maze->name;
-  const size_t second = name.find('.', std::min(name.find('.'), name.size() - 1) + 1);
+  const size_t first = name.find('.');
+  const size_t second = first == std::string::npos ? first : name.find('.', first + 1);
   const std::string first_part = name.substr(0, second);
   text3d_begin();
   glColor3f(0.8F, 0.9F, 0.8F);

@@ -34,7 +34,7 @@ struct Rectangle {
   uint32_t left, top, right, bottom;
 };
 
-// A glyph's cell in a mip level, kept inside it: a row's last glyph can be rounded out of it.
+// A glyph's cell in a mip level, whose sides a code without a glyph may stand beyond.
 Rectangle cell_in_level(const Font *font, uint32_t code, uint32_t level, uint32_t width,
                         uint32_t height) {
   const uint32_t left = font->glyph_x[code] >> level;

@@ -87,12 +87,14 @@ void sharpen_levels(const Font *font) {
 }
 
 [[noreturn]] void report_too_large(const Font *font, int32_t limit) {
-  char words[256];
-  std::snprintf(words, sizeof words,
-                "Font '%.100s' required texture of size %dx%d but GL_MAX_TEXTURE_SIZE=%d",
-                font->name, static_cast<int>(font->tex_width), static_cast<int>(font->tex_height),
-                limit);
-  report_fatal(report_source, __LINE__, words);
+  report_sentence(
+      "the glyphs of the font \"%s\" don't fit into a texture; if its file is deleted, the "
+      "program makes it anew",
+      font->name);
+  const std::string size = std::to_string(font->tex_width) + 'x' + std::to_string(font->tex_height);
+  const std::string words = "Font '" + std::string(font->name) + "' required texture of size " +
+                            size + " but GL_MAX_TEXTURE_SIZE=" + std::to_string(limit);
+  report_fatal(report_source, __LINE__, words.c_str());
 }
 
 void upload_atlas(Font *font, const GlyphRecord *records, uint32_t count) {
@@ -106,7 +108,7 @@ void upload_atlas(Font *font, const GlyphRecord *records, uint32_t count) {
   sharpen_levels(font);
 }
 
-// All that the file holds, as far as it can be read; empty if it can't.
+// What the file holds, as far as it can be read and a font can be long.
 std::vector<uint8_t> read_font_file(const char *path) {
   std::vector<uint8_t> bytes;
   FILE *file = file_open(path);
@@ -118,6 +120,23 @@ std::vector<uint8_t> read_font_file(const char *path) {
   bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file));
   std::fclose(file);
   return bytes;
+}
+
+Font *build(const GlyphRecord *glyphs, uint32_t count, const char *name) {
+  Font *font = font_new(name);
+  int32_t limit = 0;
+  glGetIntegerv(GL_MAX_TEXTURE_SIZE, &limit);
+  const uint32_t usable = static_cast<uint32_t>(std::clamp(limit, 0, greatest_texture));
+  atlas_layout(font, glyphs, count, usable);
+  if (font->tex_height > usable) report_too_large(font, limit);
+  upload_atlas(font, glyphs, count);
+  font->glyph_count = static_cast<int32_t>(font_codes);
+  measure_widths(font);
+  font->tex_width = static_cast<uint32_t>(level_size(0, GL_TEXTURE_WIDTH));
+  font->tex_height = static_cast<uint32_t>(level_size(0, GL_TEXTURE_HEIGHT));
+  font_register(font);
+  if (current_font == nullptr) font_select(font);
+  return font;
 }
 
 bool texture_is_used(uint32_t texture, const Font *but_by) {
@@ -140,6 +159,7 @@ void inherit_styles(const Font *font) {
     Font *style = rows<Font *>(fonts)[i];
     if (style->base != font || style == font) continue;
     if (heir == nullptr) heir = style;
+    heir->glyph_count = font_codes;
     style->base = heir;
   }
   if (current_style.base == font) current_style.base = heir;
@@ -152,37 +172,24 @@ FontStyle font_style_of(const Font *font) {
           font->boldness, font->glyph_count, font->reserved};
 }
 
-Font *font_build(const uint8_t *bytes, uint32_t size, const char *name) {
-  Font *font = font_new(name);
-  std::array<GlyphRecord, font_codes> records;
-  const uint32_t count = glyph_records(bytes, size, records.data());
-  int32_t limit = 0;
-  glGetIntegerv(GL_MAX_TEXTURE_SIZE, &limit);
-  const uint32_t usable = static_cast<uint32_t>(std::clamp(limit, 0, greatest_texture));
-  atlas_layout(font, records.data(), count, usable);
-  if (font->tex_height > usable) report_too_large(font, limit);
-  upload_atlas(font, records.data(), count);
-  font->glyph_count = static_cast<int32_t>(font_codes);
-  measure_widths(font);
-  font->tex_width = static_cast<uint32_t>(level_size(0, GL_TEXTURE_WIDTH));
-  font->tex_height = static_cast<uint32_t>(level_size(0, GL_TEXTURE_HEIGHT));
-  font_register(font);
-  if (current_font == nullptr) font_select(font);
-  return font;
+Font *font_build(const uint8_t *records, uint32_t size, const char *name) {
+  std::array<GlyphRecord, font_codes> glyphs;
+  return build(glyphs.data(), glyph_records(records, size, glyphs.data()), name);
 }
 
 void loadfont(const char *path, const char *name) {
   const std::vector<uint8_t> bytes = read_font_file(path);
-  std::array<GlyphRecord, font_codes> records;
-  const uint32_t size = static_cast<uint32_t>(bytes.size());
-  if (glyph_records(bytes.data(), size, records.data()) == 0) {
+  std::array<GlyphRecord, font_codes> glyphs;
+  const uint32_t count =
+      glyph_records(bytes.data(), static_cast<uint32_t>(bytes.size()), glyphs.data());
+  if (count == 0) {
     report_sentence("the font file \"%s\" can't be read or holds no font; once it is deleted, the "
                     "program makes it anew",
                     path);
     const std::string words = "loadfont: '" + std::string(path) + "' not found";
     report_fatal(report_source, __LINE__, words.c_str());
   }
-  font_build(bytes.data(), size, name);
+  build(glyphs.data(), count, name);
 }
 
 Font *font_copy(const Font *source) {
@@ -218,22 +225,22 @@ void font_delete(Font *font) {
 }
 
 Font *font_make_blank(const char *name) {
+  Font *blank = font_new(name); // copied before the font goes whose name it may be
   const uint32_t scanned = fonts.count;
   for (uint32_t i = fonts.count; i-- > 0;) {
     Font *font = rows<Font *>(fonts)[i];
     if (ascii_equal(font->name, name)) font_delete(font);
   }
-  Font *font = font_new(name);
-  const uint8_t white[3] = {1, 1, 1};
-  glGenTextures(1, &font->texture);
-  glBindTexture(GL_TEXTURE_2D, font->texture);
-  glTexImage2D(GL_TEXTURE_2D, 0, GL_RGB, 1, 1, 0, GL_RGB, GL_UNSIGNED_BYTE, white);
+  const uint8_t pixel[3] = {1, 1, 1};
+  glGenTextures(1, &blank->texture);
+  glBindTexture(GL_TEXTURE_2D, blank->texture);
+  glTexImage2D(GL_TEXTURE_2D, 0, GL_RGB, 1, 1, 0, GL_RGB, GL_UNSIGNED_BYTE, pixel);
   glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-  font->tex_width = 1;
-  font->tex_height = 1;
-  if (scanned < font_codes) font->glyph_width[scanned] = 1;
-  font_register(font);
-  return font;
+  blank->tex_width = 1;
+  blank->tex_height = 1;
+  if (scanned < font_codes) blank->glyph_width[scanned] = 1;
+  font_register(blank);
+  return blank;
 }

@@ -17,10 +17,11 @@ constexpr int32_t width_without_font = 5;
 constexpr uint8_t first_printable = 8; // below, a byte's value is the number of bytes it skips
 constexpr float script_unit = 256.0F;
 
-constexpr float greatest_length = 1e6F; // pixels; keeps sums of absurd styles within an integer
+constexpr float greatest_length = 1e9F; // pixels; keeps absurd styles within an integer
 
-// A number of pixels, truncated.
+// A number of pixels, truncated; what is no number, as an endless size times 0, counts as 0.
 int32_t whole(float pixels) {
+  if (std::isnan(pixels)) return 0;
   return static_cast<int32_t>(std::clamp(pixels, -greatest_length, greatest_length));
 }
 
@@ -86,10 +87,11 @@ void put_glyph(const Pen *pen, uint32_t code, float left) {
   pen->output->quad(&quad);
 }
 
+// A script of an absurd style can have an endless size; the font then stays what it is.
 void apply_scales(float width_scale, float height_scale, FontStyle style) {
   style.width_scale = width_scale;
   style.height_scale = height_scale;
-  font_apply_style(style);
+  if (std::isfinite(width_scale) && std::isfinite(height_scale)) font_apply_style(style);
 }
 
 // Size and rise of a script, until the next one.

@@ -29,6 +29,7 @@ struct TextOutput {
 float text_layout(const TextOutput *output, float x, float y, float wrap_x, float bottom_y,
                   const char *text);
 
-// Width up to the first line end. Glyphs and gaps are rounded each for itself, so that it can
-// differ from the drawn width by a pixel a letter; wide codes and commands count nothing.
+// Width up to the first line end of a text, which is not null. Glyphs and gaps are rounded each for
+// itself, so that it can differ from the drawn width by a pixel a letter; wide codes and commands
+// count nothing.
 int32_t text_width(const char *text);

@@ -15,8 +15,9 @@
 
 namespace {
 
-constexpr float big_scale = 1.5F;
+constexpr double big_scale = 1.5;
 constexpr double small_scale = 0.6666666666666666;
+constexpr double italic_skew = 0.4;
 constexpr double percent = 0.01;
 constexpr double per_octave = 20.49593431428785; // weight of a ratio of sizes
 constexpr double floor_of_sources = -1e20;
@@ -49,7 +50,8 @@ Value value_of(const char *equals) {
   if (equals == nullptr) return {0, true, false, false};
   const double number = std::atof(equals + 1);
   const bool hundredths = std::strchr(equals, '%') != nullptr;
-  return {hundredths ? number * percent : number, false, std::strstr(equals, "px") != nullptr,
+  const bool pixels = std::strstr(equals, "px") != nullptr;
+  return {hundredths && !pixels ? number * percent : number, false, pixels,
           std::strchr(equals, '\xB0') != nullptr};
 }
 
@@ -70,10 +72,26 @@ void set_scale(float *scale, const Value &value, double cell) {
 }
 
 void set_skew(float *skew, const Value &value, double cell) {
-  if (value.degrees)
+  if (value.degrees && !value.pixels)
     *skew = static_cast<float>(std::tan(value.number * std::numbers::pi / 180.0));
   else
     add_to(skew, value.pixels ? value.number / cell : value.number);
+}
+
+struct Weight {
+  const char *word;
+  double bolder, wider;
+};
+constexpr Weight weights[] = {{"demibold", 0.03, 1.0}, {"bold", 0.05, 1.1}, {"black", 0.08, 1.2}};
+
+bool apply_weight(FontStyle *style, const char *key) {
+  for (const Weight &weight : weights)
+    if (ascii_equal(key, weight.word)) {
+      add_to(&style->boldness, weight.bolder);
+      scale_by(&style->width_scale, weight.wider);
+      return true;
+    }
+  return false;
 }
 
 // The attributes that are words by themselves. False for any other.
@@ -85,21 +103,13 @@ bool apply_word(FontStyle *style, const char *key) {
     *style = font_style_default;
     style->base = base;
   } else if (enlarges || is("small")) {
-    const double factor = enlarges ? static_cast<double>(big_scale) : small_scale;
+    const double factor = enlarges ? big_scale : small_scale;
     scale_by(&style->width_scale, factor);
     scale_by(&style->height_scale, factor);
-  } else if (is("demibold")) {
-    add_to(&style->boldness, 0.03);
-  } else if (is("bold")) {
-    add_to(&style->boldness, 0.05);
-    scale_by(&style->width_scale, 1.1);
-  } else if (is("black")) {
-    add_to(&style->boldness, 0.08);
-    scale_by(&style->width_scale, 1.2);
   } else if (is("italic")) {
-    add_to(&style->skew, 0.4);
+    add_to(&style->skew, italic_skew);
   } else {
-    return false;
+    return apply_weight(style, key);
   }
   return true;
 }

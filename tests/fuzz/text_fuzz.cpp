@@ -10,7 +10,7 @@ static int64_t glyphs;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   constexpr const char *styles[] = {"normal", "normal:big:bold", "normal:width=0:height=-3",
-                                    "normal:size=1e30"};
+                                    "normal:size=1e38:boldness=-1"};
   constexpr TextOutput output = {[](const TextQuad *) { glyphs++; }, [] {}, [] {}};
   if (size < 3) return 0;
   bare_font();

@@ -47,6 +47,10 @@ TEST(Layout, PensStandWhereTheWidthsTell) {
   ASSERT_EQ(text_gap, 9);
   EXPECT_EQ(text_width(""), 0);
   EXPECT_EQ(text_width("\nthis"), 0);
+  current_font = nullptr;
+  EXPECT_EQ(text_width("abc"), 14) << "five pixels a letter without a font";
+  EXPECT_EQ(lay_out("abc", 0, 0, 0, 6), 6);
+  font_select(built.normal);
   for (int code = 33; code < 127; code++) {
     const std::string letter(1, static_cast<char>(code));
     EXPECT_EQ(text_width(letter.c_str()), static_cast<int>(built.normal->glyph_width[code]));
@@ -68,10 +72,22 @@ TEST(Layout, PensStandWhereTheWidthsTell) {
   for (const char *style : {"normal:width=1.37", "fmod:scale=31px", "fmod:black:small"}) {
     font_apply(style);
     lay_out(words);
-    const double drawn = static_cast<double>(quads.back().right);
-    EXPECT_NEAR(text_width(words.c_str()), drawn, static_cast<double>(words.size())) << style;
-    for (size_t i = 1; i < quads.size(); i++)
-      EXPECT_GT(quads[i].left, quads[i - 1].left);
+    double drawn = 0;
+    int measured = -1;
+    size_t glyph = 0;
+    for (const char c : words) {
+      if (c != ' ') {
+        EXPECT_EQ(static_cast<double>(quads.at(glyph++).left), drawn) << style;
+      }
+      const double width = built.normal == current_font->base
+                               ? built.normal->glyph_width[static_cast<int>(c)]
+                               : built.fmod->glyph_width[static_cast<int>(c)];
+      const double look = static_cast<double>(current_font->width_scale) *
+                          (1 + static_cast<double>(current_font->boldness));
+      drawn += std::trunc(width * look + text_gap * 0.13 + 0.5);
+      measured += static_cast<int>(width * look + 0.5) + static_cast<int>(text_gap * 0.13 + 0.5);
+    }
+    EXPECT_EQ(text_width(words.c_str()), measured) << style;
   }
 }
 

@@ -26,6 +26,7 @@ TEST(Style, StringsGiveTheirFields) {
       {"nowhere:small", built.normal, 2.0F / 3, 2.0F / 3, 0, 0},
       {"fmod:scale=50px", built.fmod, 0.5F, 0.5F, 0, 0},
       {"normal:size=200%:width=26px", built.normal, 26 / normal_height, 2, 0, 0},
+      {"normal:width=1300%px:skew=13%px\xB0", built.normal, 100, 1, 1, 0},
       {"fmod:width=50%:width=200%", built.fmod, 1, 1, 0, 0},
       {"fmod:width=3:height=25px", built.fmod, 3, 0.25F, 0, 0},
       {"fmod:height=150%:height=2", built.fmod, 1, 3, 0, 0},
@@ -71,6 +72,13 @@ TEST(Style, EntriesAreMadeOnceAndServeWhatIsWithinAPixel) {
   EXPECT_EQ(current_font, made);
   font_apply("fmod:italic");
   EXPECT_EQ(fonts.count, before + 2);
+  Font *twin = font_copy(built.normal);
+  EXPECT_EQ(font_find_style(built.normal, 1, 1, 0, 0), twin) << "of equals the later one";
+  font_delete(twin);
+  current_font = nullptr;
+  FontStyle style;
+  font_parse_style(&style, "nowhere");
+  EXPECT_TRUE(style.base == built.normal || style.base == built.fmod) << "one by chance";
   // In a small font a ratio counts for less than pixels, in a large one for more.
   EXPECT_EQ(font_find_style(built.normal, 1.05F, 1, 0, 0), built.normal);
   EXPECT_NE(font_find_style(built.normal, 1.15F, 1, 0, 0), built.normal);
@@ -89,6 +97,9 @@ TEST(Style, AnEntryThatGoesLeavesTheOthersWhole) {
   FontStyle style;
   font_parse_style(&style, ":bold");
   EXPECT_EQ(style.base, tall->base);
+  const Font *other = font_find_style(tall->base, 7, 1, 0, 0);
+  EXPECT_EQ(other->texture, tall->texture) << "a style of the heir";
+  font_delete(const_cast<Font *>(other));
   const uint32_t texture = tall->texture;
   font_delete(tall);
   EXPECT_NE(current_font, nullptr) << "another one by chance";
@@ -102,7 +113,9 @@ TEST(Style, AnEntryThatGoesLeavesTheOthersWhole) {
   ASSERT_NE(current_font, nullptr) << "a blank stands in";
   EXPECT_STREQ(current_font->base->name, "lost:big");
   EXPECT_EQ(current_font->base->tex_width, 1U);
-  font_delete(current_font);
+  font_make_blank("LOST:big");
+  EXPECT_EQ(fonts.count, 1U) << "in its place";
+  font_delete(rows<Font *>(fonts)[0]);
 }
 
 } // namespace

@@ -24,17 +24,11 @@ GLuint gantry_program;
 GLuint colour_texture;
 GLuint normal_texture;
 
-Vec3 cross(Vec3 a, Vec3 b) {
-  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
 // Of a road that goes along d and lies level from side to side; upward unless the road is upright,
 // which has none.
 Vec3 road_normal(Vec3 d) {
   const Vec3 way = level_direction(d);
-  const Vec3 normal = cross({way.y, -way.x, 0}, d);
-  const double size = length(normal);
-  return size == 0 ? Vec3{0, 0, 0} : normal * (1.0 / size);
+  return unit(cross({way.y, -way.x, 0}, d));
 }
 
 // The direction of d in the plane across the normal's main axis. The shader chooses that axis anew,

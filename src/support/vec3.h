@@ -25,8 +25,16 @@ constexpr double dot(Vec3 a, Vec3 b) {
 constexpr double length_squared(Vec3 a) {
   return dot(a, a);
 }
+constexpr Vec3 cross(Vec3 a, Vec3 b) {
+  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
 inline double length(Vec3 a) {
   return std::sqrt(length_squared(a));
+}
+// The direction of a, of length 1; zero if a has no length.
+inline Vec3 unit(Vec3 a) {
+  const double size = length(a);
+  return size > 0 ? a * (1.0 / size) : Vec3{};
 }
 inline bool is_finite(Vec3 a) {
   return std::isfinite(a.x) && std::isfinite(a.y) && std::isfinite(a.z);

@@ -24,10 +24,6 @@ namespace {
 
 using std::numbers::pi;
 
-Vec3 cross(Vec3 a, Vec3 b) {
-  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
 using Normal = std::function<Vec3(Vec3)>;
 
 // The rows of a node in counter-clockwise order as seen from where the normal points.

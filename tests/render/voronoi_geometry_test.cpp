@@ -1,0 +1,206 @@
+#include "render/voronoi_geometry.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <tuple>
+#include <vector>
+
+#include "generate/carve.h"
+#include "generate/choose.h"
+#include "generate/closed.h"
+#include "generate/curved.h"
+#include "generate/flat.h"
+#include "generate/relax.h"
+#include "generate/transform.h"
+#include "render/bucket_grid.h"
+#include "scenarios.h"
+#include "support/random.h"
+#include "voronoi_literal.h"
+
+namespace {
+
+constexpr double infinite = std::numeric_limits<double>::infinity();
+
+Vec3 random_in(Vec3 low, Vec3 size) {
+  const double x = rand_real(1), y = rand_real(1), z = rand_real(1);
+  return low + Vec3{size.x * x, size.y * y, size.z * z};
+}
+
+TEST(BucketGrid, HasACellForEachPointAndOneWhereThereIsNoBox) {
+  const struct {
+    Vec3 size;
+    int32_t count, nx, ny, nz;
+  } cases[] = {
+      {{10, 10, 0}, 100, 10, 10, 1}, {{3, 1, 0}, 12, 6, 2, 1},        {{3, 1, 0}, 13, 7, 2, 1},
+      {{1, 1, 1}, 28, 4, 4, 4},      {{0, 0, 5}, 9, 1, 1, 9},         {{5, 5, 5}, 1, 1, 1, 1},
+      {{0, 0, 0}, 50, 1, 1, 1},      {{infinite, 1, 1}, 50, 1, 1, 1}, {{NAN, 1, 1}, 50, 1, 1, 1},
+      {{1, 1, NAN}, 50, 1, 1, 1},    {{1e308, 1e308, 0}, 4, 2, 2, 1}};
+  for (const auto &[size, count, nx, ny, nz] : cases) {
+    BucketGrid grid;
+    bucket_grid_new(&grid, {0, 0, 0}, size, count);
+    EXPECT_EQ(std::tuple(grid.nx, grid.ny, grid.nz), std::tuple(nx, ny, nz)) << size.x << count;
+    for (const Vec3 wild : {Vec3{NAN, infinite, -infinite}, Vec3{1e300, -1e300, 0}})
+      bucket_grid_add(&grid, wild, 0); // must find some cell
+    bucket_grid_free(&grid);
+  }
+}
+
+TEST(BucketGrid, BallIsAPlainScanInTheOrderOfCells) {
+  rand_seed(11);
+  const Vec3 low = {-3, 4, 5};
+  for (const Vec3 size : {Vec3{20, 30, 0}, {9, 8, 7}, {40, 0, 0}, {0, 0, 0}, {1, 2, 30}}) {
+    BucketGrid grid;
+    bucket_grid_new(&grid, low, low + size, 300);
+    std::vector<Vec3> points;
+    for (int32_t i = 0; i < 300; i++) {
+      points.push_back(random_in(low - 0.05 * size, 1.1 * size)); // some outside
+      bucket_grid_add(&grid, points.back(), i);
+    }
+    for (int query = 0; query < 40; query++) {
+      const Vec3 p = random_in(low - 0.2 * size, 1.4 * size);
+      const double radius = rand_real(12);
+      std::vector<std::tuple<int32_t, int32_t, int32_t, int32_t>> expected;
+      for (int32_t i = 0, x, y, z; i < 300; i++) {
+        bucket_grid_cell(&grid, points[static_cast<size_t>(i)], &x, &y, &z);
+        const bool within = length(points[static_cast<size_t>(i)] - p) <= radius;
+        if (within) expected.emplace_back(x, y, z, -i);
+      }
+      std::sort(expected.begin(), expected.end());
+      GrowList found;
+      bucket_grid_ball(&found, &grid, p, radius);
+      ASSERT_EQ(found.count, expected.size());
+      for (uint32_t row = 0; row < found.count; row++)
+        EXPECT_EQ(rows<int32_t>(found)[row], -std::get<3>(expected[row]));
+      GrowList_free(&found);
+    }
+    bucket_grid_free(&grid);
+  }
+}
+
+const GrowList &cell_of(const Maze *maze, int32_t i) {
+  return rows<GrowList>(*voronoi_cells(maze))[i];
+}
+
+void expect_literal(Maze *maze, int32_t across_levels) {
+  const auto literal = literal_voronoi(maze, across_levels);
+  voronoi_build(maze, across_levels);
+  ASSERT_EQ(voronoi_cells(maze)->count, literal.size());
+  for (int32_t i = 0; i < maze_count(maze); i++) {
+    const auto &expected = literal[static_cast<size_t>(i)];
+    const GrowList &cell = cell_of(maze, i);
+    ASSERT_EQ(cell.count, expected.size()) << i;
+    for (uint32_t k = 0; k < cell.count; k++) {
+      const VoronoiCorner &c = rows<VoronoiCorner>(cell)[k];
+      ASSERT_EQ(std::pair(c.site, c.joined), std::pair(expected[k].site, expected[k].joined)) << i;
+      if (!std::isfinite(expected[k].x + expected[k].y)) continue;
+      ASSERT_NEAR(c.x, expected[k].x, 1e-9) << i;
+      ASSERT_NEAR(c.y, expected[k].y, 1e-9) << i;
+    }
+    if (maze_nodes(maze)[i].submaze) expect_literal(maze_nodes(maze)[i].submaze, across_levels);
+  }
+}
+
+Maze *shaken(Maze *maze, double by) {
+  for (int32_t i = maze_count(maze); i-- > 0;) {
+    MazeNode &node = maze_nodes(maze)[i];
+    const Vec3 p = random_in(node_position(node), {by, by, by});
+    std::tie(node.x, node.y, node.z) = std::tuple(p.x, p.y, p.z);
+  }
+  return maze;
+}
+
+Maze *carved(Maze *maze) {
+  Maze_carve(maze);
+  Maze_scale(maze, 2.5, 0);
+  return maze;
+}
+
+TEST(VoronoiGeometry, CellsAreThoseOfTheLiteralCuts) {
+  rand_seed(12);
+  Maze *mazes[] = {carved(Maze_plane_xy(23, 17)),
+                   carved(Maze_hexagon(8)),
+                   carved(Maze_honeycomb(8, 1)),
+                   carved(Maze_polar(12, 1)),
+                   carved(Maze_sphere(7)),
+                   carved(Maze_torus(8, 3)),
+                   carved(Maze_mobius(9, 3)),
+                   carved(Maze_box(5, 6, 4)),
+                   carved(Maze_grid3d(7, 6, 5)),
+                   Maze_plane_xz(12, 9), // all sites in one row, one above the other
+                   shaken(Maze_plane_xy(20, 20), 0.7),
+                   shaken(Maze_grid3d(6, 6, 6), 0.7),
+                   shaken(Maze_plane_xy(12, 12), 1e-6), // about the tolerance
+                   scenario_random(300, 900),
+                   scenario_nested(2),
+                   Maze_choose(2),
+                   Maze_new()};
+  for (Maze *maze : mazes) {
+    SCOPED_TRACE(std::find(std::begin(mazes), std::end(mazes), maze) - mazes);
+    for (int32_t turn = 0; turn < 2 && maze_count(maze) > 0; turn++) {
+      expect_literal(maze, turn);
+      Maze_smooth(maze, 0.7); // as it is while nodes are pulled together
+    }
+    voronoi_build(maze, 1);
+    Maze_destroy(maze, 1); // the cells are released after the nodes
+  }
+}
+
+TEST(VoronoiGeometry, WildPlacesEndAndLeaveTheRestAlone) {
+  rand_seed(13);
+  const Vec3 wild[] = {
+      {infinite, 0, 0}, {3, NAN, 0}, {1e200, -1e200, 1e200}, {2, 1.2e154, 0}, {-1.2e154, 1, 0}};
+  for (int turn = 0; turn < 30; turn++) {
+    Maze *maze = shaken(Maze_plane_xy(7, 7), 0.4);
+    for (int32_t k = 0; k <= turn % 3; k++) {
+      MazeNode &node = maze_nodes(maze)[rand_int(49)];
+      const Vec3 p = wild[rand_int(5)];
+      std::tie(node.x, node.y, node.z) = std::tuple(p.x, p.y, p.z);
+    }
+    expect_literal(maze, 1);
+    Maze_scale(maze, 0, 0); // all in one place, but for those that are nowhere now
+    expect_literal(maze, 0);
+    Maze_destroy(maze, 1);
+  }
+  Maze *maze = scenario_path(3);   // the cut towards 1 leaves corners that are nowhere
+  maze_nodes(maze)[1].y = 1.2e154; // whose square is still finite
+  maze_nodes(maze)[2].x = -1;
+  expect_literal(maze, 1);
+  Maze_destroy(maze, 1);
+}
+
+bool covers(const GrowList &cell, double x, double y) {
+  const VoronoiCorner *c = rows<VoronoiCorner>(cell);
+  for (uint32_t k = 0; k < cell.count; k++) {
+    const VoronoiCorner &next = c[(k + 1) % cell.count];
+    if ((next.x - c[k].x) * (y - c[k].y) > (next.y - c[k].y) * (x - c[k].x)) return false;
+  }
+  return cell.count > 0;
+}
+
+TEST(VoronoiGeometry, EachPlaceLiesInTheCellOfItsNearestNodeOnly) {
+  rand_seed(14);
+  for (Maze *maze : {Maze_hexagon(7), shaken(Maze_plane_xy(15, 15), 0.6)}) {
+    Maze_centre(maze);
+    voronoi_build(maze, 1);
+    for (int sample = 0; sample < 4000; sample++) {
+      const Vec3 p = random_in({-5, -5, 0}, {10, 10, 0});
+      int32_t nearest = 0, covered = 0;
+      const auto distance = [&](int32_t i) {
+        const MazeNode &node = maze_nodes(maze)[i];
+        return std::hypot(node.x - p.x, node.y - p.y);
+      };
+      for (int32_t i = 0; i < maze_count(maze); i++) {
+        if (distance(i) < distance(nearest)) nearest = i;
+        covered += covers(cell_of(maze, i), p.x, p.y);
+      }
+      EXPECT_TRUE(covers(cell_of(maze, nearest), p.x, p.y));
+      EXPECT_EQ(covered, 1);
+    }
+    Maze_destroy(maze, 1);
+  }
+}
+
+} // namespace

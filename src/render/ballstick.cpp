@@ -41,7 +41,7 @@ void set_colour(uint32_t colour) {
   glColor4ub(colour_red(colour), colour_green(colour), colour_blue(colour), 255);
 }
 
-void ball_list(Maze *maze) {
+void ball_list(Maze *maze, const World *) {
   glBegin(GL_QUADS);
   for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
     const MazeNode &node = maze_nodes(maze)[i];
@@ -67,7 +67,7 @@ void node_sticks(Maze *maze, int32_t node) {
   }
 }
 
-void stick_list(Maze *maze) {
+void stick_list(Maze *maze, const World *) {
   glBegin(GL_QUADS);
   for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
     if (maze_nodes(maze)[i].submaze == nullptr) node_sticks(maze, i);
@@ -109,9 +109,9 @@ void ballstick_plot(Maze *root, const World *world, int32_t light) {
   float projection[16];
   glGetFloatv(GL_PROJECTION_MATRIX, projection);
   use_lit_program(ball_program, projection, user, brightness);
-  maze_list_call(root, balls_name, ball_list);
+  maze_list_call(root, balls_name, ball_list, world);
   draw_marker(world, user, projection, light);
   use_lit_program(stick_program, projection, user, brightness);
-  maze_list_call(root, sticks_name, stick_list);
+  maze_list_call(root, sticks_name, stick_list, world);
   gl2.use_program(0);
 }

@@ -104,7 +104,7 @@ void hub(Pos here) {
   }
 }
 
-void list_body(Maze *maze) {
+void list_body(Maze *maze, const World *) {
   glBegin(GL_QUADS);
   gantry_road_quads(maze);
   glEnd();
@@ -156,7 +156,7 @@ void gantry_hub_triangles(Maze *maze) {
 }
 
 void gantry_list_call(Maze *maze) {
-  maze_list_call(maze, "gantrylist", list_body);
+  maze_list_call(maze, "gantrylist", list_body, nullptr);
 }
 
 void gantry_plot(Maze *root, const World *world, int32_t light) {

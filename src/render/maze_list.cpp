@@ -19,11 +19,11 @@ void list_destroy(intptr_t data, Maze *) {
   delete list;
 }
 
-MazeList *list_make(Maze *maze, const char *name, void (*body)(Maze *maze)) {
+MazeList *list_make(Maze *maze, const char *name, MazeListBody body, const World *world) {
   auto *list = new MazeList{};
   list->name = glGenLists(1);
   glNewList(list->name, GL_COMPILE);
-  body(maze);
+  body(maze, world);
   glEndList();
   GrowList_init(&list->below, sizeof(Maze *));
   for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
@@ -36,11 +36,11 @@ MazeList *list_make(Maze *maze, const char *name, void (*body)(Maze *maze)) {
 
 } // namespace
 
-void maze_list_call(Maze *maze, const char *name, void (*body)(Maze *maze)) {
+void maze_list_call(Maze *maze, const char *name, MazeListBody body, const World *world) {
   auto *list = reinterpret_cast<MazeList *>(Attachment_find(maze, name));
-  if (list == nullptr) list = list_make(maze, name, body);
+  if (list == nullptr) list = list_make(maze, name, body, world);
   glCallList(list->name);
   for (uint32_t i = 0; i < list->below.count; i++) {
-    maze_list_call(rows<Maze *>(list->below)[i], name, body);
+    maze_list_call(rows<Maze *>(list->below)[i], name, body, world);
   }
 }

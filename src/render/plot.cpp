@@ -5,8 +5,11 @@
 #include "render/grid.h"
 #include "render/line_plot.h"
 #include "render/maze_label.h"
+#include "render/voronoi_plot.h"
 
 int32_t plot_type = 0;
+int32_t plot_voronoi = 0;
+int32_t voronoi_mode = 5;
 int32_t plot_light = 0;
 int32_t plot_grid = 0;
 int32_t plot_smooth_lines = 1;
@@ -22,7 +25,9 @@ void line_plot(const World *world) {
 } // namespace
 
 void plot_world(const World *world) {
-  if (plot_type == 1)
+  if (plot_voronoi != 0)
+    voronoi_plot(world->root, world);
+  else if (plot_type == 1)
     gantry_plot(world->root, world, plot_light);
   else if (plot_type == 2)
     ballstick_plot(world->root, world, plot_light);

@@ -9,6 +9,8 @@
 // Display switches, changed by keys and not saved.
 constexpr int32_t plot_types = 3;
 extern int32_t plot_type;         // 0 line plot, 1 gantry, 2 balls and sticks
+extern int32_t plot_voronoi;      // the landscape of cells replaces the plots of plot_type
+extern int32_t voronoi_mode;      // 0 to 5, what it looks like; a change must drop "voronoilist"
 extern int32_t plot_light;        // the user carries a light, in the gantry and among the balls
 extern int32_t plot_grid;         // the grid around the current node is drawn
 extern int32_t plot_smooth_lines; // lines are antialiased at a width of 1.5, not merely blended

@@ -1,0 +1,193 @@
+#include "render/voronoi_shapes.h"
+
+#include <algorithm>
+
+#include "maze/pos.h"
+#include "render/edge_colour.h"
+#include "render/voronoi_geometry.h"
+#include "support/colour.h"
+
+namespace {
+
+constexpr int32_t shade = 0x40; // between a colour and its light or dark version
+constexpr double wall_inset = 0.1;
+constexpr double least_wall = 0.05;
+constexpr double wall_height = 0.5;
+constexpr double half_thickness = 0.1;
+constexpr Vec3 up = {0, 0, 1};
+
+// A node with its cell.
+struct Cell {
+  const Maze *maze;
+  int32_t node;
+  Vec3 place;
+  const VoronoiCorner *corners;
+  int32_t count;
+};
+
+Cell cell_of(const Maze *maze, int32_t node) {
+  const GrowList &cell = rows<GrowList>(*voronoi_cells(maze))[node];
+  return {maze, node, node_position(maze_nodes(maze)[node]), rows<VoronoiCorner>(cell),
+          static_cast<int32_t>(cell.count)};
+}
+
+// Corners are counted around the cell.
+const VoronoiCorner &corner(const Cell &cell, int32_t k) {
+  return cell.corners[(k + cell.count) % cell.count];
+}
+
+Vec3 at_height(const VoronoiCorner &c, double z) {
+  return {c.x, c.y, z};
+}
+
+// The place of a site; of the cell's own node for the rim of the square.
+Vec3 site_place(const Cell &cell, int32_t site) {
+  return site < 0 ? cell.place : node_position(maze_nodes(cell.maze)[site]);
+}
+
+uint32_t aged_colour(Maze *maze, int32_t node, const World *world) {
+  return visit_colour(maze_nodes(maze)[node].self, {maze, node}, Pos_null, world);
+}
+
+uint32_t plain_colour(Maze *maze, int32_t node) {
+  return edge_colour(maze_nodes(maze)[node].self.colour, {maze, node}, Pos_null);
+}
+
+uint32_t shaded(uint32_t colour, int32_t by) {
+  return colour_adjust(colour, by, by, by);
+}
+
+void triangle(ShapeList *out, uint32_t colour, Vec3 normal, Vec3 a, Vec3 b, Vec3 c) {
+  for (const Vec3 place : {a, b, c})
+    out->push_back({place, normal, colour});
+}
+
+void quad(ShapeList *out, uint32_t colour, Vec3 normal, Vec3 a, Vec3 b, Vec3 c, Vec3 d) {
+  for (const Vec3 place : {a, b, c, d})
+    out->push_back({place, normal, colour});
+}
+
+// A triangle of the ground, a and b clockwise around the node, which turns its face up.
+void facet(ShapeList *out, uint32_t colour, Vec3 node, Vec3 a, Vec3 b) {
+  triangle(out, colour, unit(cross(b - node, a - node)), node, a, b);
+}
+
+// An upright face over or under the segment from a to b, up or down to the height `end`.
+void upright(ShapeList *out, uint32_t colour, Vec3 a, Vec3 b, double end) {
+  const Vec3 normal = unit({b.y - a.y, a.x - b.x, 0});
+  const Vec3 far = {b.x, b.y, end};
+  triangle(out, colour, normal, a, b, far);
+  triangle(out, colour, normal, a, {a.x, a.y, end}, far);
+}
+
+double furthest_site(const Cell &cell) {
+  double furthest = 0;
+  for (int32_t k = cell.count; k-- > 0;)
+    furthest = std::max(furthest, length(site_place(cell, cell.corners[k].site) - cell.place));
+  return furthest;
+}
+
+// The mean height of the three nodes whose cells meet in a corner.
+double corner_height(const Cell &cell, int32_t k) {
+  const double before = site_place(cell, corner(cell, k - 1).site).z;
+  const double after = site_place(cell, corner(cell, k).site).z;
+  return (cell.place.z + before + after) / 3;
+}
+
+void delaunay(ShapeList *out, const Cell &cell, uint32_t colour) {
+  for (int32_t k = cell.count; k-- > 0;) {
+    const int32_t a = corner(cell, k).site;
+    const int32_t b = corner(cell, k + 1).site;
+    if (a <= cell.node || b <= cell.node) continue;
+    facet(out, colour, cell.place, site_place(cell, a), site_place(cell, b));
+  }
+}
+
+// The ground below an end of the wall towards `site`; `third` is the other node that meets there.
+Vec3 wall_foot(const Cell &cell, const VoronoiCorner &end, int32_t site, int32_t third) {
+  const Vec3 there = site_place(cell, site);
+  if (third < 0) return at_height(end, (cell.place.z + there.z) / 2);
+  return at_height(end, plane_height(cell.place, there, site_place(cell, third), end.x, end.y));
+}
+
+// A wall from a to b in the plane of its middle, whose faces look along v and back; it leans with
+// the ground across it.
+void wall(ShapeList *out, uint32_t colour, Vec3 a, Vec3 b, Vec3 v) {
+  const Vec3 dir = unit({b.x - a.x, b.y - a.y, 0});
+  const Vec3 half = half_thickness * v;
+  const Vec3 rise = wall_height * up;
+  const Vec3 a_front = a + half, a_back = a - half;
+  const Vec3 b_front = b + half, b_back = b - half;
+  quad(out, colour, up, a_front + rise, b_front + rise, b_back + rise, a_back + rise);
+  quad(out, colour, v, a_front, b_front, b_front + rise, a_front + rise);
+  quad(out, colour, -1.0 * v, a_back, b_back, b_back + rise, a_back + rise);
+  quad(out, colour, dir, b_front, b_front + rise, b_back + rise, b_back);
+  quad(out, colour, -1.0 * dir, a_front, a_front + rise, a_back + rise, a_back);
+}
+
+} // namespace
+
+void voronoi_outline(ShapeList *out, Maze *maze, int32_t node, const World *world) {
+  const Cell cell = cell_of(maze, node);
+  const uint32_t base = aged_colour(maze, node, world);
+  for (int32_t k = cell.count; k-- > 0;) {
+    const uint32_t colour = corner(cell, k).joined == 0 ? base : shaded(base, -shade);
+    out->push_back({at_height(corner(cell, k), cell.place.z), {}, colour});
+    out->push_back({at_height(corner(cell, k + 1), cell.place.z), {}, colour});
+  }
+}
+
+void voronoi_room(ShapeList *out, Maze *maze, int32_t node, const World *world) {
+  const Cell cell = cell_of(maze, node);
+  const uint32_t base = aged_colour(maze, node, world);
+  const double z = cell.place.z;
+  const double high = furthest_site(cell);
+  const auto at = [&](int32_t k) { return at_height(corner(cell, k), z); };
+  const auto inset = [&](int32_t k) { return at(k) + wall_inset * (cell.place - at(k)); };
+  for (int32_t k = cell.count; k-- > 0;)
+    triangle(out, base, up, at(0), at(k), at(k + 1));
+  for (int32_t k = cell.count; k-- > 0;) {
+    if (corner(cell, k).joined != 0) continue;
+    upright(out, shaded(base, shade), inset(k), inset(k + 1), z + 0.5 * high);
+  }
+  for (int32_t k = cell.count; k-- > 0;)
+    upright(out, shaded(base, -shade), at(k), at(k + 1), z - high);
+}
+
+void voronoi_terrain(ShapeList *out, Maze *maze, int32_t node, const World *world) {
+  const Cell cell = cell_of(maze, node);
+  const uint32_t base = aged_colour(maze, node, world);
+  for (int32_t k = cell.count; k-- > 0;) {
+    facet(out, base, cell.place, at_height(corner(cell, k), corner_height(cell, k)),
+          at_height(corner(cell, k + 1), corner_height(cell, k + 1)));
+  }
+}
+
+void voronoi_delaunay(ShapeList *out, Maze *maze, int32_t node, const World *world) {
+  delaunay(out, cell_of(maze, node), aged_colour(maze, node, world));
+}
+
+void voronoi_ground(ShapeList *out, Maze *maze, int32_t node, const World *) {
+  delaunay(out, cell_of(maze, node), plain_colour(maze, node));
+}
+
+void voronoi_walls(ShapeList *out, Maze *maze, int32_t node, const World *) {
+  const Cell cell = cell_of(maze, node);
+  const uint32_t colour = shaded(plain_colour(maze, node), shade);
+  for (int32_t k = cell.count; k-- > 0;) {
+    const VoronoiCorner &from = corner(cell, k);
+    const VoronoiCorner &to = corner(cell, k + 1);
+    if (from.joined != 0 || from.site <= node) continue;
+    if (length({to.x - from.x, to.y - from.y, 0}) < least_wall) continue;
+    const Vec3 a = wall_foot(cell, from, from.site, corner(cell, k - 1).site);
+    const Vec3 b = wall_foot(cell, to, from.site, to.site);
+    wall(out, colour, a, b, unit(site_place(cell, from.site) - cell.place));
+  }
+}
+
+double plane_height(Vec3 a, Vec3 b, Vec3 c, double x, double y) {
+  const double whole = (b.y - c.y) * (a.x - c.x) + (c.x - b.x) * (a.y - c.y);
+  const double of_a = ((b.y - c.y) * (x - c.x) + (c.x - b.x) * (y - c.y)) / whole;
+  const double of_b = ((c.y - a.y) * (x - c.x) + (a.x - c.x) * (y - c.y)) / whole;
+  return of_a * a.z + of_b * b.z + (1 - of_a - of_b) * c.z;
+}

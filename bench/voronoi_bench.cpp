@@ -1,0 +1,88 @@
+// The cells of mazes against the literal cuts and against the Voronoi diagram of a general library,
+// which knows no walls, no height and no reach, all in one process on the same sites. Run by
+// scripts/bench.
+
+#include <benchmark/benchmark.h>
+
+#include <boost/polygon/voronoi.hpp>
+#include <malloc.h>
+
+#include <climits>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "generate/carve.h"
+#include "generate/closed.h"
+#include "generate/curved.h"
+#include "generate/flat.h"
+#include "generate/transform.h"
+#include "render/voronoi_geometry.h"
+#include "support/random.h"
+#include "voronoi_literal.h"
+
+namespace {
+
+using Sites = std::vector<boost::polygon::point_data<int32_t>>;
+
+void measure(const std::string &name, const std::function<void()> &step) {
+  benchmark::RegisterBenchmark(name.c_str(), [step](benchmark::State &state) {
+    for (auto _ : state)
+      step();
+  })->Unit(benchmark::kMillisecond);
+}
+
+// The library takes whole coordinates only.
+Sites whole_sites(const Maze *maze) {
+  Sites sites;
+  for (int32_t i = 0; i < maze_count(maze); ++i) {
+    const Vec3 p = node_position(maze_nodes(maze)[i]) * 10000.0;
+    sites.emplace_back(static_cast<int32_t>(p.x), static_cast<int32_t>(p.y));
+  }
+  return sites;
+}
+
+void measure_cells(const std::string &name, Maze *maze, bool flat) {
+  Maze_carve(maze);
+  Maze_scale(maze, 2.5, 0);
+  measure(name + "/ours", [maze] { voronoi_build(maze, 1); });
+  measure(name + "/literal", [maze] { benchmark::DoNotOptimize(literal_voronoi(maze, 1).data()); });
+  if (!flat) return; // in space, sites that stand above one another are one to the library
+  const auto *sites = new Sites(whole_sites(maze));
+  measure(name + "/boost_polygon", [sites] {
+    boost::polygon::voronoi_diagram<double> diagram;
+    boost::polygon::construct_voronoi(sites->begin(), sites->end(), &diagram);
+    benchmark::DoNotOptimize(diagram.num_cells());
+  });
+}
+
+Maze *generic_plane(int32_t side) {
+  Maze *maze = Maze_plane_xy(side, side);
+  for (int32_t i = 0; i < maze_count(maze); ++i) {
+    maze_nodes(maze)[i].x += rand_real(0.6);
+    maze_nodes(maze)[i].y += rand_real(0.6);
+  }
+  return maze;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+  // What is freed is kept and used again, so that no one's time goes into fetching pages.
+  mallopt(M_MMAP_MAX, 0);
+  mallopt(M_TRIM_THRESHOLD, INT_MAX);
+  rand_seed(1);
+  measure_cells("cells_hexagon", Maze_hexagon(41), true);
+  measure_cells("cells_plane", Maze_plane_xy(71, 71), true);
+  measure_cells("cells_polar", Maze_polar(50, 1), true);
+  measure_cells("cells_generic", generic_plane(71), true);
+  measure_cells("cells_large", generic_plane(316), true);
+  measure_cells("cells_sphere", Maze_sphere(30), false);
+  measure_cells("cells_torus", Maze_torus(20, 10), false);
+  measure_cells("cells_box", Maze_box(40, 40, 40), false);
+  measure_cells("cells_block", Maze_grid3d(20, 20, 20), false);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

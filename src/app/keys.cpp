@@ -3,6 +3,7 @@
 #include "app/overlay.h"
 #include "gfx/input.h"
 #include "gfx/screenshot.h"
+#include "maze/attachment.h"
 #include "render/plot.h"
 
 namespace {
@@ -15,6 +16,12 @@ int32_t next_mode(int32_t mode) {
   return static_cast<int32_t>((int64_t{mode} + 1) % stereo_modes);
 }
 
+// The Voronoi plot compiles its lists for one mode.
+void next_voronoi_mode(Maze *root) {
+  voronoi_mode = (voronoi_mode + 1) % voronoi_modes;
+  Attachment_drop_tree(root, "voronoilist");
+}
+
 } // namespace
 
 void keys_switches(Run *run) {
@@ -24,6 +31,8 @@ void keys_switches(Run *run) {
   if (key_pressed(vk_f5)) run->stereo_depth -= depth_step;
   if (key_pressed(vk_f6)) run->stereo_depth += depth_step;
   if (key_pressed('H')) plot_type = (plot_type + 1) % plot_types;
+  if (key_pressed('V')) plot_voronoi ^= 1;
+  if (key_pressed('M')) next_voronoi_mode(run->world.root);
   if (key_pressed('L')) plot_light ^= 1;
   if (key_pressed('P')) plot_smooth_lines ^= 1;
   if (key_pressed('G')) plot_grid ^= 1;

@@ -6,8 +6,10 @@
 
 // Which of the ways of drawing the tree runs, and the overlays on top of it.
 
-// Display switches, changed by keys and not saved.
 constexpr int32_t plot_types = 3;
+constexpr int32_t voronoi_modes = 6;
+
+// Display switches, changed by keys and not saved.
 extern int32_t plot_type;         // 0 line plot, 1 gantry, 2 balls and sticks
 extern int32_t plot_voronoi;      // the landscape of cells replaces the plots of plot_type
 extern int32_t voronoi_mode;      // 0 to 5, what it looks like; a change must drop "voronoilist"

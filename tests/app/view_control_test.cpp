@@ -4,11 +4,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "app/keys.h"
 #include "gfx/fake_platform.h"
 #include "gfx/input.h"
 #include "gfx/window.h"
+#include "maze/attachment.h"
 #include "render/plot.h"
 
 namespace {
@@ -128,18 +130,39 @@ TEST_F(ViewControlTest, KeysMoveByTheZoomAndCtrlTurnsInstead) {
 
 TEST_F(ViewControlTest, SwitchesActOncePerPress) {
   ::Run run = {};
-  hold_keys({'G', 'P', ' '});
-  keys_switches(&run);
-  EXPECT_EQ(plot_grid, 1);
-  EXPECT_EQ(plot_smooth_lines, 0);
+  run.world.root = Maze_new();
+  run.stereo_mode = 7;
+  run.stereo_depth = 0.05;
+  const auto states = [&run] {
+    return std::vector<int32_t>{plot_grid,     plot_smooth_lines, plot_voronoi,
+                                voronoi_mode,  plot_type,         plot_light,
+                                run.helpstate, run.stereo_mode,   run.stereo_swap};
+  };
+  const auto press = [&](std::initializer_list<int> keys) {
+    std::fill(std::begin(key_state_prev), std::end(key_state_prev), uint8_t{0});
+    hold_keys(keys);
+    keys_switches(&run);
+  };
+  const std::initializer_list<int> all = {'G', 'P', 'V', 'M', 'H', 'L', vk_space, vk_f3, vk_f4};
+  EXPECT_EQ(states(), (std::vector<int32_t>{0, 1, 0, 5, 0, 0, 0, 7, 0})) << "as they start";
+  Attachment_add(run.world.root, "voronoilist", 1, nullptr);
+  Attachment_add(run.world.root, "lists", 1, nullptr);
+  press(all);
+  EXPECT_EQ(states(), (std::vector<int32_t>{1, 0, 1, 0, 1, 1, 1, 8, 1}));
+  EXPECT_EQ(Attachment_find(run.world.root, "voronoilist"), 0) << "its colours are another mode's";
+  EXPECT_EQ(Attachment_find(run.world.root, "lists"), 1);
   std::copy(std::begin(key_state), std::end(key_state), key_state_prev);
   keys_switches(&run);
-  EXPECT_EQ(plot_grid, 1);
-  std::fill(std::begin(key_state_prev), std::end(key_state_prev), uint8_t{0});
-  keys_switches(&run);
-  EXPECT_EQ(plot_grid, 0);
-  EXPECT_EQ(plot_smooth_lines, 1);
-  EXPECT_EQ(run.helpstate, 2);
+  EXPECT_EQ(states(), (std::vector<int32_t>{1, 0, 1, 0, 1, 1, 1, 8, 1})) << "still held";
+  press(all);
+  EXPECT_EQ(states(), (std::vector<int32_t>{0, 1, 0, 1, 2, 0, 2, 0, 0}));
+  press({'H', vk_space, vk_f6});
+  press({vk_space, vk_f5});
+  press({vk_f5});
+  EXPECT_EQ(states(), (std::vector<int32_t>{0, 1, 0, 1, 0, 0, 0, 0, 0}));
+  EXPECT_NEAR(run.stereo_depth, 0.045, 1e-12);
+  voronoi_mode = 5;
+  Maze_destroy(run.world.root, 1);
   EXPECT_FALSE(keys_quit());
   hold_keys({vk_escape});
   EXPECT_TRUE(keys_quit());

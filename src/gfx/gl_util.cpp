@@ -1,8 +1,10 @@
 #include "gfx/gl_util.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
 #include "gfx/gl.h"
 #include "gfx/platform.h"
@@ -67,6 +69,14 @@ bool gl_has_extension(int32_t *answer, const char *name) {
     if (starts && ends) *answer = 1;
   }
   return *answer != 0;
+}
+
+bool gl_is_software() {
+  constexpr const char *names[] = {"llvmpipe", "softpipe", "Software Rasterizer", "GDI Generic"};
+  const char *renderer = gl_string(GL_RENDERER);
+  return std::any_of(std::begin(names), std::end(names), [renderer](const char *name) {
+    return std::strstr(renderer, name) != nullptr;
+  });
 }
 
 void gfx_push_2d() {

@@ -17,6 +17,9 @@ double gl_version();
 // only an unknown one searches the list of extensions.
 bool gl_has_extension(int32_t *answer, const char *name);
 
+// Whether the processor does the drawing, as far as the driver's name tells.
+bool gl_is_software();
+
 // Pixel space: (x, y) counts from the top left of the window also inside a part-window viewport,
 // with the depth test and depth writes off. The pop turns both on.
 void gfx_push_2d();

@@ -150,6 +150,8 @@ uint32_t texture_capture(int32_t x, int32_t y, int32_t width, int32_t height, in
 }
 
 void texture_max_anisotropy() {
+  // A software driver offers it too, and then takes seconds for a frame.
+  if (gl_is_software()) return;
   if (!gl_has_extension(&has_anisotropy, "GL_EXT_texture_filter_anisotropic")) return;
   if (max_anisotropy == 0) glGetFloatv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &max_anisotropy);
   glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT, max_anisotropy);

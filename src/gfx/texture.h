@@ -39,5 +39,5 @@ void texture_generate_mipmaps(uint32_t target);
 // left, in pixels. The caller deletes it.
 uint32_t texture_capture(int32_t x, int32_t y, int32_t width, int32_t height, int32_t with_alpha);
 
-// Sets the bound 2D texture to the card's greatest anisotropy, if it has any.
+// Sets the bound 2D texture to the card's greatest anisotropy, if it has any and is a card.
 void texture_max_anisotropy();

@@ -248,9 +248,9 @@ double cut_limit(Cut *cut, const CutOrder &order, const Centre &centre, double q
 }
 
 // Points that can't cut are left out before the cuts, and these must stay in their order: of points
-// on one circle around a corner, the order decides which ones keep an edge of no length. With fewer
-// cuts there are also fewer corners that many bisectors miss by about the tolerance, of which a
-// cell can break.
+// on one circle around a corner, the order decides which ones keep an edge of no length. On edges
+// below about 0.01 units, which no maze has that is made here, the tolerance is no longer small,
+// and the cells of all points without this bound would have other corners.
 void cut_out(Cut *cut, const CutOrder &order, const Centre &centre) {
   const double query = query_reach * centre.longest;
   double limit = query * query;
@@ -258,8 +258,10 @@ void cut_out(Cut *cut, const CutOrder &order, const Centre &centre) {
   const double near = std::sqrt(limit);
   start_square(cut, centre);
   const Block block = block_around(order.grid, centre.place, {near, near, query});
-  double last_x = NAN; // of the last point that cut nothing: those above it don't either
-  double last_y = NAN;
+  // Of the last point that cut nothing: those above and below it don't either, as those of the
+  // centre itself, which can be many.
+  double last_x = centre.place.x;
+  double last_y = centre.place.y;
   each_point(order, block, [&](const BucketPoint &point) {
     const Vec3 way = Vec3{point.x, point.y, point.z} - centre.place;
     const double flat = way.x * way.x + way.y * way.y;

@@ -38,7 +38,8 @@ constexpr Mode modes[] = {
     {true, {{GL_TRIANGLES, voronoi_ground}, {GL_QUADS, voronoi_walls}}, 2},
 };
 
-void draw_layer(const Layer &layer, Maze *maze, const World *world) {
+// Only lit modes have normals.
+void draw_layer(const Layer &layer, bool lit, Maze *maze, const World *world) {
   ShapeList vertices;
   glBegin(layer.primitive);
   for (int32_t i = maze_count(maze); i-- > 0;) {
@@ -47,7 +48,7 @@ void draw_layer(const Layer &layer, Maze *maze, const World *world) {
     layer.shape(&vertices, maze, i, world);
     for (const ShapeVertex &v : vertices) {
       glColor3ub(colour_red(v.colour), colour_green(v.colour), colour_blue(v.colour));
-      glNormal3d(v.normal.x, v.normal.y, v.normal.z);
+      if (lit) glNormal3d(v.normal.x, v.normal.y, v.normal.z);
       glVertex3d(v.place.x, v.place.y, v.place.z);
     }
   }
@@ -57,10 +58,11 @@ void draw_layer(const Layer &layer, Maze *maze, const World *world) {
 void list_body(Maze *maze, const World *world) {
   assert(voronoi_mode >= 0 && voronoi_mode < static_cast<int32_t>(std::size(modes)));
   const Mode &mode = modes[voronoi_mode];
-  if (voronoi_cells(maze) == nullptr) voronoi_build(maze, 1);
+  if (voronoi_cells(maze) == nullptr) // what moves nodes drops the list too
+    voronoi_build(maze, 1);
   if (mode.lit) fixed_light_on();
   for (int32_t i = 0; i < mode.count; i++)
-    draw_layer(mode.layers[i], maze, world);
+    draw_layer(mode.layers[i], mode.lit, maze, world);
   if (mode.lit) glDisable(GL_LIGHTING);
 }
 

@@ -145,11 +145,18 @@ TEST_F(ViewControlTest, SwitchesActOncePerPress) {
   };
   const std::initializer_list<int> all = {'G', 'P', 'V', 'M', 'H', 'L', vk_space, vk_f3, vk_f4};
   EXPECT_EQ(states(), (std::vector<int32_t>{0, 1, 0, 5, 0, 0, 0, 7, 0})) << "as they start";
+  Maze *below = Maze_new();
+  MazeNode holder = {};
+  MazeNode_init(&holder, 0, 0, 0);
+  holder.submaze = below;
+  GrowList_append(&run.world.root->nodes, &holder);
+  Attachment_add(below, "voronoilist", 1, nullptr);
   Attachment_add(run.world.root, "voronoilist", 1, nullptr);
   Attachment_add(run.world.root, "lists", 1, nullptr);
   press(all);
   EXPECT_EQ(states(), (std::vector<int32_t>{1, 0, 1, 0, 1, 1, 1, 8, 1}));
-  EXPECT_EQ(Attachment_find(run.world.root, "voronoilist"), 0) << "its colours are another mode's";
+  for (const Maze *maze : {run.world.root, below})
+    EXPECT_EQ(Attachment_find(maze, "voronoilist"), 0) << "its shapes are another mode's";
   EXPECT_EQ(Attachment_find(run.world.root, "lists"), 1);
   std::copy(std::begin(key_state), std::end(key_state), key_state_prev);
   keys_switches(&run);

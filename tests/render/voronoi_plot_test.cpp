@@ -127,6 +127,29 @@ TEST(VoronoiShapes, RoomsAndRimsByHand) {
   for (size_t v = 0; v < 20; v++) {
     expect_place(walls[v].place, quads[v]);
     expect_place(walls[v].normal, sides[v / 4]);
+    EXPECT_EQ(walls[v].colour, 0x80A0C0U);
+  }
+  maze_nodes(scene.maze)[0].self.colour = 0xFFFFFF; // which is the user's alone
+  voronoi_ground(&walls, scene.maze, 0, nullptr);
+  EXPECT_EQ(walls.back().colour, 0xFEFEFEU);
+}
+
+TEST(VoronoiShapes, ShortEdgesHaveNoWalls) {
+  // The edge between the nodes 1 and 2 is y - 2 over the square root of 2 long.
+  for (const double y : {2.06, 2.08}) {
+    Maze *maze = Maze_new();
+    for (const Vec3 p : {Vec3{0, 0, 0}, {2, 0, 0}, {0, 2, 0}, {2, y, 0}}) {
+      MazeNode node = {};
+      MazeNode_init(&node, p.x, p.y, p.z);
+      GrowList_append(&maze->nodes, &node);
+    }
+    for (const int other : {0, 3})
+      Maze_join(maze, 1, other); // leaves the edge to node 2
+    voronoi_build(maze, 1);
+    ShapeList walls;
+    voronoi_walls(&walls, maze, 1, nullptr);
+    EXPECT_EQ(walls.size(), y < 2.07 ? 0U : 20U) << y;
+    Maze_destroy(maze, 1);
   }
 }
 
@@ -165,7 +188,17 @@ TEST(VoronoiPlot, ModesHaveTheirLightAndTheirAges) {
     EXPECT_EQ(at(0, 0), 0xFFFFFFU) << mode; // the marker
     EXPECT_NEAR(picture_eye_z(picture_depth(picture, pixel_x(0), pixel_y(0))), -15.7, 0.01);
   }
-  EXPECT_EQ(picture_colour(scene.draw(0), pixel_x(-4), pixel_y(2)), aged); // a wall
+  const Picture outlines = scene.draw(0);
+  EXPECT_EQ(picture_colour(outlines, pixel_x(-4), pixel_y(2)), aged); // a wall
+  const uint32_t open = std::max(picture_colour(outlines, pixel_x(2) - 1, pixel_y(-5)),
+                                 picture_colour(outlines, pixel_x(2), pixel_y(-5)));
+  EXPECT_TRUE(open != 0 && colour_green(open) < colour_green(aged)) << std::hex << open;
+  EXPECT_NE(picture_colour(outlines, pixel_x(0.3), pixel_y(0)), 0xFFFFFFU) << "a small marker";
+  const double nearer = 16 / (16 - 1 - 1.5 * 11 / 17 - 0.5); // the top of the wall there
+  EXPECT_LE(
+      colour_distance(picture_colour(scene.draw(5), pixel_x(-4 * nearer), pixel_y(2 * nearer)),
+                      lit(0x80A0C0, {0, 0, 1})),
+      2);
 }
 
 TEST(VoronoiPlot, ContainersAreLeftToTheirMazesAndStepsDropWhatIsOld) {

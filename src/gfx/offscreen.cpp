@@ -33,23 +33,26 @@ struct Target {
 Procs procs;
 Target target;
 
-template <typename Proc> void bind(Proc *slot, const char *name) {
+// False if the driver has no such entry point.
+template <typename Proc> bool bind(Proc *slot, const char *name) {
   *slot = reinterpret_cast<Proc>(platform_gl_proc(name));
+  return *slot != nullptr;
 }
 
 bool load_procs() {
   if (!gl_has_extension(&has_framebuffer_object, "GL_ARB_framebuffer_object")) return false;
   if (procs.gen_framebuffers != nullptr) return true;
-  bind(&procs.gen_framebuffers, "glGenFramebuffers");
-  bind(&procs.bind_framebuffer, "glBindFramebuffer");
-  bind(&procs.delete_framebuffers, "glDeleteFramebuffers");
-  bind(&procs.gen_renderbuffers, "glGenRenderbuffers");
-  bind(&procs.bind_renderbuffer, "glBindRenderbuffer");
-  bind(&procs.delete_renderbuffers, "glDeleteRenderbuffers");
-  bind(&procs.renderbuffer_storage, "glRenderbufferStorage");
-  bind(&procs.framebuffer_renderbuffer, "glFramebufferRenderbuffer");
-  bind(&procs.check_framebuffer_status, "glCheckFramebufferStatus");
-  return procs.gen_framebuffers != nullptr;
+  const bool complete = bind(&procs.gen_framebuffers, "glGenFramebuffers") &&
+                        bind(&procs.bind_framebuffer, "glBindFramebuffer") &&
+                        bind(&procs.delete_framebuffers, "glDeleteFramebuffers") &&
+                        bind(&procs.gen_renderbuffers, "glGenRenderbuffers") &&
+                        bind(&procs.bind_renderbuffer, "glBindRenderbuffer") &&
+                        bind(&procs.delete_renderbuffers, "glDeleteRenderbuffers") &&
+                        bind(&procs.renderbuffer_storage, "glRenderbufferStorage") &&
+                        bind(&procs.framebuffer_renderbuffer, "glFramebufferRenderbuffer") &&
+                        bind(&procs.check_framebuffer_status, "glCheckFramebufferStatus");
+  if (!complete) procs = {};
+  return complete;
 }
 
 void make_target(int32_t width, int32_t height) {

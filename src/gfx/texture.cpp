@@ -66,8 +66,10 @@ void upload_levels(uint32_t target, int32_t internal, uint32_t format, Picture p
   }
 }
 
-// The components that a read-back is made with. Sized formats all count as RGB.
+// The components that a read-back is made with. Sized formats count as RGB, but for the one with
+// which a picture with alpha is captured.
 int32_t components_of(int32_t format) {
+  if (format == GL_RGBA8) return 4;
   if (format >= 1 && format <= 4) return format;
   for (int32_t components = 4; components >= 1; components--)
     if (texture_format(components) == static_cast<uint32_t>(format)) return components;

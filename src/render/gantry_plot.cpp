@@ -58,17 +58,17 @@ void plate_vertex(double s, double t, double angle, Vec3 place) {
   glVertex3f(static_cast<float>(place.x), static_cast<float>(place.y), static_cast<float>(place.z));
 }
 
-// From p to q with the corners `near` at p and `far`, as seen from there, at q.
-void road(Vec3 p, Vec3 q, const EdgeAngleRec &near, const EdgeAngleRec &far, double halfwidth) {
+// From p to q with the corners `here` at p and `there`, as seen from there, at q.
+void road(Vec3 p, Vec3 q, const EdgeAngleRec &here, const EdgeAngleRec &there, double halfwidth) {
   const Vec3 d = q - p;
   const double size = length(d);
   const Vec3 normal = road_normal(d);
   const double angle = texture_angle(normal, d);
   set_normal(normal);
-  plate_vertex(near.trim1, halfwidth, angle, p + near.corner1);
-  plate_vertex(near.trim2, -halfwidth, angle, p + near.corner2);
-  plate_vertex(size - far.trim1, -halfwidth, angle, q + far.corner1);
-  plate_vertex(size - far.trim2, halfwidth, angle, q + far.corner2);
+  plate_vertex(here.trim1, halfwidth, angle, p + here.corner1);
+  plate_vertex(here.trim2, -halfwidth, angle, p + here.corner2);
+  plate_vertex(size - there.trim1, -halfwidth, angle, q + there.corner1);
+  plate_vertex(size - there.trim2, halfwidth, angle, q + there.corner2);
 }
 
 const EdgeAngleRec *node_recs(Pos pos) {

@@ -75,9 +75,9 @@ void facet(ShapeList *out, uint32_t colour, Vec3 node, Vec3 a, Vec3 b) {
 // An upright face over or under the segment from a to b, up or down to the height `end`.
 void upright(ShapeList *out, uint32_t colour, Vec3 a, Vec3 b, double end) {
   const Vec3 normal = unit({b.y - a.y, a.x - b.x, 0});
-  const Vec3 far = {b.x, b.y, end};
-  triangle(out, colour, normal, a, b, far);
-  triangle(out, colour, normal, a, {a.x, a.y, end}, far);
+  const Vec3 below = {b.x, b.y, end};
+  triangle(out, colour, normal, a, b, below);
+  triangle(out, colour, normal, a, {a.x, a.y, end}, below);
 }
 
 double furthest_site(const Cell &cell) {

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <vector>
 
+#include "gfx/gl.h"
 #include "lamps.h"
 #include "maze/attachment.h"
 #include "maze/visit.h"
@@ -80,6 +81,9 @@ struct Scene {
     picture_begin();
     World_apply_view(&world);
     plot_world(&world);
+    GLint program = -1;
+    glGetIntegerv(GL_CURRENT_PROGRAM, &program);
+    EXPECT_EQ(program, 0);
     return picture_take();
   }
 };

@@ -76,6 +76,8 @@ TEST(EdgeAngles, CornersLieOnTheEdgesOfBothRoads) {
       EXPECT_NEAR(rec.angle, size == 0 ? 0 : std::atan2(d.y, d.x), tiny);
       EXPECT_NEAR(dot(d, rec.corner1), size * rec.trim1, tiny);
       EXPECT_NEAR(d.x * rec.corner1.y - d.y * rec.corner1.x, size * halfwidth, tiny);
+      const double corners = length(rec.corner1) + length(rec.corner2);
+      EXPECT_EQ(corners == 0, size == 0) << "an upright road has no area";
       if (&roads >= meetings + 8) continue; // without a corner in common
       EXPECT_NEAR(dot(d, rec.corner2), size * rec.trim2, tiny);
       EXPECT_NEAR(d.x * rec.corner2.y - d.y * rec.corner2.x, -size * halfwidth, tiny);

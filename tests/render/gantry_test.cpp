@@ -80,9 +80,16 @@ TEST(Gantry, TexturesLeaveNoTraceAndCanDoWithTheWindow) {
   glClear(GL_COLOR_BUFFER_BIT);
   glViewport(100, 30, 50, 60);
   glColorMask(0, 1, 0, 0);
+  glEnable(GL_BLEND);
+  glBlendFunc(GL_ZERO, GL_ONE);
+  glEnable(GL_SCISSOR_TEST);
+  glScissor(0, 0, 3, 3);
   screen_width /= 2;
   EXPECT_EQ(texture(0), usual);
   EXPECT_TRUE(screen_width == picture_width / 2 && screen_height == picture_height);
+  EXPECT_TRUE(glIsEnabled(GL_BLEND) && glIsEnabled(GL_SCISSOR_TEST));
+  glDisable(GL_BLEND);
+  glDisable(GL_SCISSOR_TEST);
   glColorMask(1, 1, 1, 1);
   glClearColor(0, 0, 0, 0);
   EXPECT_LE(colour_distance(picture_colour(picture_take(), 300, 200), 0x8040BFu), 1);
@@ -201,6 +208,7 @@ TEST(Gantry, PlateIsLitAlongTheRoadFromBothSides) {
     picture_begin();
     World_apply_view(&world);
     plot_world(&world);
+    EXPECT_EQ(glIsEnabled(GL_BLEND), GL_FALSE);
     const Picture picture = picture_take();
     for (int y = 3; y < picture_height; y += 7)
       for (int x = 3; x < picture_width; x += 7) {

@@ -36,6 +36,8 @@ void keys_switches(Run *run) {
   if (key_pressed('L')) plot_light ^= 1;
   if (key_pressed('P')) plot_smooth_lines ^= 1;
   if (key_pressed('G')) plot_grid ^= 1;
+  plot_fixed = key_down('J') ? 1 : 0;
+  plot_connected = key_down('F') ? 1 : 0;
 }
 
 void keys_screenshot() {

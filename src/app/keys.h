@@ -3,7 +3,8 @@
 #include "app/run.h"
 
 // The keys that act once per press: Space, which leads on through the overlays, F3 to F6 for the
-// stereo mode, its swap and its depth, and the display switches.
+// stereo mode, its swap and its depth, and the display switches; and the switches that are on while
+// J and F are held.
 void keys_switches(Run *run);
 
 // Ctrl and S: a picture of the frame as it stands.

@@ -50,6 +50,17 @@ int32_t Pos_alledges(Maze *maze, int32_t node, Pos *out, MazeEdge *edges_out) {
   return count + 1;
 }
 
+int32_t Pos_edges(Maze *maze, int32_t node, int32_t all_levels, Pos *out, MazeEdge *edges_out) {
+  if (all_levels != 0) return Pos_alledges(maze, node, out, edges_out);
+  assert(node >= 0 && node < maze_count(maze));
+  const MazeNode &here = maze_nodes(maze)[node];
+  for (uint32_t r = 0; r < here.degree; r++) {
+    out[r] = {maze, here.nbr[r]};
+    if (edges_out) edges_out[r] = here.edge[r];
+  }
+  return static_cast<int32_t>(here.degree);
+}
+
 Vec3 Pos_position(Pos pos) {
   assert(pos.maze && pos.node >= 0 && pos.node < maze_count(pos.maze));
   return node_position(maze_nodes(pos.maze)[pos.node]);

@@ -23,5 +23,8 @@ Pos Pos_submaze_exit(Maze *maze, int32_t node);
 // A tree whose border rule is broken is a fatal report.
 int32_t Pos_alledges(Maze *maze, int32_t node, Pos *out, MazeEdge *edges_out);
 
+// The same with `all_levels`; with 0 only the node's own rows, whose ends may be containers.
+int32_t Pos_edges(Maze *maze, int32_t node, int32_t all_levels, Pos *out, MazeEdge *edges_out);
+
 // World position of the place.
 Vec3 Pos_position(Pos pos);

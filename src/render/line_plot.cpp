@@ -86,17 +86,6 @@ void disc(Vec3 centre, uint32_t colour, double time, double halfwidth) {
   glVertex2f(1, -1);
 }
 
-// What lies across the edges of a node: on all levels, or in its own maze's rows alone.
-int32_t across(Maze *maze, int32_t node, int32_t all_levels, Pos *out, MazeEdge *edges) {
-  if (all_levels != 0) return Pos_alledges(maze, node, out, edges);
-  const MazeNode &from = maze_nodes(maze)[node];
-  for (uint32_t row = 0; row < from.degree; row++) {
-    out[row] = {maze, from.nbr[row]};
-    edges[row] = from.edge[row];
-  }
-  return static_cast<int32_t>(from.degree);
-}
-
 void begin_pass(GLuint program, const World *world) {
   float projection[16];
   glGetFloatv(GL_PROJECTION_MATRIX, projection);
@@ -122,7 +111,7 @@ void line_edge_list(Maze *maze, int32_t all_levels) {
     const Vec3 p = Pos_position(here);
     Pos ends[pos_max_edges];
     MazeEdge edges[pos_max_edges];
-    for (int32_t e = across(maze, i, all_levels, ends, edges) - 1; e >= 0; e--) {
+    for (int32_t e = Pos_edges(maze, i, all_levels, ends, edges) - 1; e >= 0; e--) {
       if (!Pos_before(here, ends[e])) continue;
       ribbon(p, Pos_position(ends[e]), edges[e], edge_colour(edges[e].colour, here, ends[e]),
              maze->halfwidth);

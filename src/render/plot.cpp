@@ -1,6 +1,8 @@
 #include "render/plot.h"
 
 #include "render/ballstick.h"
+#include "render/connected_area.h"
+#include "render/fixed_plot.h"
 #include "render/gantry_plot.h"
 #include "render/grid.h"
 #include "render/line_plot.h"
@@ -13,6 +15,8 @@ int32_t voronoi_mode = 5;
 int32_t plot_light = 0;
 int32_t plot_grid = 0;
 int32_t plot_smooth_lines = 1;
+int32_t plot_fixed = 0;
+int32_t plot_connected = 0;
 
 namespace {
 
@@ -31,7 +35,10 @@ void plot_world(const World *world) {
     gantry_plot(world->root, world, plot_light);
   else if (plot_type == 2)
     ballstick_plot(world->root, world, plot_light);
+  else if (plot_fixed != 0)
+    fixed_plot(world->root, world, 1);
   else
     line_plot(world);
+  if (plot_connected != 0) connected_area_overlay(world);
   if (plot_grid != 0) grid_overlay(world);
 }

@@ -145,6 +145,28 @@ void main()
 }
 )";
 
+const char *const shader_disc_vertex = R"(#version 120
+varying vec3 pos;
+void main()
+{
+  pos=gl_Vertex.xyz;
+  gl_Position=gl_ModelViewProjectionMatrix*gl_Vertex;
+  gl_FrontColor=gl_Color;
+  gl_TexCoord[0]=gl_MultiTexCoord0;
+}
+)";
+
+const char *const shader_disc_fragment = R"(#version 120
+varying vec3 pos;
+void main()
+{
+  vec3 x=gl_TexCoord[0].xyz;
+  float r=gl_TexCoord[0].w;
+  if(dot(pos-x,pos-x)>r*r) discard;
+  gl_FragColor=gl_Color;
+}
+)";
+
 // The quad lies in the plane of the sphere's far side. Per axis it reaches as far as the box around
 // the sphere does, seen from the eye; the cap keeps it finite when the eye comes close.
 const char *const shader_ball_vertex = R"(#version 120

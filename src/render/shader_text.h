@@ -20,6 +20,11 @@ extern const char *const shader_edge_fragment;
 extern const char *const shader_node_vertex;
 extern const char *const shader_node_fragment;
 
+// Flat discs. gl_Vertex: a corner of a square around it; gl_MultiTexCoord0: centre and radius;
+// gl_Color: the colour. Corners and centre are in one space.
+extern const char *const shader_disc_vertex;
+extern const char *const shader_disc_fragment;
+
 // Balls. gl_Vertex: a corner of the quad, each -1 or 1; gl_MultiTexCoord0: centre and radius;
 // gl_Color: the colour. The fragment texts stand behind shader_lighting.
 extern const char *const shader_ball_vertex;

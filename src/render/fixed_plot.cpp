@@ -1,0 +1,184 @@
+#include "render/fixed_plot.h"
+
+#include <cmath>
+
+#include "gfx/gl.h"
+#include "gfx/gl_util.h"
+#include "maze/pos.h"
+#include "render/edge_colour.h"
+#include "render/maze_label.h"
+#include "render/plot.h"
+#include "render/shader_procs.h"
+#include "render/shader_program.h"
+#include "render/shader_text.h"
+#include "support/colour.h"
+
+namespace {
+
+constexpr double far_limit = 100.0; // from the eye, world units
+constexpr double inner_part = 0.6;  // of the half-width, for the inner band and disc
+constexpr double disc_before = 1.5; // half-widths by which a node's dark disc stands forward
+
+GLuint disc_program;
+
+void set_colour(uint32_t colour) {
+  glColor3ub(colour_red(colour), colour_green(colour), colour_blue(colour));
+}
+
+uint32_t lighter(uint32_t colour) {
+  return colour_adjust(colour, 0x40, 0x40, 0x40);
+}
+
+uint32_t darker(uint32_t colour) {
+  return colour_adjust(colour, -0x40, -0x40, -0x40);
+}
+
+void vertex(Vec3 place) {
+  glVertex3f(static_cast<float>(place.x), static_cast<float>(place.y), static_cast<float>(place.z));
+}
+
+// Places whose distance is no number are neither.
+bool is_near(Vec3 place, const World *world) {
+  return length(place - world->camera) < far_limit;
+}
+
+bool is_far(Vec3 place, const World *world) {
+  return length(place - world->camera) >= far_limit;
+}
+
+// The inner band stands towards the eye and the outer two behind, so that of two ribbons that cross
+// both keep their dark cores.
+void ribbon(Vec3 p, Vec3 q, Vec3 eye, double halfwidth, uint32_t colour) {
+  const Vec3 side = unit(cross(q - p, eye - p));
+  const Vec3 towards = unit(eye - p) * halfwidth;
+  const double bounds[] = {-halfwidth, -inner_part * halfwidth, inner_part * halfwidth, halfwidth};
+  for (int band = 0; band < 3; band++) {
+    const bool inner = band == 1;
+    const Vec3 raised = inner ? towards : towards * -1.0;
+    const Vec3 low = raised + side * bounds[band];
+    const Vec3 high = raised + side * bounds[band + 1];
+    set_colour(inner ? darker(colour) : lighter(colour));
+    vertex(q + high);
+    vertex(p + high);
+    vertex(p + low);
+    vertex(q + low);
+  }
+}
+
+// The edges of which a node is the lesser end: as ribbons between GL_QUADS, as lines between
+// GL_LINES.
+void node_edges(Pos here, const World *world, int32_t all_levels, bool as_ribbons) {
+  Pos ends[pos_max_edges];
+  MazeEdge edges[pos_max_edges];
+  const Vec3 p = Pos_position(here);
+  for (int32_t e = Pos_edges(here.maze, here.node, all_levels, ends, edges) - 1; e >= 0; e--) {
+    if (!Pos_before(here, ends[e])) continue;
+    const uint32_t colour = visit_colour(edges[e], here, ends[e], world);
+    const Vec3 q = Pos_position(ends[e]);
+    if (as_ribbons) {
+      ribbon(p, q, world->camera, here.maze->halfwidth, colour);
+    } else {
+      set_colour(lighter(colour));
+      vertex(p);
+      vertex(q);
+    }
+  }
+}
+
+// The user's node is white. The small disc is rounded to the precision that it's drawn with.
+void node_discs(Pos here, const World *world) {
+  const Vec3 p = Pos_position(here);
+  const Vec3 eye = world->camera;
+  const double halfwidth = here.maze->halfwidth;
+  const Vec3 towards = unit(eye - p) * halfwidth;
+  const uint32_t colour =
+      visit_colour(maze_nodes(here.maze)[here.node].self, here, Pos_null, world);
+  const bool user = Pos_equal(here, world->cur);
+  billboard_disc(p - towards, halfwidth, user ? colour_white : lighter(colour), eye);
+  const Vec3 before = p + towards * disc_before;
+  const Vec3 rounded = {static_cast<float>(before.x), static_cast<float>(before.y),
+                        static_cast<float>(before.z)};
+  billboard_disc(rounded, static_cast<float>(inner_part * halfwidth),
+                 user ? colour_white : darker(colour), eye);
+}
+
+bool is_plain(Pos pos) {
+  return maze_nodes(pos.maze)[pos.node].submaze == nullptr;
+}
+
+void ribbon_pass(Maze *maze, const World *world, int32_t all_levels) {
+  glBegin(GL_QUADS);
+  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
+    const Pos here = {maze, i};
+    if (is_plain(here) && is_near(Pos_position(here), world))
+      node_edges(here, world, all_levels, true);
+  }
+  glEnd();
+}
+
+void disc_pass(Maze *maze, const World *world) {
+  if (disc_program == 0) {
+    disc_program =
+        program_build(&shader_disc_vertex, 1, &shader_disc_fragment, 1, nullptr, nullptr, nullptr);
+  }
+  gl2.use_program(disc_program);
+  glBegin(GL_QUADS);
+  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
+    const Pos here = {maze, i};
+    if (is_plain(here) && is_near(Pos_position(here), world)) node_discs(here, world);
+  }
+  glEnd();
+  gl2.use_program(0);
+}
+
+void line_pass(Maze *maze, const World *world, int32_t all_levels) {
+  if (plot_smooth_lines != 0) smooth_lines_on(0, 1.5F);
+  glBegin(GL_LINES);
+  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
+    const Pos here = {maze, i};
+    if (is_plain(here) && is_far(Pos_position(here), world))
+      node_edges(here, world, all_levels, false);
+  }
+  glEnd();
+  if (plot_smooth_lines != 0) smooth_lines_off();
+}
+
+} // namespace
+
+void perpendicular_pair(Vec3 v, Vec3 *a, Vec3 *b) {
+  // The axis that v is least along, since the others may be its own direction.
+  const double x = std::abs(v.x), y = std::abs(v.y), z = std::abs(v.z);
+  Vec3 axis = {0, 0, 1};
+  if (x <= y && x <= z)
+    axis = {1, 0, 0};
+  else if (y <= z)
+    axis = {0, 1, 0};
+  *a = unit(cross(v, axis));
+  *b = unit(cross(v, *a));
+}
+
+void billboard_disc(Vec3 centre, double radius, uint32_t colour, Vec3 eye) {
+  Vec3 a, b;
+  perpendicular_pair(centre - eye, &a, &b);
+  a = a * radius;
+  b = b * radius;
+  set_colour(colour);
+  glTexCoord4f(static_cast<float>(centre.x), static_cast<float>(centre.y),
+               static_cast<float>(centre.z), static_cast<float>(radius));
+  const Vec3 corners[] = {centre - a - b, centre + b - a, centre + a + b, centre + a - b};
+  for (const Vec3 corner : corners) {
+    glVertex3d(corner.x, corner.y, corner.z);
+  }
+}
+
+void fixed_plot(Maze *maze, const World *world, int32_t all_levels) {
+  if (maze->name != nullptr) maze_label(maze);
+  ribbon_pass(maze, world, all_levels);
+  disc_pass(maze, world);
+  line_pass(maze, world, all_levels);
+  if (all_levels == 0) return;
+  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
+    Maze *submaze = maze_nodes(maze)[i].submaze;
+    if (submaze != nullptr) fixed_plot(submaze, world, 1);
+  }
+}

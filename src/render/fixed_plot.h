@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+
+#include "maze/maze.h"
+#include "world/world.h"
+
+// The plot that is computed anew in each frame, for what it shows and not for speed: colours are up
+// to the moment, with the trails of the Roamers. Edges near the eye are ribbons of three bands and
+// nodes a large disc behind a small one; from a distance of 100 on edges are lines and nodes not
+// drawn. The distance is that of the node that draws, which for an edge is its lesser end.
+
+// Draws a maze, and with `all_levels` all below it too, each with its name above it. Without, edges
+// are those of the maze's own rows.
+void fixed_plot(Maze *maze, const World *world, int32_t all_levels);
+
+// A disc at right angles to the direction of the eye, within GL_QUADS under the program of discs.
+// Nothing is seen of it where the eye is its centre.
+void billboard_disc(Vec3 centre, double radius, uint32_t colour, Vec3 eye);
+
+// Two unit vectors at right angles to v and to each other; zero for a v without length.
+void perpendicular_pair(Vec3 v, Vec3 *a, Vec3 *b);

@@ -1,10 +1,9 @@
 #include "render/fixed_plot.h"
 
-#include <cmath>
-
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
 #include "maze/pos.h"
+#include "render/disc.h"
 #include "render/edge_colour.h"
 #include "render/maze_label.h"
 #include "render/plot.h"
@@ -144,18 +143,6 @@ void line_pass(Maze *maze, const World *world, int32_t all_levels) {
 }
 
 } // namespace
-
-void perpendicular_pair(Vec3 v, Vec3 *a, Vec3 *b) {
-  // The axis that v is least along, since the others may be its own direction.
-  const double x = std::abs(v.x), y = std::abs(v.y), z = std::abs(v.z);
-  Vec3 axis = {0, 0, 1};
-  if (x <= y && x <= z)
-    axis = {1, 0, 0};
-  else if (y <= z)
-    axis = {0, 1, 0};
-  *a = unit(cross(v, axis));
-  *b = unit(cross(v, *a));
-}
 
 void billboard_disc(Vec3 centre, double radius, uint32_t colour, Vec3 eye) {
   Vec3 a, b;

@@ -17,6 +17,3 @@ void fixed_plot(Maze *maze, const World *world, int32_t all_levels);
 // A disc at right angles to the direction of the eye, within GL_QUADS under the program of discs.
 // Nothing is seen of it where the eye is its centre.
 void billboard_disc(Vec3 centre, double radius, uint32_t colour, Vec3 eye);
-
-// Two unit vectors at right angles to v and to each other; zero for a v without length.
-void perpendicular_pair(Vec3 v, Vec3 *a, Vec3 *b);

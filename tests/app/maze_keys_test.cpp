@@ -9,7 +9,6 @@
 #include "gfx/input.h"
 #include "maze/attachment.h"
 #include "maze/pos.h"
-#include "render/plot.h"
 #include "scenarios.h"
 #include "support/random.h"
 #include "world/camera.h"
@@ -91,22 +90,6 @@ TEST(Relaxation, NoPlaceAtAllCanBeLeftByANewMaze) {
   EXPECT_TRUE(is_finite(world.camera) && is_finite(world.offset));
   World_free(&world);
   key_state['N'] = 0;
-}
-
-TEST(Switches, AreOnWhileTheirKeysAreHeld) {
-  ::Run run = {};
-  for (const int32_t held : {'J', 'F'}) {
-    key_state[held] = 0x80;
-    for (int32_t frame = 0; frame < 2; ++frame) {
-      keys_switches(&run);
-      EXPECT_TRUE(plot_fixed == (held == 'J') && plot_connected == (held == 'F'));
-      key_state_prev[held] = 0x80;
-    }
-    key_state[held] = 0;
-    keys_switches(&run);
-    EXPECT_TRUE(plot_fixed == 0 && plot_connected == 0);
-    key_state_prev[held] = 0;
-  }
 }
 
 TEST(NewMaze, ModeIsTheNumberOfShiftAndControlOnThePressAlone) {

@@ -169,6 +169,12 @@ TEST_F(ViewControlTest, SwitchesActOncePerPress) {
   EXPECT_EQ(states(), (std::vector<int32_t>{0, 1, 0, 1, 0, 0, 0, 0, 0}));
   EXPECT_NEAR(run.stereo_depth, 0.045, 1e-12);
   voronoi_mode = 5;
+  for (const int key : {'J', 'F', '0'}) { // these two act while they are held
+    hold_keys({key});
+    std::copy(std::begin(key_state), std::end(key_state), key_state_prev);
+    keys_switches(&run);
+    EXPECT_TRUE(plot_fixed == (key == 'J') && plot_connected == (key == 'F'));
+  }
   Maze_destroy(run.world.root, 1);
   EXPECT_FALSE(keys_quit());
   hold_keys({vk_escape});

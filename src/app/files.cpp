@@ -1,6 +1,7 @@
 #include "app/files.h"
 
 #include <cerrno>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -66,7 +67,8 @@ void start_settings(Run *run) {
   windowed = setting_is_true(Settings_get(&run->settings, "Windowed")) ? 1 : 0;
   Display_settings_apply(&run->settings, &run->stereo_mode, &run->stereo_swap);
   Settings_default(&run->settings, "Stereo Depth", "0.05");
-  run->stereo_depth = std::strtod(Settings_get(&run->settings, "Stereo Depth"), nullptr);
+  const double depth = std::strtod(Settings_get(&run->settings, "Stereo Depth"), nullptr);
+  run->stereo_depth = std::isfinite(depth) ? depth : 0.0;
   save_settings(run);
 }
 

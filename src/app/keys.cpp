@@ -13,7 +13,8 @@ constexpr double depth_step = 0.005; // of "Stereo Depth"
 
 // The mode can be any number that stands in the settings.
 int32_t next_mode(int32_t mode) {
-  return static_cast<int32_t>((int64_t{mode} + 1) % stereo_modes);
+  const int64_t next = (int64_t{mode} + 1) % stereo_modes;
+  return static_cast<int32_t>(next < 0 ? next + stereo_modes : next);
 }
 
 // The Voronoi plot compiles its lists for one mode.

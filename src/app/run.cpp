@@ -7,7 +7,6 @@
 #include "app/scene.h"
 #include "gfx/gl_util.h"
 #include "gfx/input.h"
-#include "gfx/stereo.h"
 #include "gfx/texture.h"
 #include "gfx/window.h"
 #include "render/apply_view.h"
@@ -81,8 +80,7 @@ bool run_frame(Run *run) {
   World_chase(world, dt);
   World_apply_view(world);
   keys_switches(run);
-  stereo_render(stereo_scene, world, run->stereo_mode, run->stereo_swap,
-                stereo_eye_offset(world, run->stereo_depth), -run->stereo_depth);
+  scene_draw(world, run->stereo_mode, run->stereo_swap, run->stereo_depth);
   overlay_draw(world, run->helpstate, dt);
   keys_new_maze(world);
   relax_frame(&run->relaxation, world->cur.maze, dt, key_down('R'), key_down('E'));

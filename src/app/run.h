@@ -11,7 +11,7 @@ struct Run {
   bool keeps_settings;  // false where the file must be left alone
   bool settings_failed; // whether a failure to write them has been told
   bool keeps_session;   // false where the file must be left alone
-  int32_t stereo_mode;  // 0 to 8
+  int32_t stereo_mode;  // 0 to 8; any number from the settings until a key changes it
   int32_t stereo_swap;  // 0 or 1
   double stereo_depth;
   World world;

@@ -2,6 +2,7 @@
 
 #include "gfx/gl.h"
 #include "gfx/projection.h"
+#include "gfx/stereo.h"
 #include "gfx/window.h"
 #include "render/plot.h"
 #include "world/move.h"
@@ -32,4 +33,9 @@ double stereo_eye_offset(const World *world, double stereo_depth) {
   const Vec3 from_point = world->camera - World_follow_point(world);
   const double distance = dot(from_point, Mat3_row(world->view, 2));
   return distance * 0.75 * stereo_depth * 2 * screen_width / screen_height;
+}
+
+void scene_draw(const World *world, int32_t stereo_mode, int32_t stereo_swap, double stereo_depth) {
+  const double eye_offset = stereo_eye_offset(world, stereo_depth);
+  stereo_render(stereo_scene, world, stereo_mode, stereo_swap, eye_offset, -stereo_depth);
 }

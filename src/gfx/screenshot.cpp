@@ -53,8 +53,12 @@ bool write_file(const void *pixels, int32_t width, int32_t height, const char *p
   if (file == nullptr) return false;
   const size_t size = row_length(width) * static_cast<size_t>(height);
   const bool written = std::fwrite(header, 1, sizeof header, file) == sizeof header &&
-                       std::fwrite(pixels, 1, size, file) == size;
-  return std::fclose(file) == 0 && written;
+                       std::fwrite(pixels, 1, size, file) == size && std::fflush(file) == 0;
+  const int reason = errno;
+  std::fclose(file);
+  if (!written) std::remove(path);
+  errno = reason;
+  return written;
 }
 
 // The path with the text behind its last dot replaced, where there is one behind the first
@@ -65,7 +69,7 @@ std::string png_path(const std::string &path) {
   return (has_ending ? path.substr(0, dot) : path) + ".png";
 }
 
-// When a file was written; the epoch if there is none.
+// When a file was written; always the same time if there is none.
 std::filesystem::file_time_type written_at(const std::string &path) {
   std::error_code error;
   const auto time = std::filesystem::last_write_time(path, error);

@@ -162,8 +162,11 @@ void stereo_render(StereoScene scene, const void *context, int32_t mode, int32_t
                    double eye_offset, double neg_depth) {
   constexpr uint32_t colours[3][2] = {
       {0xFF0000, 0x00FFFF}, {0xFF0000, 0x00FF00}, {0xFF00FF, 0x00FF00}};
+  const bool has_room = screen_width > 1 && screen_height > 1; // a minimised window has none
   if (mode == 0) {
     scene(context);
+  } else if (!has_room) {
+    return;
   } else if (mode <= 3) {
     stereo_split(scene, context, swap, eye_offset, neg_depth, mode);
   } else if (mode <= 5) {

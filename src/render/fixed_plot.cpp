@@ -84,7 +84,7 @@ void node_edges(Pos here, const World *world, int32_t all_levels, bool as_ribbon
   }
 }
 
-// The user's node is white. The small disc is rounded to the precision that it's drawn with.
+// The user's node is white. The small disc's centre and radius are numbers of single precision.
 void node_discs(Pos here, const World *world) {
   const Vec3 p = Pos_position(here);
   const Vec3 eye = world->camera;

@@ -18,9 +18,9 @@ extern int32_t plot_grid;         // the grid around the current node is drawn
 extern int32_t plot_smooth_lines; // lines are antialiased at a width of 1.5, not merely blended
 
 // The same, for keys that act while they are held.
-extern int32_t plot_fixed;     // the line plot is computed anew in each frame, with Roamers' trails
-extern int32_t plot_connected; // what the user can reach on his level is shown in blue
+extern int32_t plot_fixed;     // the line plot, where it is chosen, is computed anew in each frame
+extern int32_t plot_connected; // what can be reached on the user's level is shown in blue
 
-// Draws the whole tree and the overlays with the current matrices; called once a depth slab. A
-// frame in which nothing changed and neither of the last two is on only calls display lists.
+// Draws the whole tree and the overlays with the current matrices; called once a depth slab. Where
+// nothing changed and neither of the last two is on, no nodes are walked but for a label's place.
 void plot_world(const World *world);

@@ -47,4 +47,39 @@ TEST(Scene, BothSlabsAreDrawnAndTheNearOneCoversTheFar) {
   Maze_destroy(root, 1);
 }
 
+// Beside the user, at (0, 0, 0), a node half as far from the eye.
+TEST(Scene, WhatIsFollowedStandsStillBetweenTheEyesAndWhatIsNearGoesApart) {
+  Maze *root = Maze_new();
+  MazeNode node = {};
+  MazeNode_init(&node, 0, 0, 0);
+  GrowList_append(&root->nodes, &node);
+  MazeNode_init(&node, 0, 4, 8);
+  node.self.colour = 0x00FF00;
+  GrowList_append(&root->nodes, &node);
+  World world = world_from_above(root, {root, 0});
+  picture_begin();
+  EXPECT_NEAR(stereo_eye_offset(&world, 0.05), 16 * 0.75 * 0.05 * 2 * 4 / 3, 1e-12);
+  World_apply_view(&world);
+  scene_draw(&world, 2, 0, 0.05);
+  const Picture picture = picture_take();
+  // The middle of what is lit in a half, from the half's own middle, between two rows.
+  const auto middle = [&](int left, int top, int bottom) {
+    double sum = 0;
+    int count = 0;
+    for (int y = top; y < bottom; y++)
+      for (int x = left; x < left + 320; x++)
+        if ((picture_colour(picture, x, y) >> 8 & 255) > 100) {
+          sum += x + 0.5 - (left + 160);
+          count++;
+        }
+    return count > 0 ? sum / count : 999.0;
+  };
+  for (const int half : {0, 1}) {
+    EXPECT_NEAR(middle(320 * half, 220, 260), 0, 0.6);
+    const double apart = 160 * (1.6 / 8 - 2 * 0.05) * (half - 0.5);
+    EXPECT_NEAR(middle(320 * half, 20, 130), apart, 0.6) << "half " << half;
+  }
+  Maze_destroy(root, 1);
+}
+
 } // namespace

@@ -39,13 +39,32 @@ hold 0.3 Control_L Up
 expect_change 300 "Ctrl and Up, tilting"
 hold 0.3 Control_L Right
 expect_change 300 "Ctrl and Right, turning"
-hold 0.2 g
+hold 0.4 g
 expect_change 300 "G, the grid"
-hold 0.2 p
+hold 0.4 p
 expect_change 300 "P, plain lines"
-hold 0.2 g
+hold 0.4 g
 expect_change 300 "G again, no grid"
 
 drag 3
 expect_change 300 "the right button, turning"
+
+# A quarter turn later the corridor leads up the screen.
+hold 2 Control_L Down # back to the view from above
+hold 2 Left           # and to the corridor's start
+sleep 1.5
+look
+for key in d a Right Left d; do
+  hold 0.5 $key
+  expect_change 300 "$key, along the corridor"
+done
+hold 0.2 Control_L Left
+expect_change 300 "Ctrl and Left, turning"
+hold 0.58 Control_L Left
+sleep 1
+look
+for key in w s Up Down; do
+  hold 0.3 $key
+  expect_change 300 "$key, along the corridor after a quarter turn"
+done
 quit_cleanly

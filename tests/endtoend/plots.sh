@@ -8,25 +8,25 @@ hold 0.4 Control_L Up
 sleep 1.5
 look
 cp last.png lines.png
-hold 0.2 h
+hold 0.4 h
 expect_change 300 "H, the gantry"
-hold 0.2 h
+hold 0.4 h
 expect_change 300 "H again, balls and sticks"
-hold 0.2 l
+hold 0.4 l
 expect_change 30 "L, a light"
-hold 0.2 l
+hold 0.4 l
 expect_change 30 "L again, no light"
-hold 0.2 v
+hold 0.4 v
 expect_change 300 "V, the landscape"
 for mode in 0 1 2 3 4 5; do
-  hold 0.2 m
+  hold 0.4 m
   expect_change 300 "M to kind $mode"
 done
-hold 0.2 h # has no effect on the landscape
+hold 0.4 h # has no effect on the landscape
 sleep 0.5
 shot now.png
 [ "$(pixels_changed last.png now.png)" -eq 0 ] || fail "H changes the landscape"
-hold 0.2 v
+hold 0.4 v
 sleep 0.5
 look
 [ "$(pixels_changed lines.png last.png)" -eq 0 ] || fail "V again does not lead back to lines"

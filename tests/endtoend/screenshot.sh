@@ -11,7 +11,7 @@ ladder
 hold 0.8 x
 sleep 1.5
 look
-hold 0.15 Control_L s
+hold 0.4 Control_L s
 sleep 1
 shots=$(ls Vorel_*.png)
 [ "$(echo "$shots" | wc -l)" -eq 1 ] || fail "one press made $shots"
@@ -20,7 +20,7 @@ shot now.png
 [ "$(pixels_changed last.png now.png)" -eq 0 ] || fail "Ctrl and S moved the user"
 [ ! -e "${shots%.png}.bmp" ] || fail "the BMP of a PNG stays"
 printf '#!/bin/sh\nexit 0\n' >bin/magick
-hold 0.15 Control_L s
+hold 0.4 Control_L s
 sleep 1
 bmp=$(ls Vorel_*.bmp) || fail "no BMP without a converter"
 [ "$(stat -c %s "$bmp")" -gt 200000 ] || fail "the BMP is short"

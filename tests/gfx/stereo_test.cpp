@@ -19,13 +19,18 @@ constexpr double distances[] = {4.0, followed, 60.0}; // near, followed, far
 constexpr double heights[] = {0.3, 0.0, -0.3};        // of their tangents
 constexpr double halfway = 0.15;                      // between two heights
 
-std::vector<int32_t> sizes_seen; // screen_width and screen_height while the scene is drawn
+std::vector<int32_t> sizes_seen; // screen_width and screen_height while a scene is drawn
+std::vector<std::vector<int32_t>> viewports; // of each drawing
+float lenses[16];                            // the projection then
 
 // White points in eye space, one for each distance, 3 pixels wide, and a background that overlays
 // would stand on.
 void draw_points(const void *context) {
   const double *x = static_cast<const double *>(context);
   sizes_seen = {screen_width, screen_height};
+  viewports.emplace_back(4);
+  glGetIntegerv(GL_VIEWPORT, viewports.back().data());
+  glGetFloatv(GL_PROJECTION_MATRIX, lenses);
   glColor3f(1, 1, 1);
   glPointSize(3);
   glBegin(GL_POINTS);
@@ -115,6 +120,7 @@ TEST(Stereo, EyesDifferByTheDistanceAndByTheDepth) {
   const Place red_green[2] = {{0, 0, w, h, 0, 1, 0xFF0000}, {0, 0, w, h, 0, 1, 0x00FF00}};
   const Place violet_green[2] = {{0, 0, w, h, 0, 1, 0xFF00FF}, {0, 0, w, h, 0, 1, 0x00FF00}};
   const Place cyan_red[2] = {red_cyan[1], red_cyan[0]};
+  const Place green_violet[2] = {violet_green[1], violet_green[0]};
   for (const double depth : {depth_setting, 0.0, -0.02}) {
     for (const int swap : {0, 1}) {
       expect_parallax(1, swap, depth, split, 1, 4.0 / 3);
@@ -126,6 +132,7 @@ TEST(Stereo, EyesDifferByTheDistanceAndByTheDepth) {
     expect_parallax(6, 1, depth, cyan_red, 1, 4.0 / 3);
     expect_parallax(7, 0, depth, red_green, 1, 4.0 / 3);
     expect_parallax(8, 0, depth, violet_green, 1, 4.0 / 3);
+    expect_parallax(8, 1, depth, green_violet, 1, 4.0 / 3);
   }
 }
 
@@ -143,6 +150,28 @@ TEST(Stereo, TwoScreensShowWholePicturesOfTheirShape) {
     expect_parallax(5, swap, depth_setting, stacked, 240.0 / (640 * 0.75 * t), 1 / (0.75 * t));
     EXPECT_EQ(sizes_seen, (std::vector<int32_t>{w, h / 2}));
   }
+}
+
+TEST(Stereo, OddSizesLoseTheLastRowOrColumnAndAnglesAreWholeDegrees) {
+  picture_begin();
+  const double x = 0;
+  const auto seen = [&](int32_t width, int32_t height, int32_t mode) {
+    gfx_resize(width, height);
+    viewports.clear();
+    stereo_render(draw_points, &x, mode, 0, 0, 0);
+    return viewports;
+  };
+  using Viewports = std::vector<std::vector<int32_t>>;
+  EXPECT_EQ(seen(641, 479, 1), (Viewports{{0, 0, 641, 239}, {0, 239, 641, 239}}));
+  EXPECT_EQ(seen(641, 479, 2), (Viewports{{0, 0, 320, 479}, {320, 0, 320, 479}}));
+  EXPECT_EQ(seen(641, 479, 4), (Viewports{{0, 0, 320, 479}, {320, 0, 320, 479}}));
+  EXPECT_EQ(seen(641, 479, 5), (Viewports{{0, 0, 641, 239}, {0, 239, 641, 239}}));
+  EXPECT_EQ(seen(641, 479, 6), (Viewports{{0, 0, 641, 479}, {0, 0, 641, 479}}));
+  seen(1366, 768, 4); // a little less than 90 degrees
+  const double t = std::tan(89 * 3.14159265358979 / 360);
+  EXPECT_NEAR(static_cast<double>(lenses[0]), 1 / t, 1e-6);
+  EXPECT_NEAR(static_cast<double>(lenses[5]), 683 / (t * 768), 1e-6);
+  EXPECT_TRUE(seen(1, 500, 3).empty()) << "no room for two eyes";
 }
 
 TEST(Stereo, LinesFollowTheParityAndOtherModesDrawNothing) {
@@ -188,6 +217,9 @@ TEST(Stereo, TexturesAreMadeAnewForOtherSizesOnly) {
   gfx_resize(300, 200);
   stereo_render(draw_points, &x, 3, 0, 0, 0);
   stereo_render(draw_points, &x, 8, 0, 0, 0);
+  EXPECT_FALSE(lines != interlace_texture && glIsTexture(lines) == GL_TRUE);
+  EXPECT_FALSE(eye != stereo_eye_textures[1] && eye != stereo_eye_textures[0] &&
+               glIsTexture(eye) == GL_TRUE);
   EXPECT_EQ(interlace_tex_width, 512U);
   EXPECT_EQ(interlace_tex_height, 256U);
   EXPECT_EQ(stereo_eye_tex_width, 512U);

@@ -354,4 +354,30 @@ TEST(FixedPlot, EveryNamedMazeIsLabelledAndOtherPlotsIgnoreTheKey) {
   plot_type = plot_fixed = plot_connected = 0;
 }
 
+// The overlays stand on each plot, and leave the state as it was; J acts on the line plot alone.
+TEST(Plot, OverlaysStandOnEveryPlot) {
+  fonts_for_test();
+  Room r;
+  plot_smooth_lines = 0;
+  for (const auto &[type, voronoi] : {std::pair{0, 0}, {1, 0}, {2, 0}, {0, 1}}) {
+    plot_type = type;
+    plot_voronoi = voronoi;
+    const Picture alone = draw(r.world);
+    for (int32_t *overlay : {&plot_connected, &plot_grid}) {
+      *overlay = 1;
+      EXPECT_NE(draw(r.world).bgra, alone.bgra) << type << " " << voronoi;
+      EXPECT_EQ(glIsEnabled(GL_BLEND), GL_FALSE);
+      GLboolean depth_writes = GL_FALSE;
+      glGetBooleanv(GL_DEPTH_WRITEMASK, &depth_writes);
+      EXPECT_EQ(depth_writes, GL_TRUE);
+      *overlay = 0;
+    }
+    plot_fixed = 1;
+    EXPECT_EQ(draw(r.world).bgra == alone.bgra, type != 0 || voronoi != 0);
+    plot_fixed = 0;
+  }
+  plot_type = plot_voronoi = 0;
+  plot_smooth_lines = 1;
+}
+
 } // namespace

@@ -21,6 +21,8 @@ TEST(Roamer, WalksTheWholeTreeAndTurnsBackAtDeadEndsOnly) {
   SmallWorld world(scenario_nested(3));
   const Roamer walker = {0.25, 0.25, world.cur, Pos_null};
   GrowList_append(&world.roamers, &walker);
+  const Roamer slow = {1e9, 1e9, world.cur, Pos_null};
+  GrowList_append(&world.roamers, &slow);
   std::map<std::pair<const Maze *, int32_t>, int> visits;
   for (int step = 0; step < 20000; step++) {
     const Roamer before = rows<Roamer>(world.roamers)[0];
@@ -44,6 +46,7 @@ TEST(Roamer, WalksTheWholeTreeAndTurnsBackAtDeadEndsOnly) {
   size_t plain = 0;
   const auto count_plain = [&](auto &&self, const Maze *maze) -> void {
     EXPECT_EQ(maze->visited, 0);
+    EXPECT_EQ(maze->bordermask, 0);
     for (int32_t i = 0; i < maze_count(maze); i++) {
       const Maze *below = maze_nodes(maze)[i].submaze;
       plain += below == nullptr;
@@ -51,6 +54,7 @@ TEST(Roamer, WalksTheWholeTreeAndTurnsBackAtDeadEndsOnly) {
     }
   };
   count_plain(count_plain, world.root);
+  EXPECT_NEAR(rows<Roamer>(world.roamers)[1].timer, 1e9 - 5000, 1e-3) << "each has its own time";
   EXPECT_GT(visits.size(), plain * 9 / 10) << "of all levels, since every border is open";
 }
 

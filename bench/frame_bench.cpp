@@ -1,5 +1,8 @@
-// The steady frame of the line plot against a bare program that draws the same quads with the same
-// shaders from one list each, in one process. Run by scripts/bench on the offscreen driver.
+// The steady frame of each plot: of the line plot against a bare program that draws the same quads
+// with the same shaders from one list each, of the others against a list of what they send. Run by
+// scripts/bench on the offscreen driver.
+
+#include <string>
 
 #include <benchmark/benchmark.h>
 
@@ -13,6 +16,7 @@
 #include "gfx/window.h"
 #include "render/apply_view.h"
 #include "render/line_plot.h"
+#include "render/plot.h"
 #include "render/shader_procs.h"
 #include "render/shader_program.h"
 #include "render/shader_text.h"
@@ -114,6 +118,76 @@ void frame_bare(benchmark::State &state) {
 }
 BENCHMARK(frame_bare)->Name("frame/bare")->Unit(benchmark::kMillisecond);
 
+// The other plots, whole, against a list of all that they sent for each slab.
+struct Plot {
+  const char *name;
+  int32_t type, voronoi;
+};
+constexpr Plot plots[] = {{"gantry", 1, 0}, {"balls", 2, 0}, {"landscape", 0, 1}};
+
+void choose(const Plot &plot) {
+  plot_type = plot.type;
+  plot_voronoi = plot.voronoi;
+}
+
+GLuint recorded[2];
+
+void record_plot() {
+  float projection[16];
+  projection_perspective(width, height, projection);
+  for (int slab = 0; slab < 2; slab++) {
+    (slab == 0 ? projection_far_slab : projection_near_slab)(projection);
+    glMatrixMode(GL_PROJECTION);
+    glLoadMatrixf(projection);
+    glMatrixMode(GL_MODELVIEW);
+    plot_world(&world); // what is built at the first use must not be recorded
+    if (recorded[slab] == 0) recorded[slab] = glGenLists(1);
+    glNewList(recorded[slab], GL_COMPILE);
+    plot_world(&world);
+    glEndList();
+  }
+}
+
+void recorded_frame() {
+  float projection[16];
+  projection_perspective(width, height, projection);
+  for (int slab = 0; slab < 2; slab++) {
+    (slab == 0 ? projection_far_slab : projection_near_slab)(projection);
+    glMatrixMode(GL_PROJECTION);
+    glLoadMatrixf(projection);
+    glMatrixMode(GL_MODELVIEW);
+    glClear(GL_DEPTH_BUFFER_BIT);
+    glCallList(recorded[slab]);
+  }
+}
+
+void plot_vorel(benchmark::State &state, const Plot &plot) {
+  choose(plot);
+  frames(state, [] { stereo_scene(&world); });
+  choose({"", 0, 0});
+}
+
+void plot_recorded(benchmark::State &state, const Plot &plot) {
+  choose(plot);
+  glLoadIdentity();
+  World_apply_view(&world);
+  record_plot();
+  frames(state, recorded_frame);
+  choose({"", 0, 0});
+}
+
+void register_plots() {
+  for (const Plot &plot : plots) {
+    const std::string name = plot.name;
+    benchmark::RegisterBenchmark((name + "/vorel").c_str(), [&plot](benchmark::State &state) {
+      plot_vorel(state, plot);
+    })->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark((name + "/list").c_str(), [&plot](benchmark::State &state) {
+      plot_recorded(state, plot);
+    })->Unit(benchmark::kMillisecond);
+  }
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -123,6 +197,7 @@ int main(int argc, char **argv) {
   shader_procs_load();
   make_world();
   make_bare();
+  register_plots();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   Maze_destroy(world.root, 1);

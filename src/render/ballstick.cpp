@@ -12,8 +12,7 @@
 
 namespace {
 
-constexpr const char *balls_name = "ballstick_ballslist";
-constexpr const char *sticks_name = "ballstick_stickslist";
+constexpr int32_t chunk_nodes = 128;
 
 constexpr double marker_size = 1.5; // in half-widths of the user's level
 constexpr float light_colour = 5.0F;
@@ -41,39 +40,47 @@ void set_colour(uint32_t colour) {
   glColor4ub(colour_red(colour), colour_green(colour), colour_blue(colour), 255);
 }
 
-void ball_list(Maze *maze, const World *) {
+void ball_list(Maze *maze, int32_t first, int32_t end, const World *, Box *box) {
   glBegin(GL_QUADS);
-  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
+  for (int32_t i = end - 1; i >= first; i--) {
     const MazeNode &node = maze_nodes(maze)[i];
     if (node.submaze != nullptr) continue;
     set_colour(edge_colour(node.self.colour, {maze, i}, Pos_null));
     body(node_position(node), maze->halfwidth);
+    Box_add_ball(box, node_position(node), maze->halfwidth);
   }
   glEnd();
 }
 
 // The sticks of a plain node, of which it is the lesser end.
-void node_sticks(Maze *maze, int32_t node) {
+void node_sticks(Maze *maze, int32_t node, Box *box) {
   const Pos here = {maze, node};
   const Vec3 p = Pos_position(here);
   Pos ends[pos_max_edges];
   MazeEdge edges[pos_max_edges];
   for (int32_t e = Pos_alledges(maze, node, ends, edges) - 1; e >= 0; e--) {
     if (!Pos_before(here, ends[e])) continue;
-    const Vec3 axis = Pos_position(ends[e]) - p;
+    const Vec3 q = Pos_position(ends[e]), axis = q - p;
     set_colour(edge_colour(edges[e].colour, here, ends[e]));
     glNormal3f(static_cast<float>(axis.x), static_cast<float>(axis.y), static_cast<float>(axis.z));
     body(p, maze->halfwidth);
+    Box_add_ball(box, p, maze->halfwidth);
+    Box_add_ball(box, q, maze->halfwidth);
   }
 }
 
-void stick_list(Maze *maze, const World *) {
+void stick_list(Maze *maze, int32_t first, int32_t end, const World *, Box *box) {
   glBegin(GL_QUADS);
-  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
-    if (maze_nodes(maze)[i].submaze == nullptr) node_sticks(maze, i);
+  for (int32_t i = end - 1; i >= first; i--) {
+    if (maze_nodes(maze)[i].submaze == nullptr) node_sticks(maze, i, box);
   }
   glEnd();
 }
+
+constexpr MazeListKind balls = {"ballstick_ballslist", ball_list, chunk_nodes, sight_planes};
+
+// A stick's quad reaches far beyond it, through planes of depth too that the stick doesn't meet.
+constexpr MazeListKind sticks = {"ballstick_stickslist", stick_list, chunk_nodes, sight_sides};
 
 void use_program(GLuint program, const float *projection) {
   gl2.use_program(program);
@@ -109,9 +116,9 @@ void ballstick_plot(Maze *root, const World *world, int32_t light) {
   float projection[16];
   glGetFloatv(GL_PROJECTION_MATRIX, projection);
   use_lit_program(ball_program, projection, user, brightness);
-  maze_list_call(root, balls_name, ball_list, world);
+  maze_list_call(root, balls, world);
   draw_marker(world, user, projection, light);
   use_lit_program(stick_program, projection, user, brightness);
-  maze_list_call(root, sticks_name, stick_list, world);
+  maze_list_call(root, sticks, world);
   gl2.use_program(0);
 }

@@ -52,30 +52,32 @@ void set_normal(Vec3 normal) {
 }
 
 // `s` and `t` are world units along the plate, `angle` is that of the road.
-void plate_vertex(double s, double t, double angle, Vec3 place) {
+void plate_vertex(double s, double t, double angle, Vec3 place, Box *box) {
   glTexCoord3f(static_cast<float>(repeats * s), static_cast<float>(repeats * t),
                static_cast<float>(angle));
   glVertex3f(static_cast<float>(place.x), static_cast<float>(place.y), static_cast<float>(place.z));
+  Box_add(box, place);
 }
 
 // From p to q with the corners `here` at p and `there`, as seen from there, at q.
-void road(Vec3 p, Vec3 q, const EdgeAngleRec &here, const EdgeAngleRec &there, double halfwidth) {
+void road(Vec3 p, Vec3 q, const EdgeAngleRec &here, const EdgeAngleRec &there, double halfwidth,
+          Box *box) {
   const Vec3 d = q - p;
   const double size = length(d);
   const Vec3 normal = road_normal(d);
   const double angle = texture_angle(normal, d);
   set_normal(normal);
-  plate_vertex(here.trim1, halfwidth, angle, p + here.corner1);
-  plate_vertex(here.trim2, -halfwidth, angle, p + here.corner2);
-  plate_vertex(size - there.trim1, -halfwidth, angle, q + there.corner1);
-  plate_vertex(size - there.trim2, halfwidth, angle, q + there.corner2);
+  plate_vertex(here.trim1, halfwidth, angle, p + here.corner1, box);
+  plate_vertex(here.trim2, -halfwidth, angle, p + here.corner2, box);
+  plate_vertex(size - there.trim1, -halfwidth, angle, q + there.corner1, box);
+  plate_vertex(size - there.trim2, halfwidth, angle, q + there.corner2, box);
 }
 
 const EdgeAngleRec *node_recs(Pos pos) {
   return edgeanglerecs(pos.maze) + static_cast<size_t>(pos.node) * pos_max_edges;
 }
 
-void node_roads(Pos here) {
+void node_roads(Pos here, Box *box) {
   Pos ends[pos_max_edges];
   MazeEdge edges[pos_max_edges];
   const EdgeAngleRec *recs = node_recs(here);
@@ -84,12 +86,12 @@ void node_roads(Pos here) {
     if (!Pos_before(here, ends[e]) || back < 0) continue; // without a way back there are no corners
     set_colour(edge_colour(edges[e].colour, here, ends[e]));
     road(Pos_position(here), Pos_position(ends[e]), recs[e], node_recs(ends[e])[back],
-         here.maze->halfwidth);
+         here.maze->halfwidth, box);
   }
 }
 
 // The texture lies in a hub as on a flat floor, at the scale of the roads.
-void hub(Pos here) {
+void hub(Pos here, Box *box) {
   const Vec3 p = Pos_position(here);
   const EdgeAngleRec *recs = node_recs(here);
   Pos ends[pos_max_edges];
@@ -98,18 +100,19 @@ void hub(Pos here) {
   for (int32_t e = Pos_alledges(here.maze, here.node, ends, nullptr) - 1; e >= 0; e--) {
     const Vec3 left = recs[e].corner1;
     const Vec3 right = recs[e].corner2;
-    plate_vertex(0, 0, 0, p);
-    plate_vertex(right.x, right.y, 0, p + right);
-    plate_vertex(left.x, left.y, 0, p + left);
+    plate_vertex(0, 0, 0, p, box);
+    plate_vertex(right.x, right.y, 0, p + right, box);
+    plate_vertex(left.x, left.y, 0, p + left, box);
   }
 }
 
-void list_body(Maze *maze, const World *) {
+// All roads come before all hubs.
+void list_body(Maze *maze, int32_t, int32_t, const World *, Box *box) {
   glBegin(GL_QUADS);
-  gantry_road_quads(maze);
+  gantry_road_quads(maze, box);
   glEnd();
   glBegin(GL_TRIANGLES);
-  gantry_hub_triangles(maze);
+  gantry_hub_triangles(maze, box);
   glEnd();
 }
 
@@ -143,20 +146,20 @@ void set_uniforms(const World *world, int32_t light) {
 
 } // namespace
 
-void gantry_road_quads(Maze *maze) {
+void gantry_road_quads(Maze *maze, Box *box) {
   for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
-    if (maze_nodes(maze)[i].submaze == nullptr) node_roads({maze, i});
+    if (maze_nodes(maze)[i].submaze == nullptr) node_roads({maze, i}, box);
   }
 }
 
-void gantry_hub_triangles(Maze *maze) {
+void gantry_hub_triangles(Maze *maze, Box *box) {
   for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
-    if (maze_nodes(maze)[i].submaze == nullptr) hub({maze, i});
+    if (maze_nodes(maze)[i].submaze == nullptr) hub({maze, i}, box);
   }
 }
 
 void gantry_list_call(Maze *maze) {
-  maze_list_call(maze, "gantrylist", list_body, nullptr);
+  maze_list_call(maze, {"gantrylist", list_body, INT32_MAX, sight_planes}, nullptr);
 }
 
 void gantry_plot(Maze *root, const World *world, int32_t light) {

@@ -39,7 +39,7 @@ constexpr Mode modes[] = {
 };
 
 // Only lit modes have normals.
-void draw_layer(const Layer &layer, bool lit, Maze *maze, const World *world) {
+void draw_layer(const Layer &layer, bool lit, Maze *maze, const World *world, Box *box) {
   ShapeList vertices;
   glBegin(layer.primitive);
   for (int32_t i = maze_count(maze); i-- > 0;) {
@@ -50,19 +50,21 @@ void draw_layer(const Layer &layer, bool lit, Maze *maze, const World *world) {
       glColor3ub(colour_red(v.colour), colour_green(v.colour), colour_blue(v.colour));
       if (lit) glNormal3d(v.normal.x, v.normal.y, v.normal.z);
       glVertex3d(v.place.x, v.place.y, v.place.z);
+      Box_add(box, v.place);
     }
   }
   glEnd();
 }
 
-void list_body(Maze *maze, const World *world) {
+// All of one layer comes before all of the next.
+void list_body(Maze *maze, int32_t, int32_t, const World *world, Box *box) {
   assert(voronoi_mode >= 0 && voronoi_mode < static_cast<int32_t>(std::size(modes)));
   const Mode &mode = modes[voronoi_mode];
   if (voronoi_cells(maze) == nullptr) // what moves nodes drops the list too
     voronoi_build(maze, 1);
   if (mode.lit) fixed_light_on();
   for (int32_t i = 0; i < mode.count; i++)
-    draw_layer(mode.layers[i], mode.lit, maze, world);
+    draw_layer(mode.layers[i], mode.lit, maze, world, box);
   if (mode.lit) glDisable(GL_LIGHTING);
 }
 
@@ -75,7 +77,7 @@ void draw_marker(const World *world) {
 } // namespace
 
 void voronoi_plot(Maze *maze, const World *world) {
-  maze_list_call(maze, "voronoilist", list_body, world);
+  maze_list_call(maze, {"voronoilist", list_body, INT32_MAX, sight_planes}, world);
   draw_marker(world);
 }
 

@@ -117,7 +117,7 @@ void add_road(Maze *maze, Vec3 p, Vec3 q, uint32_t colour) {
 using Corner = std::array<double, 7>; // x, y, z, s, t, angle, red of 255
 
 // The corners that a body sends to the card. Drivers cut quads as they like.
-std::vector<Corner> emitted(Maze *maze, GLenum primitive, void (*body)(Maze *)) {
+std::vector<Corner> emitted(Maze *maze, GLenum primitive, void (*body)(Maze *, Box *)) {
   picture_begin();
   float matrix[16];
   projection_ortho(-16, 16, -12, 12, 16, -16, matrix);
@@ -128,7 +128,8 @@ std::vector<Corner> emitted(Maze *maze, GLenum primitive, void (*body)(Maze *)) 
   glFeedbackBuffer(static_cast<GLsizei>(buffer.size()), GL_3D_COLOR_TEXTURE, buffer.data());
   glRenderMode(GL_FEEDBACK);
   glBegin(primitive);
-  body(maze);
+  Box box = box_empty;
+  body(maze, &box);
   glEnd();
   const float *const end = buffer.data() + glRenderMode(GL_RENDER);
   std::vector<Corner> corners;

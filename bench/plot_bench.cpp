@@ -1,0 +1,271 @@
+// Plots of a large nested tree against their literal telling, and against the bare quads of what
+// can be seen, in one process. Run by scripts/bench on the offscreen driver.
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <string>
+
+#include "generate/carve.h"
+#include "generate/curved.h"
+#include "gfx/gl.h"
+#include "gfx/projection.h"
+#include "gfx/window.h"
+#include "maze/attachment.h"
+#include "maze/pos.h"
+#include "plot_literal.h"
+#include "render/apply_view.h"
+#include "render/ballstick.h"
+#include "render/gantry_plot.h"
+#include "render/line_lists.h"
+#include "render/line_plot.h"
+#include "render/shader_procs.h"
+#include "render/shader_program.h"
+#include "render/shader_text.h"
+#include "render/voronoi_plot.h"
+#include "support/random.h"
+#include "town.h"
+#include "world/camera.h"
+
+namespace {
+
+using Draw = void (*)(const World *world);
+
+World tree;
+World plain; // a plane of 50 by 50
+World disc;  // a large maze, for steps
+
+struct View {
+  const char *name;
+  World *world;
+  int32_t width, height;
+  double zoom, pitch;
+};
+
+const View views[] = {
+    {"above", &tree, 800, 600, 20, 0},          {"tilted", &tree, 800, 600, 20, -0.4},
+    {"large_above", &tree, 1280, 960, 20, 0},   {"large_tilted", &tree, 1280, 960, 20, -0.4},
+    {"higher", &tree, 800, 600, 120, 0},        {"higher_tilted", &tree, 800, 600, 120, -0.4},
+    {"whole", &tree, 800, 600, 1500, -0.6},     {"plain_above", &plain, 800, 600, 20, 0},
+    {"plain_whole", &plain, 800, 600, 60, -0.5}};
+
+void draw_slabs(const World *world, Draw draw) {
+  glClear(GL_COLOR_BUFFER_BIT);
+  glLoadIdentity();
+  World_apply_view(world);
+  for (const auto set_slab : {projection_far_slab, projection_near_slab}) {
+    float projection[16];
+    glGetFloatv(GL_PROJECTION_MATRIX, projection);
+    set_slab(projection);
+    glMatrixMode(GL_PROJECTION);
+    glLoadMatrixf(projection);
+    glMatrixMode(GL_MODELVIEW);
+    glClear(GL_DEPTH_BUFFER_BIT);
+    draw(world);
+  }
+  glFinish();
+}
+
+void line_plot(const World *world) {
+  line_edges_pass(world->root, world, 1);
+  line_nodes_pass(world->root, world, 1);
+}
+
+void balls(const World *world) {
+  ballstick_plot(world->root, world, 0);
+}
+
+void plates(const World *world) {
+  gantry_plot(world->root, world, 0);
+}
+
+void ground(const World *world) {
+  voronoi_plot(world->root, world);
+}
+
+// One list a pass and slab, of all mazes that can be seen in it.
+GLuint bare_list[2][2];
+GLuint bare_program[2];
+int bare_slab;
+
+void add_visible(const Sight &sight, LineLists *lists, int which) {
+  uint32_t first = 0;
+  for (uint32_t k = 0; k < lists->chunks.count; k++) {
+    const LineChunk &chunk = rows<LineChunk>(lists->chunks)[k];
+    const uint32_t count = chunk.end[which] - first;
+    if (!line_may_see(sight, chunk.bounds, 0.5)) {
+    } else if (which == 0) {
+      line_draw_ribbons(rows<LineRibbon>(lists->ribbons) + first, count, lists->halfwidth);
+    } else {
+      line_draw_discs(rows<LineDisc>(lists->discs) + first, count, lists->halfwidth);
+    }
+    first = chunk.end[which];
+  }
+  for (uint32_t i = 0; i < lists->below.count; i++) {
+    const LineBelow &below = rows<LineBelow>(lists->below)[i];
+    if (line_may_see(sight, below.bounds, 0.5)) add_visible(sight, below.lists, which);
+  }
+}
+
+void bare_make(const World *world) {
+  const Sight sight = sight_now(world->camera);
+  LineLists *lists = line_lists(world->root, 1);
+  for (int which = 0; which < 2; which++) {
+    GLuint &list = bare_list[bare_slab][which];
+    if (list == 0) list = glGenLists(1);
+    glNewList(list, GL_COMPILE);
+    if (line_may_see(sight, lists->all, 0.5)) add_visible(sight, lists, which);
+    glEndList();
+  }
+  bare_slab = !bare_slab;
+}
+
+void bare_draw(const World *world) {
+  float projection[16];
+  glGetFloatv(GL_PROJECTION_MATRIX, projection);
+  for (int which = 0; which < 2; which++) {
+    const auto location = [which](const char *name) {
+      return gl2.get_uniform_location(bare_program[which], name);
+    };
+    gl2.use_program(bare_program[which]);
+    gl2.uniform_matrix_4fv(location("proj"), 1, 0, projection);
+    gl2.uniform_3f(location("o"), static_cast<float>(world->camera.x),
+                   static_cast<float>(world->camera.y), static_cast<float>(world->camera.z));
+    gl2.uniform_1f(location("t"), static_cast<float>(world->time));
+    gl2.uniform_1f(location("r0"), -0.5F);
+    gl2.uniform_1f(location("r1"), 0.5F);
+    glCallList(bare_list[bare_slab][which]);
+  }
+  gl2.use_program(0);
+  bare_slab = !bare_slab;
+}
+
+void look(const View &view) {
+  gfx_resize(view.width, view.height);
+  town_look(view.world, view.world->cur, view.zoom, 0.3, view.pitch);
+}
+
+void frames(benchmark::State &state, const View &view, Draw draw, Draw prepare) {
+  look(view);
+  if (prepare != nullptr) draw_slabs(view.world, prepare);
+  draw_slabs(view.world, draw);
+  for (auto _ : state)
+    draw_slabs(view.world, draw);
+}
+
+// What a step costs before the frame is drawn.
+void compile_ours() {
+  LineLists *lists = line_lists(disc.root, 1);
+  for (uint32_t k = 0; k < lists->chunks.count; k++)
+    line_chunk_compile(lists, k);
+}
+
+void step_ours(benchmark::State &state) {
+  compile_ours();
+  for (auto _ : state) {
+    town_walk(&disc, 1);
+    compile_ours();
+  }
+}
+
+void step_literal(benchmark::State &state) {
+  const GLuint names[] = {glGenLists(1), glGenLists(1)};
+  for (auto _ : state) {
+    town_walk(&disc, 1);
+    for (int which = 0; which < 2; which++)
+      literal_line_compile(disc.root, which, names[which]);
+  }
+  for (const GLuint name : names)
+    glDeleteLists(name, 1);
+}
+
+void first_frame(benchmark::State &state, Draw draw) {
+  look(views[0]);
+  for (auto _ : state) {
+    state.PauseTiming();
+    World fresh = tree;
+    fresh.root = Maze_copy(tree.root, 1);
+    fresh.cur = World_first_place(fresh.root);
+    glFinish();
+    state.ResumeTiming();
+    draw_slabs(&fresh, draw);
+    state.PauseTiming();
+    Maze_destroy(fresh.root, 1);
+    state.ResumeTiming();
+  }
+}
+
+int32_t count(const Maze *maze, int32_t *mazes) {
+  int32_t nodes = maze_count(maze);
+  ++*mazes;
+  for (int32_t i = maze_count(maze); i-- > 0;)
+    if (maze_nodes(maze)[i].submaze) nodes += count(maze_nodes(maze)[i].submaze, mazes);
+  return nodes;
+}
+
+void make_worlds() {
+  rand_seed(2020);
+  tree.root = town(63, 9.0, 1);
+  tree.cur = {maze_nodes(tree.root)[31 * 63 + 31].submaze, 0};
+  for (int32_t i = 31 * 63 + 31; tree.cur.maze == nullptr; i++)
+    tree.cur.maze = maze_nodes(tree.root)[i].submaze;
+  plain.root = town(50, 1.0, 0);
+  plain.cur = {plain.root, 25 * 50 + 25};
+  disc.root = Maze_polar(50, 1);
+  Maze_carve(disc.root);
+  disc.cur = {disc.root, 0};
+  int32_t mazes = 0;
+  const int32_t nodes = count(tree.root, &mazes);
+  std::fprintf(stderr, "a tree of %d mazes and %d nodes; steps on %d nodes; %s\n", mazes, nodes,
+               maze_count(disc.root), glGetString(GL_RENDERER));
+}
+
+GLuint age_program(const char *vertex, const char *fragment) {
+  const char *const strings[] = {shader_agecolour, vertex};
+  return program_build(strings, 2, &fragment, 1, nullptr, nullptr, nullptr);
+}
+
+void add(const char *plot, const View &view, const char *who, Draw draw, Draw prepare = nullptr) {
+  const std::string name = std::string(plot) + "_" + view.name + "/" + who;
+  benchmark::RegisterBenchmark(name.c_str(), frames, view, draw, prepare)
+      ->Unit(benchmark::kMillisecond);
+}
+
+void add_all() {
+  for (const View &view : views) {
+    add("lines", view, "literal", literal_line_plot);
+    add("lines", view, "vorel", line_plot);
+    add("lines", view, "bare", bare_draw, bare_make);
+    if (view.zoom > 60) continue; // a picture of plates or balls from far above takes seconds
+    add("balls", view, "literal", literal_ballstick_plot);
+    add("balls", view, "vorel", balls);
+    add("gantry", view, "literal", literal_gantry_plot);
+    add("gantry", view, "vorel", plates);
+    add("ground", view, "literal", literal_voronoi_plot);
+    add("ground", view, "vorel", ground);
+  }
+  using benchmark::RegisterBenchmark;
+  RegisterBenchmark("step/literal", step_literal)->Unit(benchmark::kMillisecond);
+  RegisterBenchmark("step/vorel", step_ours)->Unit(benchmark::kMillisecond);
+  RegisterBenchmark("first/literal", first_frame, literal_line_plot)->Unit(benchmark::kMillisecond);
+  RegisterBenchmark("first/vorel", first_frame, line_plot)->Unit(benchmark::kMillisecond);
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+  windowed = 1;
+  projection_is_2d = 0;
+  if (gfx_open(1280, 960, "bench") == 0) return 1;
+  shader_procs_load();
+  bare_program[0] = age_program(shader_edge_vertex, shader_edge_fragment);
+  bare_program[1] = age_program(shader_node_vertex, shader_node_fragment);
+  make_worlds();
+  add_all();
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  for (const World *world : {&tree, &plain, &disc})
+    Maze_destroy(world->root, 1);
+  gfx_close();
+  return 0;
+}

@@ -1,0 +1,287 @@
+#include "plot_literal.h"
+
+#include "gfx/gl.h"
+#include "maze/attachment.h"
+#include "maze/pos.h"
+#include "render/disc.h"
+#include "render/edge_colour.h"
+#include "render/gantry_plot.h"
+#include "render/gantry_texture.h"
+#include "render/plot.h"
+#include "render/shader_procs.h"
+#include "render/shader_program.h"
+#include "render/shader_text.h"
+#include "render/voronoi_geometry.h"
+#include "render/voronoi_plot.h"
+#include "render/voronoi_shapes.h"
+#include "support/colour.h"
+#include "world/move.h"
+
+namespace {
+
+// The literal attachments and what they go stale with.
+enum Kind { edges, nodes, balls, sticks, plates, cells };
+constexpr const char *literal_name[] = {"literal edges",  "literal nodes",  "literal balls",
+                                        "literal sticks", "literal plates", "literal cells"};
+constexpr const char *plot_name[] = {
+    "lists", "lists", "ballstick_ballslist", "ballstick_stickslist", "gantrylist", "voronoilist"};
+
+void list_destroy(intptr_t name, Maze *) {
+  glDeleteLists(static_cast<GLuint>(name), 1);
+}
+
+void call_tree(Maze *maze, Kind kind, void (*body)(Maze *)) {
+  const char *name = literal_name[kind];
+  auto list = static_cast<GLuint>(Attachment_find(maze, name));
+  if (list == 0) {
+    list = glGenLists(1);
+    glNewList(list, GL_COMPILE);
+    body(maze);
+    glEndList();
+    Attachment_add(maze, name, static_cast<intptr_t>(list), list_destroy);
+  }
+  glCallList(list);
+  for (int32_t i = maze_count(maze); i-- > 0;)
+    if (maze_nodes(maze)[i].submaze) call_tree(maze_nodes(maze)[i].submaze, kind, body);
+}
+
+void vertex4(Vec3 p, float w) {
+  glVertex4f(static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z), w);
+}
+
+void edges_body(Maze *maze) {
+  glBegin(GL_QUADS);
+  for (int32_t i = maze_count(maze); i-- > 0;) {
+    if (maze_nodes(maze)[i].submaze) continue;
+    Pos ends[pos_max_edges];
+    MazeEdge edges[pos_max_edges];
+    for (int32_t e = Pos_alledges(maze, i, ends, edges); e-- > 0;) {
+      if (!Pos_before({maze, i}, ends[e])) continue;
+      const Vec3 p = Pos_position({maze, i}), q = Pos_position(ends[e]), axis = p - q;
+      const uint32_t colour = edge_colour(edges[e].colour, {maze, i}, ends[e]);
+      glColor3ub(colour_red(colour), colour_green(colour), colour_blue(colour));
+      glNormal3f(static_cast<float>(axis.x), static_cast<float>(axis.y),
+                 static_cast<float>(axis.z));
+      glTexCoord2f(static_cast<float>(edges[e].usertime), static_cast<float>(maze->halfwidth));
+      vertex4(q, 0);
+      vertex4(p, 2);
+      vertex4(p, 3);
+      vertex4(q, 1);
+    }
+  }
+  glEnd();
+}
+
+void disc(Vec3 p, uint32_t colour, double time, double halfwidth) {
+  glColor4f(static_cast<float>(colour_red(colour)) / 255.0F,
+            static_cast<float>(colour_green(colour)) / 255.0F,
+            static_cast<float>(colour_blue(colour)) / 255.0F, static_cast<float>(time));
+  glTexCoord4f(static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z),
+               static_cast<float>(halfwidth));
+  glVertex2f(-1, -1);
+  glVertex2f(-1, 1);
+  glVertex2f(1, 1);
+  glVertex2f(1, -1);
+}
+
+void nodes_body(Maze *maze) {
+  glBegin(GL_QUADS);
+  for (int32_t i = maze_count(maze); i-- > 0;) {
+    const MazeNode &node = maze_nodes(maze)[i];
+    if (node.submaze) continue;
+    disc(node_position(node), edge_colour(node.self.colour, {maze, i}, Pos_null),
+         node.self.usertime, maze->halfwidth);
+  }
+  glEnd();
+}
+
+GLuint line_program(const char *vertex, const char *fragment) {
+  const char *const strings[] = {shader_agecolour, vertex};
+  return program_build(strings, 2, &fragment, 1, nullptr, nullptr, nullptr);
+}
+
+void use(GLuint program, const World *world) {
+  const auto location = [program](const char *name) {
+    return gl2.get_uniform_location(program, name);
+  };
+  float projection[16];
+  glGetFloatv(GL_PROJECTION_MATRIX, projection);
+  gl2.use_program(program);
+  gl2.uniform_matrix_4fv(location("proj"), 1, 0, projection);
+  gl2.uniform_3f(location("o"), static_cast<float>(world->camera.x),
+                 static_cast<float>(world->camera.y), static_cast<float>(world->camera.z));
+  gl2.uniform_1f(location("t"), static_cast<float>(world->time));
+  const auto halfwidth = static_cast<float>(world->root->halfwidth);
+  gl2.uniform_1f(location("r0"), -halfwidth);
+  gl2.uniform_1f(location("r1"), halfwidth);
+}
+
+void body(Vec3 p, double radius) {
+  glTexCoord4f(static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z),
+               static_cast<float>(radius));
+  glVertex2f(-1, -1);
+  glVertex2f(-1, 1);
+  glVertex2f(1, 1);
+  glVertex2f(1, -1);
+}
+
+void opaque(uint32_t colour) {
+  glColor4ub(colour_red(colour), colour_green(colour), colour_blue(colour), 255);
+}
+
+void balls_body(Maze *maze) {
+  glBegin(GL_QUADS);
+  for (int32_t i = maze_count(maze); i-- > 0;) {
+    const MazeNode &node = maze_nodes(maze)[i];
+    if (node.submaze) continue;
+    opaque(edge_colour(node.self.colour, {maze, i}, Pos_null));
+    body(node_position(node), maze->halfwidth);
+  }
+  glEnd();
+}
+
+void sticks_body(Maze *maze) {
+  glBegin(GL_QUADS);
+  for (int32_t i = maze_count(maze); i-- > 0;) {
+    if (maze_nodes(maze)[i].submaze) continue;
+    Pos ends[pos_max_edges];
+    MazeEdge rows[pos_max_edges];
+    for (int32_t e = Pos_alledges(maze, i, ends, rows); e-- > 0;) {
+      if (!Pos_before({maze, i}, ends[e])) continue;
+      const Vec3 p = Pos_position({maze, i}), axis = Pos_position(ends[e]) - p;
+      opaque(edge_colour(rows[e].colour, {maze, i}, ends[e]));
+      glNormal3f(static_cast<float>(axis.x), static_cast<float>(axis.y),
+                 static_cast<float>(axis.z));
+      body(p, maze->halfwidth);
+    }
+  }
+  glEnd();
+}
+
+void plates_body(Maze *maze) {
+  Box box = box_empty;
+  glBegin(GL_QUADS);
+  gantry_road_quads(maze, &box);
+  glEnd();
+  glBegin(GL_TRIANGLES);
+  gantry_hub_triangles(maze, &box);
+  glEnd();
+}
+
+using Shape = void (*)(ShapeList *out, Maze *maze, int32_t node, const World *world);
+const World *shown; // by the landscape that is being compiled
+
+void shape_body(Maze *maze, GLenum primitive, Shape shape) {
+  ShapeList vertices;
+  for (int32_t i = maze_count(maze); i-- > 0;)
+    if (!maze_nodes(maze)[i].submaze) shape(&vertices, maze, i, shown);
+  glBegin(primitive);
+  for (const ShapeVertex &v : vertices) {
+    glColor3ub(colour_red(v.colour), colour_green(v.colour), colour_blue(v.colour));
+    glNormal3d(v.normal.x, v.normal.y, v.normal.z);
+    glVertex3d(v.place.x, v.place.y, v.place.z);
+  }
+  glEnd();
+}
+
+void cells_body(Maze *maze) {
+  constexpr Shape shapes[] = {voronoi_outline, voronoi_room,     voronoi_room,
+                              voronoi_terrain, voronoi_delaunay, voronoi_ground};
+  if (!voronoi_cells(maze)) voronoi_build(maze, 1);
+  if (voronoi_mode > 1) fixed_light_on();
+  shape_body(maze, voronoi_mode == 0 ? GL_LINES : GL_TRIANGLES, shapes[voronoi_mode]);
+  if (voronoi_mode == 5) shape_body(maze, GL_QUADS, voronoi_walls);
+  if (voronoi_mode > 1) glDisable(GL_LIGHTING);
+}
+
+// A program of a plot without a user's light, with what it asks for of these uniforms.
+GLuint body_program(const char *vertex, const char *fragment) {
+  const char *const strings[] = {shader_lighting, fragment};
+  return program_build(&vertex, 1, strings, 2, nullptr, nullptr, nullptr);
+}
+
+void use_body(GLuint program, Vec3 lamp) {
+  float projection[16];
+  glGetFloatv(GL_PROJECTION_MATRIX, projection);
+  gl2.use_program(program);
+  gl2.uniform_matrix_4fv(gl2.get_uniform_location(program, "proj"), 1, 0, projection);
+  gl2.uniform_3f(gl2.get_uniform_location(program, "lpos0"), static_cast<float>(lamp.x),
+                 static_cast<float>(lamp.y), static_cast<float>(lamp.z));
+  gl2.uniform_3f(gl2.get_uniform_location(program, "lcol0"), 0, 0, 0);
+}
+
+} // namespace
+
+void literal_line_plot(const World *world) {
+  static const GLuint edge_program = line_program(shader_edge_vertex, shader_edge_fragment);
+  static const GLuint node_program = line_program(shader_node_vertex, shader_node_fragment);
+  use(edge_program, world);
+  call_tree(world->root, edges, edges_body);
+  use(node_program, world);
+  call_tree(world->root, nodes, nodes_body);
+  glBegin(GL_QUADS);
+  disc(World_follow_point(world), colour_white, world->time, world->cur.maze->halfwidth);
+  glEnd();
+  gl2.use_program(0);
+}
+
+void literal_line_compile(Maze *maze, int32_t which, uint32_t name) {
+  glNewList(name, GL_COMPILE);
+  if (which == 0) {
+    edges_body(maze);
+  } else {
+    nodes_body(maze);
+  }
+  glEndList();
+}
+
+void literal_ballstick_plot(const World *world) {
+  static const GLuint ball_program = body_program(shader_ball_vertex, shader_ball_fragment);
+  static const GLuint stick_program = body_program(shader_stick_vertex, shader_stick_fragment);
+  const Vec3 user = World_follow_point(world);
+  use_body(ball_program, user);
+  call_tree(world->root, balls, balls_body);
+  glBegin(GL_QUADS);
+  glColor3f(1, 1, 1);
+  body(user, 1.5 * world->cur.maze->halfwidth);
+  glEnd();
+  use_body(stick_program, user);
+  call_tree(world->root, sticks, sticks_body);
+  gl2.use_program(0);
+}
+
+void literal_gantry_plot(const World *world) {
+  static const GLuint program = body_program(shader_gantry_vertex, shader_gantry_fragment);
+  static const GLuint textures[] = {gantry_texture(0), gantry_texture(1)};
+  glEnable(GL_BLEND);
+  glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+  for (const GLuint unit : {1U, 0U}) {
+    gl2.active_texture(GL_TEXTURE0 + unit);
+    glBindTexture(GL_TEXTURE_2D, textures[unit]);
+  }
+  use_body(program, World_follow_point(world) + Vec3{0, 0, 1});
+  gl2.uniform_1i(gl2.get_uniform_location(program, "tex"), 0);
+  gl2.uniform_1i(gl2.get_uniform_location(program, "tnorm"), 1);
+  call_tree(world->root, plates, plates_body);
+  gl2.use_program(0);
+  glDisable(GL_BLEND);
+}
+
+void literal_voronoi_plot(const World *world) {
+  shown = world;
+  call_tree(world->root, cells, cells_body);
+  const Vec3 p = World_follow_point(world);
+  fan_disc(p + 0.3 * unit(world->camera - p), 0.12, colour_white, world->camera);
+}
+
+void literal_drop_tree(Maze *maze) {
+  for (const char *name : literal_name)
+    Attachment_drop_tree(maze, name);
+}
+
+void literal_follow_drops(Maze *maze) {
+  for (const Kind kind : {edges, nodes, balls, sticks, plates, cells})
+    if (Attachment_find(maze, plot_name[kind]) == 0) Attachment_drop(maze, literal_name[kind]);
+  for (int32_t i = maze_count(maze); i-- > 0;)
+    if (maze_nodes(maze)[i].submaze) literal_follow_drops(maze_nodes(maze)[i].submaze);
+}

@@ -1,0 +1,319 @@
+// The plots against their literal telling: every byte of colour and depth, in both depth slabs.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <vector>
+
+#include "generate/carve.h"
+#include "generate/flat.h"
+#include "generate/relax.h"
+#include "gfx/gl.h"
+#include "gfx/projection.h"
+#include "gfx/window.h"
+#include "maze/attachment.h"
+#include "maze/edit.h"
+#include "picture.h"
+#include "plot_literal.h"
+#include "render/apply_view.h"
+#include "render/ballstick.h"
+#include "render/gantry_plot.h"
+#include "render/line_plot.h"
+#include "render/plot.h"
+#include "render/voronoi_plot.h"
+#include "scenarios.h"
+#include "support/random.h"
+#include "town.h"
+
+namespace {
+
+using Draw = void (*)(const World *world);
+
+constexpr int32_t width = 320, height = 240;
+
+// Colour and depth, lowest row first.
+struct Bytes {
+  std::vector<uint32_t> colour;
+  std::vector<float> depth;
+};
+
+struct Slabs {
+  Bytes far, near;
+};
+
+Bytes take() {
+  const size_t size = size_t{width} * height;
+  Bytes bytes = {std::vector<uint32_t>(size), std::vector<float>(size)};
+  glReadPixels(0, 0, width, height, GL_BGRA, GL_UNSIGNED_BYTE, bytes.colour.data());
+  glReadPixels(0, 0, width, height, GL_DEPTH_COMPONENT, GL_FLOAT, bytes.depth.data());
+  return bytes;
+}
+
+// Of the eye that is drawn for, in world units; its picture is off its axis by a share of that.
+double eye_offset = 0;
+
+void draw_slab(const World *world, Draw draw, void (*set_slab)(float matrix[16])) {
+  float projection[16];
+  projection_perspective(screen_width, screen_height, projection);
+  projection[8] = static_cast<float>(0.2 * eye_offset);
+  set_slab(projection);
+  glMatrixMode(GL_PROJECTION);
+  glLoadMatrixf(projection);
+  glMatrixMode(GL_MODELVIEW);
+  glClear(GL_DEPTH_BUFFER_BIT);
+  draw(world);
+}
+
+Slabs draw_slabs(const World *world, Draw draw) {
+  Slabs slabs;
+  picture_begin();
+  gfx_resize(width, height);
+  glTranslated(eye_offset, 0, 0);
+  World_apply_view(world);
+  draw_slab(world, draw, projection_far_slab);
+  slabs.far = take();
+  draw_slab(world, draw, projection_near_slab);
+  slabs.near = take();
+  return slabs;
+}
+
+void line_plot(const World *world) {
+  line_edges_pass(world->root, world, 1);
+  line_nodes_pass(world->root, world, 1);
+}
+
+template <typename Value> bool same(const std::vector<Value> &a, const std::vector<Value> &b) {
+  return std::memcmp(a.data(), b.data(), a.size() * sizeof(Value)) == 0;
+}
+
+bool same(const Bytes &a, const Bytes &b) {
+  return same(a.colour, b.colour) && same(a.depth, b.depth);
+}
+
+bool same(const Slabs &a, const Slabs &b) {
+  return same(a.far, b.far) && same(a.near, b.near);
+}
+
+// Something other than the background is to be seen.
+bool shows(const Bytes &bytes) {
+  static const std::vector<float> nothing(size_t{width} * height, 1.0F);
+  return !same(bytes.depth, nothing);
+}
+
+double between(double low, double high) {
+  return low + rand_real(high - low);
+}
+
+// Somewhere in the tree, from near or from very far, at times level with the plane and at others
+// with the axis of some edge right through the eye.
+void look_somewhere(World *world) {
+  const Pos cur = town_place(world->root);
+  const double zoom = std::pow(10.0, between(0, 4));
+  const double yaw = rand_int(4) == 0 ? 0 : between(-4, 4);
+  const double pitch = rand_int(4) == 0 ? -std::acos(0.0) : between(-3, 0);
+  town_look(world, cur, zoom, yaw, pitch);
+  world->time += 10;
+}
+
+// What a held key does to the places of nodes.
+void smooth(Maze *maze) {
+  Maze_smooth(maze, 0.3);
+  for (const char *name : {"lists", "ballstick_ballslist", "ballstick_stickslist", "voronoi",
+                           "voronoilist", "gantrylist", "EdgeAngleRecs"})
+    Attachment_drop_tree(maze, name);
+}
+
+void balls(const World *world) {
+  ballstick_plot(world->root, world, 0);
+}
+
+void plates(const World *world) {
+  gantry_plot(world->root, world, 0);
+}
+
+void cells(const World *world) {
+  voronoi_plot(world->root, world);
+}
+
+struct Plot {
+  const char *name;
+  Draw ours, literal;
+  int32_t mode; // of the landscape
+};
+
+constexpr Plot plots[] = {
+    {"lines", line_plot, literal_line_plot, 5}, {"balls", balls, literal_ballstick_plot, 5},
+    {"plates", plates, literal_gantry_plot, 5}, {"outlines", cells, literal_voronoi_plot, 0},
+    {"rooms", cells, literal_voronoi_plot, 2},  {"ground", cells, literal_voronoi_plot, 5}};
+
+TEST(SamePicture, FromAnywhereWhileWalkingAndRelaxing) {
+  rand_seed(77);
+  World world = {};
+  world.showtrail = 1;
+  world.root = town(5, 8.0, 2);
+  for (const Plot &plot : plots) {
+    int far_shown = 0;
+    voronoi_mode = plot.mode;
+    Attachment_drop_tree(world.root, "voronoilist");
+    for (int pose = 0; pose < 8; pose++) {
+      look_somewhere(&world);
+      eye_offset = pose % 3 - 1;
+      town_walk(&world, rand_int(4));
+      if (pose % 4 == 3) smooth(world.cur.maze);
+      literal_follow_drops(world.root);
+      const Slabs slabs = draw_slabs(&world, plot.ours);
+      far_shown += shows(slabs.far);
+      EXPECT_TRUE(same(slabs, draw_slabs(&world, plot.literal))) << plot.name << " pose " << pose;
+    }
+    eye_offset = 0;
+    EXPECT_GT(far_shown, 0) << plot.name;
+    EXPECT_LT(far_shown, 8) << plot.name;
+  }
+  Maze_destroy(world.root, 1);
+}
+
+// A room of two nodes beside, before or behind what is seen, at all offsets from one plane at which
+// its bodies reach through it or no longer do. The wide discs of its far nodes come from the
+// distance alone.
+struct Straddler {
+  Maze *root = scenario_path(2);
+  Maze *room = scenario_path(2);
+  World world = {};
+  Straddler() {
+    world.root = root;
+    world.view = mat3_identity;
+    scenario_hold(root, 1, room);
+  }
+  ~Straddler() { Maze_destroy(root, 1); }
+  static void put(MazeNode *node, Vec3 p) {
+    node->x = p.x;
+    node->y = p.y;
+    node->z = p.z;
+  }
+  // The room's nodes stand side by side; the way to them comes from outside the picture.
+  void place(Vec3 p, Vec3 outward, double halfwidth) {
+    put(&maze_nodes(root)[0], p + outward * (10 + length(p)));
+    put(&maze_nodes(room)[0], p);
+    put(&maze_nodes(room)[1], p + Vec3{0.1, 0, 0});
+    room->halfwidth = halfwidth;
+    world.cur = {root, 0};
+    for (const char *name :
+         {"lists", "ballstick_ballslist", "ballstick_stickslist", "gantrylist", "EdgeAngleRecs"})
+      Attachment_drop_tree(root, name);
+    literal_drop_tree(root);
+  }
+};
+
+void compare_across_planes(const Plot &plot) {
+  Straddler scene;
+  scene.root->halfwidth = 0.2;
+  int shown = 0, poses = 0;
+  for (const double depth : {3.0, 90.0, 900.0, 9000.0}) {
+    for (const double halfwidth : {0.05, 0.9}) {
+      const double reach = std::sqrt(2.0) * (0.9 + 0.005 * depth);
+      for (double offset = -1.3; offset <= 1.3; offset += 0.26) {
+        const double by = offset * reach;
+        const double side = depth, top = depth * 0.75; // 90 degrees across at 4:3
+        for (const bool right : {true, false}) {
+          if (right) {
+            scene.place({side + by, 0, -depth}, {1, 0, 0}, halfwidth);
+          } else {
+            scene.place({0, -top - by, -depth}, {0, -1, 0}, halfwidth);
+          }
+          const Slabs slabs = draw_slabs(&scene.world, plot.ours);
+          EXPECT_TRUE(same(slabs, draw_slabs(&scene.world, plot.literal)))
+              << depth << " " << halfwidth << " " << offset;
+          shown += shows(slabs.near) || shows(slabs.far);
+          poses++;
+        }
+      }
+    }
+  }
+  EXPECT_GT(shown, poses / 8);
+  EXPECT_LT(shown, poses);
+  for (const double plane : {0.1, 1000.0, 1001.5}) {
+    for (double offset = -1.0; offset <= 1.0; offset += 0.25) {
+      scene.place({0.2, 0, -plane + offset * 0.01 * plane}, {1, 0, 0}, 0.05);
+      EXPECT_TRUE(same(draw_slabs(&scene.world, plot.ours), draw_slabs(&scene.world, plot.literal)))
+          << plane << " " << offset;
+    }
+  }
+}
+
+TEST(SamePicture, OfARoomAcrossEachPlaneOfTheFrustum) {
+  for (const Plot &plot : {plots[0], plots[1]}) {
+    SCOPED_TRACE(plot.name);
+    compare_across_planes(plot);
+  }
+}
+
+// Quads of bodies close to the eye reach through planes of depth that the bodies don't meet.
+TEST(SamePicture, OfARoomRightBeforeTheEye) {
+  rand_seed(12);
+  Straddler scene;
+  int shown = 0;
+  for (int pose = 0; pose < 60; pose++) {
+    const double near = between(0.02, 0.16);
+    const Vec3 p = {between(-near, near), between(-near, near), -near};
+    scene.place(p, {1, 0, 0}, between(0.1, 0.8) * near);
+    scene.root->halfwidth = 0.001;
+    const Vec3 way = {between(-0.1, 0.1), between(-0.1, 0.1), between(0, 0.1)};
+    scene.put(&maze_nodes(scene.room)[1], p + way);
+    for (const Plot &plot : {plots[0], plots[1]}) {
+      const Slabs slabs = draw_slabs(&scene.world, plot.ours);
+      shown += shows(slabs.near);
+      EXPECT_TRUE(same(slabs, draw_slabs(&scene.world, plot.literal))) << plot.name << pose;
+    }
+  }
+  EXPECT_GT(shown, 20);
+}
+
+int lists_in_use() {
+  int count = 0;
+  for (GLuint name = 1; name < 400000; name++)
+    count += glIsList(name);
+  return count;
+}
+
+TEST(SamePicture, OnlyWhatCanBeSeenIsCompiled) {
+  Straddler scene;
+  const int before = lists_in_use();
+  scene.place({60, 0, -20}, {1, 0, 0}, 0.5); // out at the right, with the root's nodes
+  draw_slabs(&scene.world, line_plot);
+  EXPECT_NE(Attachment_find(scene.room, "lists"), 0);
+  EXPECT_EQ(lists_in_use(), before);
+  scene.world.camera.x = 45; // into which the room comes but for the root's way out of it
+  draw_slabs(&scene.world, line_plot);
+  EXPECT_GT(lists_in_use(), before);
+}
+
+// Steps change few bodies of many; other changes move all of them, or add and remove some.
+TEST(SamePicture, LinesOfALargeMazeAfterEachChange) {
+  rand_seed(5);
+  World world = {};
+  world.root = Maze_plane_xy(24, 24);
+  Maze_carve(world.root);
+  town_look(&world, {world.root, 300}, 14, 0.3, -0.4);
+  Maze *more = scenario_path(300);
+  int in_use = 0;
+  for (int change = 0; change < 24; change++) {
+    town_walk(&world, 1 + change % 2);
+    if (change % 6 == 3) maze_nodes(world.root)[rand_int(500)].self.colour = 0x40C0F0;
+    if (change % 6 == 4) smooth(world.root);
+    if (change % 6 == 5) world.root->halfwidth *= 0.8;
+    if (change == 14) Maze_delete_node(world.root, world.cur.node == 7 ? 8 : 7);
+    if (change == 19) Maze_append(world.root, more);
+    literal_follow_drops(world.root);
+    const Slabs slabs = draw_slabs(&world, line_plot);
+    EXPECT_TRUE(same(slabs, draw_slabs(&world, literal_line_plot))) << "change " << change;
+    if (change == 0) in_use = lists_in_use();
+    if (change < 19) {
+      EXPECT_EQ(lists_in_use(), in_use);
+    }
+  }
+  Maze_destroy(more, 1);
+  Maze_destroy(world.root, 1);
+}
+
+} // namespace

@@ -7,6 +7,7 @@
 #include "app/scene.h"
 #include "gfx/gl_util.h"
 #include "gfx/input.h"
+#include "gfx/platform.h"
 #include "gfx/texture.h"
 #include "gfx/window.h"
 #include "render/apply_view.h"
@@ -63,6 +64,9 @@ bool run_start(Run *run) {
   if (windowed == 0) gfx_mouse_recentre(nullptr, nullptr);
   run->last_clock = gfx_clock();
   if (screen_width == 0) {
+    report_sentence(
+        "the resolution in \"config.txt\" names no monitor that is there, or the window "
+        "has no width for another reason");
     report_fatal("Vorel", 92, // the report's fixed number
                  "GRAPHICS() macro not called at LOOP start, or no resolution specified");
   }
@@ -97,6 +101,7 @@ void run_end(Run *run) {
 }
 
 int run_program() {
+  report_tell = platform_tell;
   Run run;
   if (!run_start(&run)) return 0;
   // A close request drops the context at once, in the very first pump too.

@@ -2,19 +2,15 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 
 #include "gfx/platform.h"
 #include "gfx/window.h"
+#include "support/clock.h"
 
 void gfx_log_error(const char *text) {
-  std::time_t now = std::time(nullptr);
-  char stamp[64];
-  const std::tm *local = std::localtime(&now);
-  if (local == nullptr || std::strftime(stamp, sizeof stamp, "%Y-%b-%d %H:%M:%S", local) == 0) {
-    stamp[0] = '\0';
-  }
-  std::FILE *log = std::fopen("graphics_error.log", "a");
+  char stamp[clock_stamp_size];
+  clock_stamp(stamp);
+  std::FILE *log = std::fopen("graphics_error.log", "at");
   if (log == nullptr) return;
   std::fprintf(log, "%s %s\n", stamp, text);
   std::fclose(log);

@@ -95,3 +95,6 @@ void platform_show_cursor(bool shown);
 
 // A box with an error sign and one button; returns when it was answered.
 void platform_message_box(const char *caption, const char *text);
+
+// Shows a sentence to a user who has no standard error to read it from.
+void platform_tell(const char *sentence);

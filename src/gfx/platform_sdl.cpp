@@ -422,3 +422,5 @@ void platform_message_box(const char *caption, const char *text) {
   if (SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, caption, text, window) != 0)
     report_sentence("%s: %s", caption, text);
 }
+
+void platform_tell(const char *) {} // whoever starts programs keeps their standard error

@@ -12,6 +12,11 @@ namespace {
 
 constexpr int32_t most_links = 40;
 
+// From UTF-8 on every system; a path takes plain characters for the system's own set.
+fs::path path_of(const std::string &name) {
+  return fs::path(std::u8string(name.begin(), name.end()));
+}
+
 std::string numbered(const std::string &stem, int32_t number, const char *ending) {
   return stem + "-" + std::to_string(number) + ending;
 }
@@ -19,7 +24,7 @@ std::string numbered(const std::string &stem, int32_t number, const char *ending
 // What a chain of symbolic links leads to, though there may be nothing yet; the path itself if it
 // is no link. A chain that goes round in a circle is left somewhere on it.
 std::string behind_links(const char *path) {
-  fs::path at = path;
+  fs::path at = path_of(path);
   std::error_code error;
   for (int32_t links = 0; links < most_links && fs::is_symlink(at, error); links++)
     at = at.parent_path() / fs::read_symlink(at, error); // an absolute one replaces all
@@ -29,15 +34,16 @@ std::string behind_links(const char *path) {
 // Whether a temporary is left over from a program that was killed: no save takes so long.
 bool is_leftover(const std::string &name) {
   std::error_code error;
-  const auto changed = fs::last_write_time(name, error);
-  return !error && fs::is_regular_file(fs::symlink_status(name, error)) &&
+  const auto changed = fs::last_write_time(path_of(name), error);
+  return !error && fs::is_regular_file(fs::symlink_status(path_of(name), error)) &&
          fs::file_time_type::clock::now() - changed > std::chrono::hours(1);
 }
 
 void remove_leftovers(const std::string &stem) {
   std::error_code ignored;
-  for (int32_t number = 1; fs::exists(numbered(stem, number, ""), ignored); number++)
-    if (is_leftover(numbered(stem, number, ""))) std::remove(numbered(stem, number, "").c_str());
+  for (int32_t number = 1; fs::exists(path_of(numbered(stem, number, "")), ignored); number++)
+    if (is_leftover(numbered(stem, number, "")))
+      fs::remove(path_of(numbered(stem, number, "")), ignored);
 }
 
 // Opens the first temporary name that no other program holds.
@@ -46,7 +52,7 @@ void open_exclusively(FileReplacement *file, bool text) {
   remove_leftovers(stem);
   for (int32_t number = 1;; number++) {
     file->temporary = numbered(stem, number, "");
-    file->stream = std::fopen(file->temporary.c_str(), text ? "wtx" : "wbx");
+    file->stream = file_create(file->temporary, text);
     if (file->stream != nullptr || errno != EEXIST) return;
   }
 }
@@ -56,7 +62,7 @@ bool is_read_only(const std::string &name) {
   constexpr fs::perms writing =
       fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
   std::error_code ignored;
-  const fs::file_status status = fs::status(name, ignored);
+  const fs::file_status status = fs::status(path_of(name), ignored);
   return fs::exists(status) && (status.permissions() & writing) == fs::perms::none;
 }
 
@@ -64,12 +70,12 @@ bool is_read_only(const std::string &name) {
 
 FILE *file_open(const char *path) {
   std::error_code error;
-  const fs::file_status status = fs::status(path, error);
+  const fs::file_status status = fs::status(path_of(path), error);
   if (fs::exists(status) && !fs::is_regular_file(status)) {
     errno = fs::is_directory(status) ? EISDIR : ENOTSUP;
     return nullptr;
   }
-  return std::fopen(path, "rb");
+  return file_stream(path, "rb");
 }
 
 bool file_replace_begin(FileReplacement *file, const char *target, bool text) {
@@ -97,11 +103,12 @@ bool file_replace_end(FileReplacement *file, bool complete) {
   }
   file->stream = nullptr;
   std::error_code ignored; // a target that isn't there yet has no permissions
-  const fs::file_status old = fs::status(file->target, ignored);
-  if (done && fs::exists(old)) fs::permissions(file->temporary, old.permissions(), ignored);
+  const fs::file_status old = fs::status(path_of(file->target), ignored);
+  if (done && fs::exists(old))
+    fs::permissions(path_of(file->temporary), old.permissions(), ignored);
   if (done && file_rename(file->temporary, file->target)) return true;
   if (done) cause = errno;
-  if (ours) std::remove(file->temporary.c_str());
+  if (ours) fs::remove(path_of(file->temporary), ignored);
   errno = cause;
   return false;
 }
@@ -110,14 +117,6 @@ std::string file_free_name(const char *stem, const char *ending) {
   for (int32_t number = 1;; number++) {
     const std::string name = numbered(stem, number, ending);
     std::error_code ignored;
-    if (!fs::exists(fs::symlink_status(name, ignored))) return name;
+    if (!fs::exists(fs::symlink_status(path_of(name), ignored))) return name;
   }
-}
-
-bool file_rename(const std::string &from, const std::string &to) {
-  // Unlike the C function, this one replaces the target on every system.
-  std::error_code error;
-  fs::rename(from, to, error);
-  if (error) errno = error.default_error_condition().value();
-  return !error;
 }

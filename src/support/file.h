@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <string>
 
-// Files that belong to the user: replaced whole or not at all.
+// Files that belong to the user: replaced whole or not at all. Names are UTF-8.
 
 // Opens a plain file for binary reading. Null, with errno, if it can't be: ENOENT if there is none,
 // EISDIR for a folder, ENOTSUP for what could keep the program waiting, such as a pipe.
@@ -28,10 +28,17 @@ bool file_replace_end(FileReplacement *file, bool complete);
 // `stem`, "-N" and `ending` with the smallest N from 1 up that no file has.
 std::string file_free_name(const char *stem, const char *ending);
 
-// Renames a file. False, with errno, if it can't be.
-bool file_rename(const std::string &from, const std::string &to);
-
 // What differs between systems.
+
+// Opens a file by its name in UTF-8, as std::fopen does. Null, with errno, if it can't be.
+FILE *file_stream(const std::string &name, const char *mode);
+
+// Makes a file that was not there and opens it for writing. Null, with errno, if it can't be:
+// EEXIST if there is one.
+FILE *file_create(const std::string &name, bool text);
+
+// Renames a file, over one that has the name. False, with errno, if it can't be.
+bool file_rename(const std::string &from, const std::string &to);
 
 // Hands what was written to the disk itself. False, with errno, on failure.
 bool file_sync(FILE *stream);

@@ -5,6 +5,18 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+FILE *file_stream(const std::string &name, const char *mode) {
+  return std::fopen(name.c_str(), mode);
+}
+
+FILE *file_create(const std::string &name, bool text) {
+  return std::fopen(name.c_str(), text ? "wtx" : "wbx");
+}
+
+bool file_rename(const std::string &from, const std::string &to) {
+  return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
 bool file_sync(FILE *stream) {
   return fsync(fileno(stream)) == 0;
 }

@@ -11,11 +11,13 @@
 void (*report_handler)(report_frame *frame) = report_print;
 int32_t report_no_wait = 0;
 void (*report_sleep)(int32_t milliseconds) = clock_sleep;
+void (*report_tell)(const char *sentence) = nullptr;
 
 namespace {
 
 constexpr const char *source = "report";
 constexpr int32_t fatal_wait = 2500; // milliseconds: the text would be gone otherwise
+constexpr size_t sentence_size = 1024;
 constexpr int32_t line_empty_stack = 92;
 constexpr int32_t line_unknown_type = 126;
 
@@ -176,10 +178,11 @@ uint32_t report_depth() {
 }
 
 void report_sentence(const char *format, ...) {
+  char sentence[sentence_size];
   std::va_list arguments;
   va_start(arguments, format);
-  std::fputs("vorel: ", stderr);
-  std::vfprintf(stderr, format, arguments);
-  std::fputc('\n', stderr);
+  std::vsnprintf(sentence, sizeof sentence, format, arguments);
   va_end(arguments);
+  std::fprintf(stderr, "vorel: %s\n", sentence);
+  if (report_tell != nullptr) report_tell(sentence);
 }

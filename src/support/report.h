@@ -60,6 +60,9 @@ double report_elapsed();
 // How many frames the stack has; 0 before the first report.
 uint32_t report_depth();
 
+// What sentences are also handed to, for users who don't see the standard error; null for nothing.
+extern void (*report_tell)(const char *sentence);
+
 // Tells the user one sentence on the standard error, after "vorel: ": what happened and what is
-// missing. printf's format.
+// missing. printf's format; up to 1023 characters.
 [[gnu::format(printf, 1, 2)]] void report_sentence(const char *format, ...);

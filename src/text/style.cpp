@@ -48,7 +48,7 @@ struct Value {
 
 Value value_of(const char *equals) {
   if (equals == nullptr) return {0, true, false, false};
-  const double number = std::atof(equals + 1);
+  const double number = std::strtod(equals + 1, nullptr);
   const bool hundredths = std::strchr(equals, '%') != nullptr;
   const bool pixels = std::strstr(equals, "px") != nullptr;
   return {hundredths && !pixels ? number * percent : number, false, pixels,

@@ -30,9 +30,10 @@ struct Line {
 };
 
 void build_fonts() {
+  const bool kept = gfx_context_alive() && fonts.count > 0; // another test may have ended a context
   picture_begin();
   textures_keep_component_count = 1;
-  if (fonts.count > 0) return;
+  if (kept) return;
   font_build(normal_font.data(), normal_font_size, "normal");
   uint32_t size = 0;
   uint8_t *bytes = fmod_generate(&size);

@@ -10,7 +10,9 @@ close_by() {
   esac
 }
 
-for way in q Escape window signal; do
+ways="q Escape window signal"
+on_windows && ways="q Escape window" # there are no polite signals
+for way in $ways; do
   rm -f maze_save.dat
   vorel_start
   close_by $way

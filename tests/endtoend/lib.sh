@@ -5,6 +5,16 @@ rm -rf ./endtoend-run
 mkdir endtoend-run
 cd endtoend-run
 
+# Whether the program under test is the Windows one, which an emulator runs.
+on_windows() {
+  [ -n "${WINEPREFIX:-}" ]
+}
+
+# lines FILE: a text of the program's, whose lines end in the way of its system.
+lines() {
+  tr -d '\r' <"$1"
+}
+
 fail() {
   echo "FAILED: $*" >&2
   [ ! -s vorel.err ] || sed 's/^/  vorel said: /' vorel.err >&2

@@ -45,11 +45,11 @@ odd=$(moved "$X" $((Y + 41)))
 hold 0.4 F4
 for _ in 1 2; do sleep 0.3 && hold 0.4 F6; done
 quit_cleanly
-grep -q '): 3$' config.txt || fail "the mode was not kept"
-grep -qx 'Swap stereo (Y/N): Y' config.txt || fail "the swap was not kept"
-grep -qx 'Stereo Depth: 0.06' config.txt || fail "the depth was not kept: $(grep Depth config.txt)"
+lines config.txt | grep -q '): 3$' || fail "the mode was not kept"
+lines config.txt | grep -qx 'Swap stereo (Y/N): Y' || fail "the swap was not kept"
+lines config.txt | grep -qx 'Stereo Depth: 0.06' || fail "the depth was not kept: $(grep Depth config.txt)"
 
-sed -i 's/): 3$/): 12/' config.txt
+sed -i 's/): 3\r\?$/): 12/' config.txt
 vorel_start
 shot now.png
 lit_below_the_prompt() {

@@ -83,3 +83,4 @@ void platform_show_cursor(bool shown) {
 void platform_message_box(const char *caption, const char *text) {
   fake.box = std::string(caption) + "|" + text;
 }
+void platform_tell(const char *) {}

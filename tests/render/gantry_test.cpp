@@ -94,6 +94,9 @@ TEST(Gantry, TexturesLeaveNoTraceAndCanDoWithTheWindow) {
   glClearColor(0, 0, 0, 0);
   EXPECT_LE(colour_distance(picture_colour(picture_take(), 300, 200), 0x8040BFu), 1);
   picture_begin();
+  int32_t window_alpha = 0;
+  glGetIntegerv(GL_ALPHA_BITS, &window_alpha);
+  if (window_alpha == 0) GTEST_SKIP() << "a window without alpha holds no plate";
   has_framebuffer_object = 0;
   const std::vector<uint8_t> taken = texture(0);
   has_framebuffer_object = -1;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <vector>
 
 #include "generate/flat.h"
@@ -248,7 +249,8 @@ TEST(Disc, PairsAreAtRightAnglesAndDiscsHaveTheirSize) {
     const uint32_t colour = picture_colour(picture, pixel % picture_width, pixel / picture_width);
     inside += colour == 0x123456;
   }
-  EXPECT_NEAR(inside, 3600 * std::sin(2 * M_PI / 23) * 23 / 2, 40); // a polygon of 23 sides
+  EXPECT_NEAR(inside, 3600 * std::sin(2 * std::numbers::pi / 23) * 23 / 2,
+              40);                                   // a polygon of 23 sides
   fan_disc({0, 0, 1}, 1e18, 0x654321, world.camera); // must not ask for segments without end
   EXPECT_EQ(picture_colour(picture_take(), pixel_x(8), pixel_y(8)), 0x654321U);
 }

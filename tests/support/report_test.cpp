@@ -8,6 +8,7 @@
 #include <iterator>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -91,7 +92,8 @@ static std::string printed(report_frame frame, const char *input) {
   report_print(&frame);
   std::string text = testing::internal::GetCapturedStdout();
   const int32_t next = std::getchar();
-  std::filesystem::remove(input_path);
+  std::error_code open_still; // which some systems don't remove
+  std::filesystem::remove(input_path, open_still);
   std::ostringstream all;
   all << text << '|' << frame.answer;
   if (next != EOF) all << '|' << static_cast<char>(next);
@@ -137,4 +139,18 @@ TEST(ReportDeathTest, WrongReportsAreFatal) {
     EXPECT_EXIT(fail(type), testing::ExitedWithCode(1),
                 "^report126Unknown ReportType in report_inner$");
   EXPECT_EXIT(fail(5), testing::ExitedWithCode(1), "^report_test3words$");
+}
+
+TEST(Report, SentencesAreAlsoHandedOn) {
+  static std::string told;
+  report_tell = [](const char *sentence) { told = sentence; };
+  const std::string longest(2000, 'x'); // and is cut
+  for (const auto &[text, cut] : {std::pair{std::string("a 5%"), std::string("no a 5%")},
+                                  std::pair{longest, "no " + longest.substr(0, 1020)}}) {
+    testing::internal::CaptureStderr();
+    report_sentence("no %s", text.c_str());
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "vorel: " + cut + "\n");
+    EXPECT_EQ(told, cut);
+  }
+  report_tell = nullptr;
 }

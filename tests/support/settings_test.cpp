@@ -12,8 +12,9 @@ namespace {
 
 const std::string path = testing::TempDir() + "vorel_settings_test." + std::to_string(getpid());
 
+// As text: lines end in the system's way.
 std::string contents() {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(path);
   return std::string(std::istreambuf_iterator<char>(file), {});
 }
 

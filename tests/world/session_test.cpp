@@ -13,7 +13,6 @@
 #include <vector>
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include "generate/choose.h"
@@ -258,30 +257,6 @@ TEST(Session, NumbersThatAreNoneArePutRight) {
   EXPECT_TRUE(is_finite(world.camera));
   World_free(&world);
   World_free(&saved);
-  std::filesystem::remove(path);
-}
-
-// The disk is full after 64 KiB, as far as this process can tell.
-TEST(Session, FailedSaveLeavesTheOldFileAndNothingElse) {
-  World small = small_world(), large;
-  ASSERT_TRUE(World_save(&small, path.c_str()));
-  rand_seed(1);
-  World_new(&large, 2);
-  rlimit before;
-  getrlimit(RLIMIT_FSIZE, &before);
-  const rlimit limit = {65536, before.rlim_max};
-  setrlimit(RLIMIT_FSIZE, &limit);
-  errno = 0;
-  const bool saved = World_save(&large, path.c_str());
-  const int cause = errno;
-  setrlimit(RLIMIT_FSIZE, &before);
-  EXPECT_TRUE(!saved && cause == EFBIG);
-  EXPECT_EQ(file_bytes(), small_layout().bytes);
-  EXPECT_FALSE(std::filesystem::exists(path + ".new-1"));
-  EXPECT_TRUE(World_save(&large, path.c_str()));
-  EXPECT_FALSE(World_save(&large, "/nonexistent/maze_save.dat"));
-  World_free(&small);
-  World_free(&large);
   std::filesystem::remove(path);
 }
 

@@ -1,0 +1,351 @@
+#include "gfx/platform.h"
+
+#include <cstdio>
+#include <string>
+
+#include <windows.h>
+
+#include "gfx/gl_util.h"
+#include "gfx/input.h"
+#include "gfx/window.h"
+
+namespace {
+
+constexpr const char *class_name = "OpenGL WinClass";
+constexpr UINT class_style = CS_VREDRAW | CS_HREDRAW | CS_OWNDC;
+constexpr DWORD seen_style = WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN;
+constexpr DWORD framed_style =
+    seen_style | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
+constexpr DWORD bare_style = seen_style | WS_POPUP;
+constexpr UINT box_style = MB_ICONHAND | MB_SETFOREGROUND;
+constexpr WPARAM button_mask = MK_LBUTTON | MK_RBUTTON | MK_MBUTTON;
+static_assert(mouse_left == MK_LBUTTON && mouse_right == MK_RBUTTON && mouse_middle == MK_MBUTTON);
+const char *const icon_resource = MAKEINTRESOURCEA(1);
+
+HICON class_icon; // none: the window itself is given the program's
+HWND window_handle;
+HDC device_context;
+HGLRC gl_context;
+bool cursor_hidden;
+char fault[512];
+
+int32_t has_swap_control = -1;
+BOOL(WINAPI *swap_interval_proc)(int frames);
+
+void take_fault() {
+  const DWORD how = FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS |
+                    FORMAT_MESSAGE_MAX_WIDTH_MASK; // on one line
+  const DWORD error = GetLastError();
+  DWORD length = 0;
+  if (error != ERROR_SUCCESS)
+    length = FormatMessageA(how, nullptr, error, 0, fault, sizeof fault, nullptr);
+  while (length > 0 && (fault[length - 1] == ' ' || fault[length - 1] == '.'))
+    length--;
+  fault[length] = '\0';
+  if (length == 0) std::snprintf(fault, sizeof fault, "%s", "no reason was given");
+}
+
+// The messages of each group; false for one that is left to the system.
+bool window_message(UINT message, LPARAM lparam) {
+  switch (message) {
+  case WM_CLOSE:
+  case WM_DESTROY:
+    gfx_close_requested();
+    return true;
+  case WM_SIZE: // the first comes before there is a context
+    gfx_resize(LOWORD(lparam), HIWORD(lparam));
+    return true;
+  default:
+    return false;
+  }
+}
+
+bool key_message(UINT message, WPARAM wparam) {
+  switch (message) {
+  case WM_CHAR:
+    input_char_message(static_cast<uint32_t>(wparam & 0xFF));
+    return true;
+  case WM_SYSKEYDOWN: // Alt and F10 would open the window's menu, which stops the frames
+    return true;
+  default:
+    return false;
+  }
+}
+
+bool mouse_message(UINT message, WPARAM wparam, LPARAM lparam) {
+  switch (message) {
+  case WM_MOUSEMOVE:
+  case WM_LBUTTONDOWN:
+  case WM_LBUTTONUP:
+  case WM_RBUTTONDOWN:
+  case WM_RBUTTONUP:
+  case WM_MBUTTONDOWN:
+  case WM_MBUTTONUP:
+    input_mouse_message(static_cast<uint32_t>(wparam & button_mask), LOWORD(lparam),
+                        HIWORD(lparam));
+    return true;
+  case WM_MOUSEWHEEL: // the turn, with its sign, is the upper half of 32 bits
+    input_wheel_message(static_cast<int32_t>(static_cast<uint32_t>(wparam)));
+    return true;
+  case WM_GESTURE:
+    input_gesture_message(wparam, lparam);
+    return true;
+  default:
+    return false;
+  }
+}
+
+LRESULT CALLBACK gfx_window_proc(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  const bool taken = window_message(message, lparam) || key_message(message, wparam) ||
+                     mouse_message(message, wparam, lparam);
+  return taken ? 0 : DefWindowProcA(window, message, wparam, lparam);
+}
+
+bool register_class(HINSTANCE instance) {
+  WNDCLASSA window_class = {};
+  window_class.style = class_style;
+  window_class.lpfnWndProc = gfx_window_proc;
+  window_class.hInstance = instance;
+  window_class.hIcon = class_icon;
+  window_class.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+  window_class.lpszClassName = class_name;
+  return RegisterClassA(&window_class) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+}
+
+bool create_window(const PlatformWindowRequest &request, HINSTANCE instance) {
+  const MonitorRect &outer = request.outer;
+  window_handle =
+      CreateWindowExA(0, class_name, request.title, request.framed ? framed_style : bare_style,
+                      outer.left, outer.top, outer.right - outer.left, outer.bottom - outer.top,
+                      nullptr, nullptr, instance, nullptr);
+  return window_handle != nullptr;
+}
+
+// The program's own icon, in both sizes that are shown.
+void set_icon(HINSTANCE instance) {
+  const auto load = [instance](int width, int height) {
+    return reinterpret_cast<LPARAM>(
+        LoadImageA(instance, icon_resource, IMAGE_ICON, width, height, LR_SHARED));
+  };
+  SendMessageA(window_handle, WM_SETICON, ICON_BIG,
+               load(GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)));
+  SendMessageA(window_handle, WM_SETICON, ICON_SMALL,
+               load(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)));
+}
+
+PIXELFORMATDESCRIPTOR pixel_format() {
+  PIXELFORMATDESCRIPTOR format = {};
+  format.nSize = sizeof format;
+  format.nVersion = 1;
+  format.dwFlags = PFD_DRAW_TO_WINDOW | PFD_SUPPORT_OPENGL | PFD_DOUBLEBUFFER;
+  format.iPixelType = PFD_TYPE_RGBA;
+  format.cColorBits = 24;
+  format.cDepthBits = 32;
+  format.iLayerType = PFD_MAIN_PLANE;
+  return format;
+}
+
+PlatformOpen create_context() {
+  device_context = GetDC(window_handle);
+  const PIXELFORMATDESCRIPTOR wanted = pixel_format();
+  const int format = ChoosePixelFormat(device_context, &wanted);
+  if (format == 0) return PlatformOpen::no_pixel_format;
+  if (SetPixelFormat(device_context, format, &wanted) == FALSE)
+    return PlatformOpen::bad_pixel_format;
+  gl_context = wglCreateContext(device_context);
+  if (gl_context == nullptr) return PlatformOpen::no_context;
+  if (wglMakeCurrent(device_context, gl_context) == FALSE) return PlatformOpen::no_current;
+  return PlatformOpen::ok;
+}
+
+// A display that can't do it stays as it is, and the window covers a part of it.
+void change_display_mode(int32_t width, int32_t height) {
+  DEVMODEA mode = {};
+  static_assert(sizeof mode == 156);
+  mode.dmSize = sizeof mode;
+  mode.dmFields = DM_PELSWIDTH | DM_PELSHEIGHT;
+  mode.dmPelsWidth = static_cast<DWORD>(width);
+  mode.dmPelsHeight = static_cast<DWORD>(height);
+  ChangeDisplaySettingsA(&mode, CDS_FULLSCREEN);
+}
+
+struct MonitorList {
+  MonitorRect *out;
+  int32_t room, count;
+};
+
+MonitorRect edges(const RECT &rect) {
+  return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
+BOOL CALLBACK take_monitor(HMONITOR monitor, HDC, RECT *rect, LPARAM to) {
+  MonitorList *list = reinterpret_cast<MonitorList *>(to);
+  if (list->count < list->room) list->out[list->count] = edges(*rect);
+  list->count++;
+  CloseHandle(monitor); // refused by systems whose monitors are no handles of the process
+  return TRUE;
+}
+
+// Drivers answer with small numbers, too, where they have no such entry point.
+bool is_entry_point(PROC proc) {
+  const auto number = reinterpret_cast<intptr_t>(proc);
+  return number < -1 || number > 3;
+}
+
+} // namespace
+
+void platform_dpi_aware() {
+  const HMODULE library = LoadLibraryA("user32.dll");
+  if (library == nullptr) return;
+  const auto aware = reinterpret_cast<BOOL(WINAPI *)()>(
+      reinterpret_cast<void *>(GetProcAddress(library, "SetProcessDPIAware")));
+  if (aware != nullptr) aware();
+  FreeLibrary(library);
+}
+
+bool platform_connect() {
+  return true; // there is always a display; what it lacks shows when the window is opened
+}
+
+PlatformMetrics platform_metrics() {
+  PlatformMetrics metrics = {};
+  metrics.primary_width = GetSystemMetrics(SM_CXSCREEN);
+  metrics.primary_height = GetSystemMetrics(SM_CYSCREEN);
+  const int32_t left = GetSystemMetrics(SM_XVIRTUALSCREEN);
+  const int32_t top = GetSystemMetrics(SM_YVIRTUALSCREEN);
+  metrics.virtual_desktop = {left, top, left + GetSystemMetrics(SM_CXVIRTUALSCREEN),
+                             top + GetSystemMetrics(SM_CYVIRTUALSCREEN)};
+  metrics.frame_width = GetSystemMetrics(SM_CXFRAME);
+  metrics.frame_height = GetSystemMetrics(SM_CYFRAME);
+  metrics.caption_height = GetSystemMetrics(SM_CYCAPTION);
+  return metrics;
+}
+
+int32_t platform_monitors(MonitorRect *out, int32_t room) {
+  MonitorList list = {out, room, 0};
+  EnumDisplayMonitors(nullptr, nullptr, take_monitor, reinterpret_cast<LPARAM>(&list));
+  return list.count;
+}
+
+PlatformOpen platform_open(const PlatformWindowRequest *request) {
+  const HINSTANCE instance = GetModuleHandleA(nullptr);
+  PlatformOpen stage = PlatformOpen::ok;
+  if (!register_class(instance))
+    stage = PlatformOpen::no_class;
+  else if (!create_window(*request, instance))
+    stage = PlatformOpen::no_window;
+  else
+    stage = create_context();
+  if (stage != PlatformOpen::ok) {
+    take_fault();
+    return stage;
+  }
+  set_icon(instance);
+  if (request->change_display_mode)
+    change_display_mode(request->client_width, request->client_height);
+  return stage;
+}
+
+const char *platform_fault() {
+  return fault;
+}
+
+// Two requests to close can come in one round of messages.
+void platform_close() {
+  if (windowed == 0) ChangeDisplaySettingsA(nullptr, 0);
+  if (gl_context == nullptr) return;
+  wglMakeCurrent(device_context, nullptr);
+  wglDeleteContext(gl_context);
+  gl_context = nullptr;
+  ReleaseDC(window_handle, device_context);
+  device_context = nullptr;
+}
+
+// The library's own symbols are those of OpenGL 1.1, which the driver does not tell by name.
+void *platform_gl_proc(const char *name) {
+  PROC proc = wglGetProcAddress(name);
+  if (!is_entry_point(proc)) proc = GetProcAddress(GetModuleHandleA("opengl32.dll"), name);
+  return reinterpret_cast<void *>(proc);
+}
+
+void platform_swap_buffers() {
+  SwapBuffers(device_context);
+}
+
+void platform_swap_interval(int32_t frames) {
+  if (!gl_has_extension(&has_swap_control, "WGL_EXT_swap_control")) return;
+  if (swap_interval_proc == nullptr)
+    swap_interval_proc =
+        reinterpret_cast<BOOL(WINAPI *)(int)>(platform_gl_proc("wglSwapIntervalEXT"));
+  if (swap_interval_proc != nullptr) swap_interval_proc(frames);
+}
+
+bool platform_messages() {
+  MSG message;
+  while (PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE) != FALSE) {
+    if (GetMessageA(&message, nullptr, 0, 0) == 0) return true;
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+  }
+  return false;
+}
+
+bool platform_is_minimised() {
+  return IsIconic(window_handle) != FALSE;
+}
+
+void platform_minimise() {
+  CloseWindow(window_handle); // which only minimises
+}
+
+void platform_keep_on_top() {
+  SetWindowPos(window_handle, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE);
+}
+
+void platform_key_snapshot(uint8_t keys[256]) {
+  GetKeyboardState(keys);
+}
+
+MonitorRect platform_window_rect() {
+  RECT rect = {};
+  GetWindowRect(window_handle, &rect);
+  return edges(rect);
+}
+
+PlatformPoint platform_cursor() {
+  POINT cursor = {};
+  GetCursorPos(&cursor);
+  return {cursor.x, cursor.y};
+}
+
+bool platform_set_cursor(PlatformPoint place) {
+  return SetCursorPos(place.x, place.y) != FALSE;
+}
+
+// The cursor can be moved but while another desktop, such as that of a password, is shown.
+PlatformPoint platform_relative_motion() {
+  return {0, 0};
+}
+
+// The system counts the calls.
+void platform_show_cursor(bool shown) {
+  if (shown != cursor_hidden) return;
+  ShowCursor(shown ? TRUE : FALSE);
+  cursor_hidden = !shown;
+}
+
+void platform_message_box(const char *caption, const char *text) {
+  const bool was_hidden = cursor_hidden;
+  platform_show_cursor(true); // to answer with
+  MessageBoxA(window_handle, text, caption, box_style);
+  if (was_hidden) platform_show_cursor(false);
+}
+
+// A program with windows has a standard error only where its starter gave it one.
+void platform_tell(const char *sentence) {
+  if (GetFileType(GetStdHandle(STD_ERROR_HANDLE)) != FILE_TYPE_UNKNOWN) return;
+  std::string text = sentence;
+  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z')
+    text[0] = static_cast<char>(text[0] - 'a' + 'A');
+  platform_message_box("Vorel", text.c_str());
+}

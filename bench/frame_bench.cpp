@@ -132,14 +132,19 @@ void choose(const Plot &plot) {
 
 GLuint recorded[2];
 
-void record_plot() {
+// 0 for the far depth slab, 1 for the near one.
+void load_slab(int slab) {
   float projection[16];
   projection_perspective(width, height, projection);
+  (slab == 0 ? projection_far_slab : projection_near_slab)(projection);
+  glMatrixMode(GL_PROJECTION);
+  glLoadMatrixf(projection);
+  glMatrixMode(GL_MODELVIEW);
+}
+
+void record_plot() {
   for (int slab = 0; slab < 2; slab++) {
-    (slab == 0 ? projection_far_slab : projection_near_slab)(projection);
-    glMatrixMode(GL_PROJECTION);
-    glLoadMatrixf(projection);
-    glMatrixMode(GL_MODELVIEW);
+    load_slab(slab);
     plot_world(&world); // what is built at the first use must not be recorded
     if (recorded[slab] == 0) recorded[slab] = glGenLists(1);
     glNewList(recorded[slab], GL_COMPILE);
@@ -149,13 +154,8 @@ void record_plot() {
 }
 
 void recorded_frame() {
-  float projection[16];
-  projection_perspective(width, height, projection);
   for (int slab = 0; slab < 2; slab++) {
-    (slab == 0 ? projection_far_slab : projection_near_slab)(projection);
-    glMatrixMode(GL_PROJECTION);
-    glLoadMatrixf(projection);
-    glMatrixMode(GL_MODELVIEW);
+    load_slab(slab);
     glClear(GL_DEPTH_BUFFER_BIT);
     glCallList(recorded[slab]);
   }

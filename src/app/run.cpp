@@ -101,7 +101,7 @@ void run_end(Run *run) {
 }
 
 int run_program() {
-  report_tell = platform_tell;
+  platform_begin();
   Run run;
   if (!run_start(&run)) return 0;
   // A close request drops the context at once, in the very first pump too.

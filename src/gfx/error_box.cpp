@@ -5,11 +5,10 @@
 
 #include "gfx/platform.h"
 #include "gfx/window.h"
-#include "support/clock.h"
 
 void gfx_log_error(const char *text) {
-  char stamp[clock_stamp_size];
-  clock_stamp(stamp);
+  char stamp[platform_date_size];
+  platform_date(stamp);
   std::FILE *log = std::fopen("graphics_error.log", "at");
   if (log == nullptr) return;
   std::fprintf(log, "%s %s\n", stamp, text);

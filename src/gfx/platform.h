@@ -43,6 +43,11 @@ enum class PlatformOpen {
   no_current
 };
 
+// Hands what the system has of its own to the ground floor, before anything else is called: its
+// clock, its thread numbers and its sleep, and a way to tell sentences to a user who has no
+// standard error to read them from.
+void platform_begin();
+
 // Connects to the display. False, with platform_fault told, if there is none.
 bool platform_connect();
 
@@ -96,5 +101,7 @@ void platform_show_cursor(bool shown);
 // A box with an error sign and one button; returns when it was answered.
 void platform_message_box(const char *caption, const char *text);
 
-// Shows a sentence to a user who has no standard error to read it from.
-void platform_tell(const char *sentence);
+// Puts the local date and time there, as "2018-Jan-31 23:59:59" with the month in the user's
+// language; an empty text if it can't be told.
+constexpr int32_t platform_date_size = 64;
+void platform_date(char date[platform_date_size]);

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 
 #include <SDL.h>
 
@@ -423,4 +424,11 @@ void platform_message_box(const char *caption, const char *text) {
     report_sentence("%s: %s", caption, text);
 }
 
-void platform_tell(const char *) {} // whoever starts programs keeps their standard error
+void platform_begin() {} // the library's own will do, and whoever starts programs sees their errors
+
+void platform_date(char date[platform_date_size]) {
+  const std::time_t now = std::time(nullptr);
+  const std::tm *local = std::localtime(&now);
+  if (local == nullptr || std::strftime(date, platform_date_size, "%Y-%b-%d %H:%M:%S", local) == 0)
+    date[0] = '\0';
+}

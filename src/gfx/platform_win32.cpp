@@ -8,6 +8,8 @@
 #include "gfx/gl_util.h"
 #include "gfx/input.h"
 #include "gfx/window.h"
+#include "support/clock.h"
+#include "support/report.h"
 
 namespace {
 
@@ -192,6 +194,42 @@ bool is_entry_point(PROC proc) {
   return number < -1 || number > 3;
 }
 
+bool counter_frequency(int32_t *high, uint32_t *low) {
+  LARGE_INTEGER number = {};
+  if (QueryPerformanceFrequency(&number) == 0) return false;
+  *high = number.u.HighPart;
+  *low = number.u.LowPart;
+  return true;
+}
+
+void counter_reading(int32_t *high, uint32_t *low) {
+  LARGE_INTEGER number = {};
+  QueryPerformanceCounter(&number);
+  *high = number.u.HighPart;
+  *low = number.u.LowPart;
+}
+
+uint32_t ticks() {
+  return GetTickCount();
+}
+
+uint32_t thread_number() {
+  return GetCurrentThreadId();
+}
+
+void wait(int32_t milliseconds) {
+  Sleep(static_cast<DWORD>(milliseconds));
+}
+
+// A program with windows has a standard error only where its starter gave it one.
+void tell(const char *sentence) {
+  if (GetFileType(GetStdHandle(STD_ERROR_HANDLE)) != FILE_TYPE_UNKNOWN) return;
+  std::string text = sentence;
+  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z')
+    text[0] = static_cast<char>(text[0] - 'a' + 'A');
+  platform_message_box("Vorel", text.c_str());
+}
+
 } // namespace
 
 void platform_dpi_aware() {
@@ -201,6 +239,13 @@ void platform_dpi_aware() {
       reinterpret_cast<void *>(GetProcAddress(library, "SetProcessDPIAware")));
   if (aware != nullptr) aware();
   FreeLibrary(library);
+}
+
+void platform_begin() {
+  clock_source = {counter_frequency, counter_reading, ticks};
+  report_thread = thread_number;
+  report_sleep = wait;
+  report_tell = tell;
 }
 
 bool platform_connect() {
@@ -341,11 +386,13 @@ void platform_message_box(const char *caption, const char *text) {
   if (was_hidden) platform_show_cursor(false);
 }
 
-// A program with windows has a standard error only where its starter gave it one.
-void platform_tell(const char *sentence) {
-  if (GetFileType(GetStdHandle(STD_ERROR_HANDLE)) != FILE_TYPE_UNKNOWN) return;
-  std::string text = sentence;
-  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z')
-    text[0] = static_cast<char>(text[0] - 'a' + 'A');
-  platform_message_box("Vorel", text.c_str());
+void platform_date(char date[platform_date_size]) {
+  char day[32] = "";
+  char time[16] = "";
+  date[0] = '\0';
+  if (GetDateFormatA(LOCALE_USER_DEFAULT, 0, nullptr, "yyyy-MMM-dd", day, sizeof day) == 0) return;
+  if (GetTimeFormatA(LOCALE_USER_DEFAULT, TIME_FORCE24HOURFORMAT, nullptr, "HH:mm:ss", time,
+                     sizeof time) == 0)
+    return;
+  std::snprintf(date, platform_date_size, "%s %s", day, time);
 }

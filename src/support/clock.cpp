@@ -1,6 +1,31 @@
 #include "support/clock.h"
 
+#include <chrono>
+#include <functional>
+#include <thread>
+
 namespace {
+
+int64_t steady_nanoseconds() {
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
+}
+
+bool steady_frequency(int32_t *high, uint32_t *low) {
+  *high = 0;
+  *low = 1000000000;
+  return true;
+}
+
+void steady_counter(int32_t *high, uint32_t *low) {
+  const int64_t count = steady_nanoseconds();
+  *high = static_cast<int32_t>(count >> 32);
+  *low = static_cast<uint32_t>(count & 0xFFFFFFFF);
+}
+
+uint32_t steady_ticks() {
+  return static_cast<uint32_t>(steady_nanoseconds() / 1000000);
+}
 
 double seconds_per_count = 0.0;
 
@@ -33,6 +58,8 @@ double select_clock() {
 
 } // namespace
 
+ClockSource clock_source = {steady_frequency, steady_counter, steady_ticks};
+
 double (*gfx_clock)() = select_clock;
 
 void clock_reset() {
@@ -41,4 +68,12 @@ void clock_reset() {
 
 uint32_t clock_ticks() {
   return clock_source.ticks();
+}
+
+uint32_t clock_thread() {
+  return static_cast<uint32_t>(std::hash<std::thread::id>()(std::this_thread::get_id()));
+}
+
+void clock_sleep(int32_t milliseconds) {
+  std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }

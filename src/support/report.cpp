@@ -11,6 +11,7 @@
 void (*report_handler)(report_frame *frame) = report_print;
 int32_t report_no_wait = 0;
 void (*report_sleep)(int32_t milliseconds) = clock_sleep;
+uint32_t (*report_thread)() = clock_thread;
 void (*report_tell)(const char *sentence) = nullptr;
 
 namespace {
@@ -71,7 +72,7 @@ void end_operation() {
 void stamp(report_frame *frame, const char *file, int32_t line) {
   frame->file = file;
   frame->line = line;
-  frame->thread = clock_thread();
+  frame->thread = report_thread();
   frame->time = gfx_clock();
 }
 

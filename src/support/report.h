@@ -34,8 +34,10 @@ extern void (*report_handler)(report_frame *frame);
 // Whether warnings go on without a key.
 extern int32_t report_no_wait;
 
-// What a fatal report waits with; tests replace it.
+// What a fatal report waits with, and what gives the number of the running thread; a platform with
+// calls of its own, and tests, replace them.
 extern void (*report_sleep)(int32_t milliseconds);
+extern uint32_t (*report_thread)();
 
 // Makes a report of one of the types but report_progress and returns its answer. With `copy_text`
 // the text is a temporary of which a copy is kept; without, it must outlive its frame. An unknown

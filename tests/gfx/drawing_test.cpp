@@ -1,3 +1,4 @@
+#include <cstdio>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -157,6 +158,18 @@ TEST_F(Drawing, OddSizesStayInsideTheBuffer) {
     texture_upload(GL_TEXTURE_2D, 3, w, h, pixels.data());
     EXPECT_EQ(pixels[0], 200) << w << "x" << h;
   }
+}
+
+TEST_F(Drawing, TheDateIsOfItsFixedForm) {
+  char date[platform_date_size];
+  platform_date(date);
+  int number[5];
+  int end = 0;
+  EXPECT_EQ(std::sscanf(date, "%4d-%*3[A-Za-z]-%2d %2d:%2d:%2d%n", &number[0], &number[1],
+                        &number[2], &number[3], &number[4], &end),
+            5)
+      << date;
+  EXPECT_EQ(date[end], '\0');
 }
 
 // Last: the context is gone afterwards. No driver without a display can move the cursor: the

@@ -1,5 +1,6 @@
 #include "gfx/fake_platform.h"
 
+#include <cstdio>
 #include <algorithm>
 #include <cstring>
 
@@ -83,4 +84,7 @@ void platform_show_cursor(bool shown) {
 void platform_message_box(const char *caption, const char *text) {
   fake.box = std::string(caption) + "|" + text;
 }
-void platform_tell(const char *) {}
+void platform_begin() {}
+void platform_date(char date[platform_date_size]) {
+  std::snprintf(date, platform_date_size, "2018-Jan-31 23:59:59");
+}

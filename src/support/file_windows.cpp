@@ -56,7 +56,10 @@ bool file_rename(const std::string &from, const std::string &to) {
     if (error != std::errc::permission_denied) break;
     clock_sleep(rename_wait);
   }
-  errno = error.default_error_condition().value();
+  const int reason = error.default_error_condition().value();
+  const bool missing =
+      !std::filesystem::exists(path_of(from), error); // told as a fault of the disk
+  errno = missing ? ENOENT : reason;
   return false;
 }
 

@@ -16,6 +16,7 @@
 #include "plot_literal.h"
 #include "render/apply_view.h"
 #include "render/ballstick.h"
+#include "render/fixed_plot.h"
 #include "render/gantry_plot.h"
 #include "render/line_lists.h"
 #include "render/line_plot.h"
@@ -81,6 +82,17 @@ void plates(const World *world) {
 
 void ground(const World *world) {
   voronoi_plot(world->root, world);
+}
+
+// Leaves out what the line plot knows to lie outside.
+void processor(const World *world) {
+  line_lists(world->root, 1);
+  fixed_plot(world->root, world, 1);
+}
+
+void literal_processor(const World *world) {
+  Attachment_drop_tree(world->root, "lists");
+  fixed_plot(world->root, world, 1);
 }
 
 // One list a pass and slab, of all mazes that can be seen in it.
@@ -243,6 +255,8 @@ void add_all() {
     add("gantry", view, "vorel", plates);
     add("ground", view, "literal", literal_voronoi_plot);
     add("ground", view, "vorel", ground);
+    add("processor", view, "literal", literal_processor);
+    add("processor", view, "vorel", processor);
   }
   using benchmark::RegisterBenchmark;
   RegisterBenchmark("step/literal", step_literal)->Unit(benchmark::kMillisecond);

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int32_t chunk_nodes = 128;
+constexpr int32_t chunk_nodes = 256;
 
 constexpr double marker_size = 1.5; // in half-widths of the user's level
 constexpr float light_colour = 5.0F;

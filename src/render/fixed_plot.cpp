@@ -5,6 +5,7 @@
 #include "maze/pos.h"
 #include "render/disc.h"
 #include "render/edge_colour.h"
+#include "render/line_lists.h"
 #include "render/maze_label.h"
 #include "render/plot.h"
 #include "render/shader_procs.h"
@@ -17,6 +18,7 @@ namespace {
 constexpr double far_limit = 100.0; // from the eye, world units
 constexpr double inner_part = 0.6;  // of the half-width, for the inner band and disc
 constexpr double disc_before = 1.5; // half-widths by which a node's dark disc stands forward
+constexpr double reach = 2.5; // half-widths by which anything drawn reaches out of places, at most
 
 GLuint disc_program;
 
@@ -105,41 +107,91 @@ bool is_plain(Pos pos) {
   return maze_nodes(pos.maze)[pos.node].submaze == nullptr;
 }
 
-void ribbon_pass(Maze *maze, const World *world, int32_t all_levels) {
-  glBegin(GL_QUADS);
-  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
-    const Pos here = {maze, i};
-    if (is_plain(here) && is_near(Pos_position(here), world))
-      node_edges(here, world, all_levels, true);
+// Some of a maze's nodes, from `first` to before `end`.
+struct Run {
+  int32_t first, end;
+};
+
+// What of a maze may come into sight, last nodes first. The line plot knows where things lie; all
+// else has to be drawn.
+GrowList runs_in_sight(const Maze *maze, const LineLists *lists, const Sight &sight) {
+  GrowList runs;
+  GrowList_init(&runs, sizeof(Run));
+  if (lists == nullptr) {
+    const Run whole = {0, maze_count(maze)};
+    GrowList_append(&runs, &whole);
+    return runs;
   }
+  for (uint32_t k = 0; k < lists->chunks.count; k++) {
+    const LineChunk &chunk = rows<LineChunk>(lists->chunks)[k];
+    const Run run = {chunk.first, chunk.first + chunk.count};
+    if (!Sight_excludes(sight, chunk.bounds.box, reach * maze->halfwidth, sight_planes))
+      GrowList_append(&runs, &run);
+  }
+  return runs;
+}
+
+// Calls `draw` for the plain nodes of the runs that are near, or that are far, last nodes first.
+template <typename Draw>
+void each_plain(Maze *maze, const GrowList &runs, bool (*at)(Vec3, const World *),
+                const World *world, Draw draw) {
+  for (uint32_t k = 0; k < runs.count; k++) {
+    const Run run = rows<Run>(runs)[k];
+    for (int32_t i = run.end - 1; i >= run.first; i--) {
+      const Pos here = {maze, i};
+      if (is_plain(here) && at(Pos_position(here), world)) draw(here);
+    }
+  }
+}
+
+void ribbon_pass(Maze *maze, const GrowList &runs, const World *world, int32_t all_levels) {
+  glBegin(GL_QUADS);
+  each_plain(maze, runs, is_near, world,
+             [&](Pos here) { node_edges(here, world, all_levels, true); });
   glEnd();
 }
 
-void disc_pass(Maze *maze, const World *world) {
+void disc_pass(Maze *maze, const GrowList &runs, const World *world) {
   if (disc_program == 0) {
     disc_program =
         program_build(&shader_disc_vertex, 1, &shader_disc_fragment, 1, nullptr, nullptr, nullptr);
   }
   gl2.use_program(disc_program);
   glBegin(GL_QUADS);
-  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
-    const Pos here = {maze, i};
-    if (is_plain(here) && is_near(Pos_position(here), world)) node_discs(here, world);
-  }
+  each_plain(maze, runs, is_near, world, [&](Pos here) { node_discs(here, world); });
   glEnd();
   gl2.use_program(0);
 }
 
-void line_pass(Maze *maze, const World *world, int32_t all_levels) {
+void line_pass(Maze *maze, const GrowList &runs, const World *world, int32_t all_levels) {
   if (plot_smooth_lines != 0) smooth_lines_on(0, 1.5F);
   glBegin(GL_LINES);
-  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
-    const Pos here = {maze, i};
-    if (is_plain(here) && is_far(Pos_position(here), world))
-      node_edges(here, world, all_levels, false);
-  }
+  each_plain(maze, runs, is_far, world,
+             [&](Pos here) { node_edges(here, world, all_levels, false); });
   glEnd();
   if (plot_smooth_lines != 0) smooth_lines_off();
+}
+
+void plot_tree(Maze *maze, const World *world, int32_t all_levels, const Sight &sight) {
+  if (maze->name != nullptr) maze_label(maze);
+  const LineLists *lists = all_levels != 0 ? line_lists_known(maze) : nullptr;
+  GrowList runs = runs_in_sight(maze, lists, sight);
+  if (runs.count > 0) {
+    ribbon_pass(maze, runs, world, all_levels);
+    disc_pass(maze, runs, world);
+    line_pass(maze, runs, world, all_levels);
+  }
+  GrowList_free(&runs);
+  if (all_levels == 0) return;
+  if (lists != nullptr) {
+    for (uint32_t i = 0; i < lists->below.count; i++)
+      plot_tree(rows<LineBelow>(lists->below)[i].maze, world, 1, sight);
+    return;
+  }
+  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
+    Maze *submaze = maze_nodes(maze)[i].submaze;
+    if (submaze != nullptr) plot_tree(submaze, world, 1, sight);
+  }
 }
 
 } // namespace
@@ -159,13 +211,5 @@ void billboard_disc(Vec3 centre, double radius, uint32_t colour, Vec3 eye) {
 }
 
 void fixed_plot(Maze *maze, const World *world, int32_t all_levels) {
-  if (maze->name != nullptr) maze_label(maze);
-  ribbon_pass(maze, world, all_levels);
-  disc_pass(maze, world);
-  line_pass(maze, world, all_levels);
-  if (all_levels == 0) return;
-  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
-    Maze *submaze = maze_nodes(maze)[i].submaze;
-    if (submaze != nullptr) fixed_plot(submaze, world, 1);
-  }
+  plot_tree(maze, world, all_levels, sight_now(world->camera));
 }

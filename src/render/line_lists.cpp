@@ -96,7 +96,7 @@ LineLists *lists_new(const Maze *maze) {
 void collect(LineLists *lists, Maze *maze, int32_t all_levels) {
   for (int32_t end = maze_count(maze); end > 0; end -= chunk_nodes) {
     const int32_t first = std::max(end - chunk_nodes, 0);
-    LineChunk chunk = {{}, GL_FALSE, {box_empty, maze->halfwidth}};
+    LineChunk chunk = {first, end - first, {}, GL_FALSE, {box_empty, maze->halfwidth}};
     line_collect_ribbons(maze, first, end, all_levels, &lists->ribbons, &chunk.bounds.box);
     line_collect_discs(maze, first, end, &lists->discs, &chunk.bounds.box);
     chunk.end[0] = lists->ribbons.count;
@@ -144,8 +144,12 @@ LineLists *lists_make(Maze *maze, int32_t all_levels) {
   return lists;
 }
 
+LineLists *find(const Maze *maze) {
+  return reinterpret_cast<LineLists *>(Attachment_find(maze, lists_name));
+}
+
 LineLists *find_or_make(Maze *maze, int32_t all_levels) {
-  auto *lists = reinterpret_cast<LineLists *>(Attachment_find(maze, lists_name));
+  LineLists *lists = find(maze);
   return lists != nullptr ? lists : lists_make(maze, all_levels);
 }
 
@@ -190,6 +194,11 @@ void vertex4(const float *place, float corner) {
 LineLists *line_lists(Maze *maze, int32_t all_levels) {
   LineLists *lists = find_or_make(maze, all_levels);
   return all_levels == 0 || lists->checked == drops ? lists : complete(maze);
+}
+
+const LineLists *line_lists_known(const Maze *maze) {
+  const LineLists *lists = find(maze);
+  return lists != nullptr && lists->checked != 0 ? lists : nullptr;
 }
 
 void line_chunk_compile(LineLists *lists, uint32_t k) {

@@ -42,7 +42,8 @@ struct LineBelow {
 
 // The bodies of a run of nodes.
 struct LineChunk {
-  uint32_t end[2]; // how many ribbons and discs there are up to here
+  int32_t first, count; // the nodes
+  uint32_t end[2];      // how many ribbons and discs there are up to here
   GLboolean compiled;
   LineBounds bounds;
 };
@@ -60,6 +61,9 @@ struct LineLists {
 // The attachment, made if it is missing. With `all_levels` edges between levels belong to it, and
 // all mazes below have got theirs and are in `all`. Nothing is compiled.
 LineLists *line_lists(Maze *maze, int32_t all_levels);
+
+// The attachment if it is there, with edges between levels, and null otherwise.
+const LineLists *line_lists_known(const Maze *maze);
 
 // Brings a chunk's display lists up to date.
 void line_chunk_compile(LineLists *lists, uint32_t chunk);

@@ -5,7 +5,7 @@
 # calling script ends. Either can fail to start on a busy machine, and is then started again.
 desktop_start() {
   # The emulator that runs the Windows program keeps to the display that it was started on.
-  [ -z "${WINEPREFIX:-}" ] || wineserver -k || true
+  [ -z "${VOREL_EMULATED:-}" ] || wineserver -k || true
   desktop_size=${1:-1280x960}
   desktop_number=$(mktemp)
   trap desktop_stop EXIT

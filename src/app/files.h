@@ -3,8 +3,7 @@
 #include "app/run.h"
 
 // The files of a run: "config.txt" and "maze_save.dat" in the working directory. Whatever goes
-// wrong with one of them is told in a sentence on the standard error, and what the user has is
-// kept.
+// wrong with one of them is told in a sentence, and what the user has is kept.
 
 // Reads the settings, adds what is missing, and writes the complete file at once. Sets `windowed`
 // and the coded resolution.

@@ -42,13 +42,13 @@ uint32_t gfx_pump() {
     quit_requested = 1;
     return quit_requested;
   }
-  // The key tables stay as they are while minimised, so that no key seems pressed or let go.
+  // The keys stay as they are while minimised, so that none seems pressed or let go.
+  std::memcpy(key_state_prev, key_state, sizeof key_state);
   if (platform_is_minimised()) {
     alt_tabbed = 0;
     return quit_requested;
   }
   if (alt_tabbed == 0 && windowed == 0) platform_keep_on_top();
-  std::memcpy(key_state_prev, key_state, sizeof key_state);
   platform_key_snapshot(key_state);
   // Minimising may take the system several pumps: asked again until it is done.
   if (key_down(vk_alt) && key_down(vk_tab)) alt_tabbed = 1;

@@ -2,9 +2,12 @@
 
 #include <cstdint>
 
+#include "support/list.h"
+
 // The seam to the window system: what a platform supplies. One source file implements it, the
 // build picks which, and no other file knows a window system. Nothing here calls back: messages
-// are handed to the functions of gfx/input.h and gfx/window.h inside platform_messages.
+// are handed to the functions of gfx/input.h and gfx/window.h, inside platform_messages or, where
+// the system does so, inside another of these functions.
 
 // Edges in virtual-desktop pixels; right and bottom are one past the last pixel.
 struct MonitorRect {
@@ -56,8 +59,8 @@ void platform_dpi_aware();
 
 PlatformMetrics platform_metrics();
 
-// Fills up to `room` rectangles in the system's order; returns how many monitors there are.
-int32_t platform_monitors(MonitorRect *out, int32_t room);
+// Appends a MonitorRect for each monitor, in the system's order.
+void platform_monitors(GrowList *out);
 
 // Makes the window and a current OpenGL context of the compatibility profile.
 PlatformOpen platform_open(const PlatformWindowRequest *request);

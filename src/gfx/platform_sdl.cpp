@@ -1,6 +1,5 @@
 #include "gfx/platform.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -288,11 +287,12 @@ PlatformMetrics platform_metrics() {
   return metrics;
 }
 
-int32_t platform_monitors(MonitorRect *out, int32_t room) {
-  int32_t count = SDL_GetNumVideoDisplays();
-  for (int32_t i = std::min(count, room) - 1; i >= 0; i--)
-    out[i] = monitor(i);
-  return count;
+void platform_monitors(GrowList *out) {
+  const int32_t count = SDL_GetNumVideoDisplays();
+  for (int32_t i = 0; i < count; i++) {
+    const MonitorRect row = monitor(i);
+    GrowList_append(out, &row);
+  }
 }
 
 PlatformOpen platform_open(const PlatformWindowRequest *request) {

@@ -57,6 +57,9 @@ bool window_message(UINT message, LPARAM lparam) {
   case WM_SIZE: // the first comes before there is a context
     gfx_resize(LOWORD(lparam), HIWORD(lparam));
     return true;
+  case WM_QUERYENDSESSION: // the system waits some seconds, enough to save
+    gfx_close_requested();
+    return false;
   default:
     return false;
   }
@@ -67,7 +70,8 @@ bool key_message(UINT message, WPARAM wparam) {
   case WM_CHAR:
     input_char_message(static_cast<uint32_t>(wparam & 0xFF));
     return true;
-  case WM_SYSKEYDOWN: // Alt and F10 would open the window's menu, which stops the frames
+  case WM_SYSKEYDOWN: // Alt, F10 and Alt+Space would open the window's menu, which stops the frames
+  case WM_SYSCHAR:
     return true;
   default:
     return false;
@@ -114,12 +118,17 @@ bool register_class(HINSTANCE instance) {
   return RegisterClassA(&window_class) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
 }
 
+// Edges that were asked for can lie anywhere within 32 bits.
+int32_t distance(int32_t first, int32_t end) {
+  return static_cast<int32_t>(static_cast<uint32_t>(end) - static_cast<uint32_t>(first));
+}
+
 bool create_window(const PlatformWindowRequest &request, HINSTANCE instance) {
   const MonitorRect &outer = request.outer;
   window_handle =
       CreateWindowExA(0, class_name, request.title, request.framed ? framed_style : bare_style,
-                      outer.left, outer.top, outer.right - outer.left, outer.bottom - outer.top,
-                      nullptr, nullptr, instance, nullptr);
+                      outer.left, outer.top, distance(outer.left, outer.right),
+                      distance(outer.top, outer.bottom), nullptr, nullptr, instance, nullptr);
   return window_handle != nullptr;
 }
 
@@ -127,7 +136,7 @@ bool create_window(const PlatformWindowRequest &request, HINSTANCE instance) {
 void set_icon(HINSTANCE instance) {
   const auto load = [instance](int width, int height) {
     return reinterpret_cast<LPARAM>(
-        LoadImageA(instance, icon_resource, IMAGE_ICON, width, height, LR_SHARED));
+        LoadImageA(instance, icon_resource, IMAGE_ICON, width, height, LR_DEFAULTCOLOR));
   };
   SendMessageA(window_handle, WM_SETICON, ICON_BIG,
                load(GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)));
@@ -171,19 +180,13 @@ void change_display_mode(int32_t width, int32_t height) {
   ChangeDisplaySettingsA(&mode, CDS_FULLSCREEN);
 }
 
-struct MonitorList {
-  MonitorRect *out;
-  int32_t room, count;
-};
-
 MonitorRect edges(const RECT &rect) {
   return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
 BOOL CALLBACK take_monitor(HMONITOR monitor, HDC, RECT *rect, LPARAM to) {
-  MonitorList *list = reinterpret_cast<MonitorList *>(to);
-  if (list->count < list->room) list->out[list->count] = edges(*rect);
-  list->count++;
+  const MonitorRect row = edges(*rect);
+  GrowList_append(reinterpret_cast<GrowList *>(to), &row);
   CloseHandle(monitor); // refused by systems whose monitors are no handles of the process
   return TRUE;
 }
@@ -221,13 +224,25 @@ void wait(int32_t milliseconds) {
   Sleep(static_cast<DWORD>(milliseconds));
 }
 
-// A program with windows has a standard error only where its starter gave it one.
+// A program with windows has a standard error only where its starter gave it one. Sentences begin
+// with a small letter there.
 void tell(const char *sentence) {
   if (GetFileType(GetStdHandle(STD_ERROR_HANDLE)) != FILE_TYPE_UNKNOWN) return;
   std::string text = sentence;
   if (!text.empty() && text[0] >= 'a' && text[0] <= 'z')
     text[0] = static_cast<char>(text[0] - 'a' + 'A');
   platform_message_box("Vorel", text.c_str());
+}
+
+// A key that answered a box would be seen as held by the next frame too, and Escape would quit.
+void wait_for_answer_keys() {
+  for (int tries = 0; tries < 200; tries++) {
+    bool held = false;
+    for (const int key : {VK_ESCAPE, VK_RETURN, VK_SPACE})
+      held = held || GetAsyncKeyState(key) < 0;
+    if (!held) return;
+    Sleep(10);
+  }
 }
 
 } // namespace
@@ -266,10 +281,8 @@ PlatformMetrics platform_metrics() {
   return metrics;
 }
 
-int32_t platform_monitors(MonitorRect *out, int32_t room) {
-  MonitorList list = {out, room, 0};
-  EnumDisplayMonitors(nullptr, nullptr, take_monitor, reinterpret_cast<LPARAM>(&list));
-  return list.count;
+void platform_monitors(GrowList *out) {
+  EnumDisplayMonitors(nullptr, nullptr, take_monitor, reinterpret_cast<LPARAM>(out));
 }
 
 PlatformOpen platform_open(const PlatformWindowRequest *request) {
@@ -367,7 +380,8 @@ bool platform_set_cursor(PlatformPoint place) {
   return SetCursorPos(place.x, place.y) != FALSE;
 }
 
-// The cursor can be moved but while another desktop, such as that of a password, is shown.
+// The cursor can't be moved only while another desktop is shown, such as that where a password is
+// asked for.
 PlatformPoint platform_relative_motion() {
   return {0, 0};
 }
@@ -383,6 +397,7 @@ void platform_message_box(const char *caption, const char *text) {
   const bool was_hidden = cursor_hidden;
   platform_show_cursor(true); // to answer with
   MessageBoxA(window_handle, text, caption, box_style);
+  wait_for_answer_keys();
   if (was_hidden) platform_show_cursor(false);
 }
 

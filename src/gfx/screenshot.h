@@ -11,8 +11,7 @@ void screenshot_save(const char *stem);
 
 // Writes a picture: blue, green and red bytes, bottom row first, each row padded to a multiple of 4
 // bytes. With `convert` the BMP then becomes a PNG of the same name, if that can be made, else it
-// stays. Of a file that can't be written nothing stays, and a
-// sentence tells why.
+// stays. Of a file that can't be written nothing stays, and a sentence tells why.
 void bmp_write(const void *pixels, int32_t width, int32_t height, const char *path,
                int32_t convert);
 

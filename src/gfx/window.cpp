@@ -67,11 +67,7 @@ MonitorRect requested_area(int32_t width_request, int32_t height_request,
                            const PlatformMetrics &metrics) {
   GrowList monitors;
   GrowList_init(&monitors, sizeof(MonitorRect));
-  int32_t count = platform_monitors(nullptr, 0);
-  MonitorRect blank = {};
-  for (int32_t i = count - 1; i >= 0; i--)
-    GrowList_append(&monitors, &blank);
-  platform_monitors(rows<MonitorRect>(monitors), count);
+  platform_monitors(&monitors);
   MonitorRect area = display_area(width_request, height_request, metrics, monitors);
   GrowList_free(&monitors);
   return area;

@@ -15,7 +15,7 @@ extern uint8_t projection_is_2d; // 1: gfx_resize sets pixel space; 0: the persp
 
 // Opens the window by the coded request and sets the initial GL state. 1 when window and context
 // stand; 0 when the resolution came out empty. A display, window or context that can't be had is a
-// fatal report, after one sentence on the standard error.
+// fatal report, after one sentence to the user.
 int32_t gfx_open(int32_t width_request, int32_t height_request, const char *title);
 
 // Gives the display mode back and drops the context. Safe to repeat.

@@ -34,7 +34,10 @@ FILE *file_stream(const std::string &name, const char *mode) {
 FILE *file_create(const std::string &name, bool text) {
   const int flags = _O_CREAT | _O_EXCL | _O_WRONLY | (text ? _O_TEXT : _O_BINARY);
   const int file = _wopen(wide(name).c_str(), flags, _S_IREAD | _S_IWRITE);
-  return file < 0 ? nullptr : _fdopen(file, text ? "wt" : "wb");
+  if (file < 0) return nullptr;
+  FILE *stream = _fdopen(file, text ? "wt" : "wb");
+  if (stream == nullptr) _close(file);
+  return stream;
 }
 
 bool file_sync(FILE *stream) {
@@ -47,19 +50,20 @@ bool file_is_at(FILE *, const std::string &name) {
   return std::filesystem::exists(path_of(name), error);
 }
 
-// Programs that look through new files, such as virus scanners, hold them for a moment.
+// Programs that look through new files, such as virus scanners, hold them for a moment. The library
+// tells of a new name that is held as a refusal, but of an old one as a fault of the disk.
 bool file_rename(const std::string &from, const std::string &to) {
-  std::error_code error;
   for (int32_t tries = 0; tries < rename_tries; tries++) {
+    if (tries > 0) clock_sleep(rename_wait);
+    std::error_code error, unknown;
     std::filesystem::rename(path_of(from), path_of(to), error);
     if (!error) return true;
-    if (error != std::errc::permission_denied) break;
-    clock_sleep(rename_wait);
+    errno = error == std::errc::io_error ? EACCES : error.default_error_condition().value();
+    if (!std::filesystem::exists(path_of(from), unknown) && !unknown) {
+      errno = ENOENT;
+      break;
+    }
   }
-  const int reason = error.default_error_condition().value();
-  const bool missing =
-      !std::filesystem::exists(path_of(from), error); // told as a fault of the disk
-  errno = missing ? ENOENT : reason;
   return false;
 }
 

@@ -94,7 +94,7 @@ void sharpen_levels(const Font *font) {
   const std::string size = std::to_string(font->tex_width) + 'x' + std::to_string(font->tex_height);
   const std::string words = "Font '" + std::string(font->name) + "' required texture of size " +
                             size + " but GL_MAX_TEXTURE_SIZE=" + std::to_string(limit);
-  report_fatal(report_source, __LINE__, words.c_str());
+  report_fatal(report_source, 1328, words.c_str()); // the report's fixed number
 }
 
 void upload_atlas(Font *font, const GlyphRecord *records, uint32_t count) {
@@ -187,7 +187,7 @@ void loadfont(const char *path, const char *name) {
                     "program makes it anew",
                     path);
     const std::string words = "loadfont: '" + std::string(path) + "' not found";
-    report_fatal(report_source, __LINE__, words.c_str());
+    report_fatal(report_source, 1454, words.c_str()); // the report's fixed number
   }
   build(glyphs.data(), count, name);
 }

@@ -7,7 +7,7 @@ cd endtoend-run
 
 # Whether the program under test is the Windows one, which an emulator runs.
 on_windows() {
-  [ -n "${WINEPREFIX:-}" ]
+  [ -n "${VOREL_EMULATED:-}" ]
 }
 
 # lines FILE: a text of the program's, whose lines end in the way of its system.

@@ -17,7 +17,7 @@
 #include "gfx/texture.h"
 #include "gfx/window.h"
 
-// The real window system, on its driver without a display.
+// The real window system: on Linux its driver without a display, on Windows the desktop.
 
 namespace {
 
@@ -172,8 +172,8 @@ TEST_F(Drawing, TheDateIsOfItsFixedForm) {
   EXPECT_EQ(date[end], '\0');
 }
 
-// Last: the context is gone afterwards. No driver without a display can move the cursor: the
-// mouse's own motion stands in.
+// Last: the context is gone afterwards. A driver without a display can't move the cursor; the
+// mouse's own motion stands in there.
 TEST_F(Drawing, MouseDoesNotDriftAndCloseIsSafeToRepeat) {
   for (int frame = 0; frame < 3; frame++) {
     int32_t dx = 1;

@@ -1,7 +1,6 @@
 #include "gfx/fake_platform.h"
 
 #include <cstdio>
-#include <algorithm>
 #include <cstring>
 
 #include "gfx/input.h"
@@ -30,10 +29,9 @@ void platform_dpi_aware() {}
 PlatformMetrics platform_metrics() {
   return fake.metrics;
 }
-int32_t platform_monitors(MonitorRect *out, int32_t room) {
-  int32_t count = static_cast<int32_t>(fake.monitors.size());
-  std::copy_n(fake.monitors.begin(), std::min(count, room), out);
-  return count;
+void platform_monitors(GrowList *out) {
+  for (const MonitorRect &monitor : fake.monitors)
+    GrowList_append(out, &monitor);
 }
 PlatformOpen platform_open(const PlatformWindowRequest *request) {
   fake.request = *request;

@@ -9,23 +9,40 @@
 namespace {
 
 HANDLE hold(const fs::path &name) {
-  return CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0,
-                     nullptr);
+  HANDLE held = CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                            OPEN_EXISTING, 0, nullptr);
+  EXPECT_NE(held, INVALID_HANDLE_VALUE);
+  return held;
+}
+
+// Lets go of it after a while.
+std::thread letting_go(HANDLE held) {
+  return std::thread([held] {
+    Sleep(120);
+    CloseHandle(held);
+  });
 }
 
 TEST_F(File, ReplacingWaitsForThoseWhoLookIn) {
   EXPECT_TRUE(replace(file, "first"));
   HANDLE held = hold(file);
-  ASSERT_NE(held, INVALID_HANDLE_VALUE);
   EXPECT_TRUE(!replace(file, "second") && errno == EACCES);
   EXPECT_EQ(files(), 1);
-  std::thread other([held] {
-    Sleep(120);
-    CloseHandle(held);
-  });
+  std::thread other = letting_go(held);
   EXPECT_TRUE(replace(file, "third"));
   other.join();
   EXPECT_EQ(contents(file), "third");
+}
+
+// The new file is looked through before it has its name.
+TEST_F(File, RenamingWaitsForThoseWhoLookIn) {
+  EXPECT_TRUE(replace(file, "new"));
+  HANDLE held = hold(file);
+  EXPECT_TRUE(!file_rename(path, path + "2") && errno == EACCES);
+  std::thread other = letting_go(held);
+  EXPECT_TRUE(file_rename(path, path + "2"));
+  other.join();
+  EXPECT_TRUE(!file_rename(path, path + "2") && errno == ENOENT);
 }
 
 // The file of a program that stood still is its own for as long as it is open.

@@ -1,10 +1,12 @@
 #include "plot_literal.h"
 
 #include "gfx/gl.h"
+#include "gfx/gl_util.h"
 #include "maze/attachment.h"
 #include "maze/pos.h"
 #include "render/disc.h"
 #include "render/edge_colour.h"
+#include "render/fixed_plot.h"
 #include "render/gantry_plot.h"
 #include "render/gantry_texture.h"
 #include "render/plot.h"
@@ -210,7 +212,82 @@ void use_body(GLuint program, Vec3 lamp) {
   gl2.uniform_3f(gl2.get_uniform_location(program, "lcol0"), 0, 0, 0);
 }
 
+void solid(uint32_t colour, int32_t by) {
+  const uint32_t c = colour_adjust(colour, by, by, by);
+  glColor3ub(colour_red(c), colour_green(c), colour_blue(c));
+}
+
+void vertex3(Vec3 p) {
+  glVertex3f(static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z));
+}
+
+// One of the passes of the processor's plot over a maze: its edges as ribbons or as lines.
+void fixed_edges(Maze *maze, const World *world, bool near) {
+  glBegin(near ? GL_QUADS : GL_LINES);
+  for (int32_t i = maze_count(maze); i-- > 0;) {
+    const Vec3 p = Pos_position({maze, i}), v = world->camera - p;
+    if (maze_nodes(maze)[i].submaze || (length(v) < 100) != near) continue;
+    Pos ends[pos_max_edges];
+    MazeEdge rows[pos_max_edges];
+    for (int32_t e = Pos_alledges(maze, i, ends, rows); e-- > 0;) {
+      if (!Pos_before({maze, i}, ends[e])) continue;
+      const Vec3 q = Pos_position(ends[e]), side = unit(cross(q - p, v));
+      const uint32_t colour = visit_colour(rows[e], {maze, i}, ends[e], world);
+      const double w = maze->halfwidth, bounds[] = {-w, -0.6 * w, 0.6 * w, w};
+      for (int band = 0; near && band < 3; band++) {
+        const Vec3 h = unit(v) * w * (band == 1 ? 1.0 : -1.0);
+        solid(colour, band == 1 ? -0x40 : 0x40);
+        vertex3(q + (h + side * bounds[band + 1]));
+        vertex3(p + (h + side * bounds[band + 1]));
+        vertex3(p + (h + side * bounds[band]));
+        vertex3(q + (h + side * bounds[band]));
+      }
+      if (near) continue;
+      solid(colour, 0x40);
+      vertex3(p);
+      vertex3(q);
+    }
+  }
+  glEnd();
+}
+
+void fixed_discs(Maze *maze, const World *world) {
+  glBegin(GL_QUADS);
+  for (int32_t i = maze_count(maze); i-- > 0;) {
+    const MazeNode &node = maze_nodes(maze)[i];
+    const Vec3 p = node_position(node), v = world->camera - p;
+    if (node.submaze || !(length(v) < 100)) continue;
+    const uint32_t colour = visit_colour(node.self, {maze, i}, Pos_null, world);
+    const uint32_t white = Pos_equal({maze, i}, world->cur) ? colour_white : 0;
+    const Vec3 u = unit(v) * maze->halfwidth, c = p + u * 1.5;
+    billboard_disc(p - u, maze->halfwidth, white | colour_adjust(colour, 64, 64, 64),
+                   world->camera);
+    billboard_disc({static_cast<float>(c.x), static_cast<float>(c.y), static_cast<float>(c.z)},
+                   static_cast<float>(0.6 * maze->halfwidth),
+                   white | colour_adjust(colour, -64, -64, -64), world->camera);
+  }
+  glEnd();
+}
+
+void fixed_tree(Maze *maze, const World *world, GLuint program) {
+  fixed_edges(maze, world, true);
+  gl2.use_program(program);
+  fixed_discs(maze, world);
+  gl2.use_program(0);
+  if (plot_smooth_lines != 0) smooth_lines_on(0, 1.5F);
+  fixed_edges(maze, world, false);
+  if (plot_smooth_lines != 0) smooth_lines_off();
+  for (int32_t i = maze_count(maze); i-- > 0;)
+    if (maze_nodes(maze)[i].submaze) fixed_tree(maze_nodes(maze)[i].submaze, world, program);
+}
+
 } // namespace
+
+void literal_fixed_plot(const World *world) {
+  static const GLuint program =
+      program_build(&shader_disc_vertex, 1, &shader_disc_fragment, 1, nullptr, nullptr, nullptr);
+  fixed_tree(world->root, world, program);
+}
 
 void literal_line_plot(const World *world) {
   static const GLuint edge_program = line_program(shader_edge_vertex, shader_edge_fragment);

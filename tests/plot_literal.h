@@ -13,6 +13,7 @@ void literal_line_plot(const World *world);
 void literal_ballstick_plot(const World *world);
 void literal_gantry_plot(const World *world);
 void literal_voronoi_plot(const World *world);
+void literal_fixed_plot(const World *world); // but for names
 
 // Compiles one of a maze's lists, 0 for edges and 1 for nodes.
 void literal_line_compile(Maze *maze, int32_t which, uint32_t name);

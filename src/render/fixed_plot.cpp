@@ -125,7 +125,7 @@ GrowList runs_in_sight(const Maze *maze, const LineLists *lists, const Sight &si
   for (uint32_t k = 0; k < lists->chunks.count; k++) {
     const LineChunk &chunk = rows<LineChunk>(lists->chunks)[k];
     const Run run = {chunk.first, chunk.first + chunk.count};
-    if (!Sight_excludes(sight, chunk.bounds.box, reach * maze->halfwidth, sight_planes))
+    if (!Sight_excludes(sight, line_chunk_places(lists, k), reach * maze->halfwidth, sight_planes))
       GrowList_append(&runs, &run);
   }
   return runs;
@@ -211,5 +211,5 @@ void billboard_disc(Vec3 centre, double radius, uint32_t colour, Vec3 eye) {
 }
 
 void fixed_plot(Maze *maze, const World *world, int32_t all_levels) {
-  plot_tree(maze, world, all_levels, sight_now(world->camera));
+  plot_tree(maze, world, all_levels, sight_now());
 }

@@ -42,6 +42,7 @@ void release(LineLists *lists) {
     glDeleteLists(lists->first_name, list_count(lists));
   GrowList_free(&lists->ribbons);
   GrowList_free(&lists->discs);
+  GrowList_free(&lists->far_ends);
   GrowList_free(&lists->chunks);
   GrowList_free(&lists->below);
   delete lists;
@@ -81,26 +82,30 @@ void find_below(const Maze *maze, GrowList *below) {
   }
 }
 
-LineLists *lists_new(const Maze *maze) {
+LineLists *lists_new(const Maze *maze, int32_t all_levels) {
   auto *lists = new LineLists{};
   GrowList_init(&lists->ribbons, sizeof(LineRibbon));
   GrowList_init(&lists->discs, sizeof(LineDisc));
+  GrowList_init(&lists->far_ends, sizeof(Pos));
   GrowList_init(&lists->chunks, sizeof(LineChunk));
   GrowList_init(&lists->below, sizeof(LineBelow));
   GrowList_reserve(&lists->ribbons, maze->nodes.count);
   GrowList_reserve(&lists->discs, maze->nodes.count);
   lists->halfwidth = static_cast<float>(maze->halfwidth);
+  lists->all_levels = all_levels != 0;
   return lists;
 }
 
-void collect(LineLists *lists, Maze *maze, int32_t all_levels) {
+void collect(LineLists *lists, Maze *maze) {
   for (int32_t end = maze_count(maze); end > 0; end -= chunk_nodes) {
     const int32_t first = std::max(end - chunk_nodes, 0);
-    LineChunk chunk = {first, end - first, {}, GL_FALSE, {box_empty, maze->halfwidth}};
-    line_collect_ribbons(maze, first, end, all_levels, &lists->ribbons, &chunk.bounds.box);
+    LineChunk chunk = {first, end - first, {}, 0, GL_FALSE, {box_empty, maze->halfwidth}};
+    line_collect_ribbons(maze, first, end, lists->all_levels, &lists->ribbons, &lists->far_ends,
+                         &chunk.bounds.box);
     line_collect_discs(maze, first, end, &lists->discs, &chunk.bounds.box);
     chunk.end[0] = lists->ribbons.count;
     chunk.end[1] = lists->discs.count;
+    chunk.far_end = lists->far_ends.count;
     GrowList_append(&lists->chunks, &chunk);
   }
 }
@@ -109,7 +114,8 @@ uint32_t chunk_begin(const LineLists *lists, uint32_t k, int32_t which) {
   return k == 0 ? 0 : rows<LineChunk>(lists->chunks)[k - 1].end[which];
 }
 
-// Whether a chunk has the same bodies in two lists. The records have no padding.
+// Whether a chunk has the same bodies in two lists.
+static_assert(sizeof(LineRibbon) == 44 && sizeof(LineDisc) == 20); // no padding
 template <typename Body>
 bool same_bodies(const LineLists *a, const GrowList &bodies_a, const LineLists *b,
                  const GrowList &bodies_b, uint32_t k, int32_t which) {
@@ -133,8 +139,8 @@ void take_over(LineLists *lists, LineLists *old) {
 }
 
 LineLists *lists_make(Maze *maze, int32_t all_levels) {
-  LineLists *lists = lists_new(maze);
-  collect(lists, maze, all_levels);
+  LineLists *lists = lists_new(maze, all_levels);
+  collect(lists, maze);
   find_below(maze, &lists->below);
   if (LineLists *old = take_parked(maze)) {
     take_over(lists, old);
@@ -198,7 +204,7 @@ LineLists *line_lists(Maze *maze, int32_t all_levels) {
 
 const LineLists *line_lists_known(const Maze *maze) {
   const LineLists *lists = find(maze);
-  return lists != nullptr && lists->checked != 0 ? lists : nullptr;
+  return lists != nullptr && lists->all_levels ? lists : nullptr;
 }
 
 void line_chunk_compile(LineLists *lists, uint32_t k) {
@@ -216,25 +222,35 @@ void line_chunk_compile(LineLists *lists, uint32_t k) {
   chunk.compiled = GL_TRUE;
 }
 
-void line_lists_draw(LineLists *lists, int32_t which, const Sight &sight, double root_halfwidth) {
+void line_lists_draw(LineLists *lists, int32_t which, const LineSight &sight) {
   for (uint32_t k = 0; k < lists->chunks.count; k++) {
     const LineChunk &chunk = rows<LineChunk>(lists->chunks)[k];
-    if (!line_may_see(sight, chunk.bounds, root_halfwidth)) continue;
+    if (!line_may_see(sight, chunk.bounds)) continue;
     line_chunk_compile(lists, k);
     glCallList(lists->first_name + 2 * k + static_cast<GLuint>(which));
   }
 }
 
 // A disc's square reaches out of its centre by half its diagonal, a ribbon by less.
-bool line_may_see(const Sight &sight, const LineBounds &bounds, double root_halfwidth) {
-  const double halfwidth = std::max(bounds.halfwidth, root_halfwidth);
+bool line_may_see(const LineSight &sight, const LineBounds &bounds) {
+  const double halfwidth = std::max(bounds.halfwidth, sight.root_halfwidth);
   const double farthest = Box_farthest(bounds.box, sight.camera);
   const double growth = std::numbers::sqrt2 * (halfwidth + widening * farthest);
-  return !Sight_excludes(sight, bounds.box, growth, sight_planes);
+  return !Sight_excludes(sight.sight, bounds.box, growth, sight_planes);
+}
+
+Box line_chunk_places(const LineLists *lists, uint32_t k) {
+  const LineChunk &chunk = rows<LineChunk>(lists->chunks)[k];
+  Box box = chunk.bounds.box;
+  for (uint32_t i = k == 0 ? 0 : (&chunk)[-1].far_end; i < chunk.far_end; i++) {
+    const Pos end = rows<Pos>(lists->far_ends)[i];
+    if (end.node < maze_count(end.maze)) Box_add(&box, Pos_position(end));
+  }
+  return box;
 }
 
 void line_collect_ribbons(Maze *maze, int32_t first, int32_t end, int32_t all_levels, GrowList *out,
-                          Box *box) {
+                          GrowList *far_ends, Box *box) {
   for (int32_t i = end - 1; i >= first; i--) {
     if (maze_nodes(maze)[i].submaze != nullptr) continue;
     const Pos here = {maze, i};
@@ -251,6 +267,7 @@ void line_collect_ribbons(Maze *maze, int32_t first, int32_t end, int32_t all_le
       ribbon.time = static_cast<float>(edges[e].usertime);
       ribbon.colour = edge_colour(edges[e].colour, here, ends[e]);
       GrowList_append(out, &ribbon);
+      if (ends[e].maze != maze) GrowList_append(far_ends, &ends[e]);
       add(box, ribbon.p);
       add(box, ribbon.q);
     }

@@ -44,6 +44,7 @@ struct LineBelow {
 struct LineChunk {
   int32_t first, count; // the nodes
   uint32_t end[2];      // how many ribbons and discs there are up to here
+  uint32_t far_end;     // and how many far ends
   GLboolean compiled;
   LineBounds bounds;
 };
@@ -51,11 +52,13 @@ struct LineChunk {
 struct LineLists {
   GLuint first_name; // two display lists a chunk, edges and nodes; 0 until one is to be seen
   GrowList ribbons, discs;
-  GrowList chunks; // of LineChunk, last nodes first
+  GrowList far_ends; // Pos of the ends of ribbons that lead to other mazes
+  GrowList chunks;   // of LineChunk, last nodes first
   float halfwidth;
-  LineBounds all;   // with all mazes below
-  GrowList below;   // of LineBelow, last holder first
-  uint64_t checked; // when all below was last known to be there
+  GLboolean all_levels; // edges between levels are among the ribbons
+  LineBounds all;       // with all mazes below
+  GrowList below;       // of LineBelow, last holder first
+  uint64_t checked;     // when all below was last known to be there
 };
 
 // The attachment, made if it is missing. With `all_levels` edges between levels belong to it, and
@@ -68,17 +71,27 @@ const LineLists *line_lists_known(const Maze *maze);
 // Brings a chunk's display lists up to date.
 void line_chunk_compile(LineLists *lists, uint32_t chunk);
 
+// The sight of a pass over a tree, whose bodies are the wider the farther from the camera.
+struct LineSight {
+  Sight sight;
+  Vec3 camera;
+  double root_halfwidth;
+};
+
 // Calls the edges (0) or the nodes (1) of those chunks that may come into sight.
-void line_lists_draw(LineLists *lists, int32_t which, const Sight &sight, double root_halfwidth);
+void line_lists_draw(LineLists *lists, int32_t which, const LineSight &sight);
 
-// Whether anything within the bounds may come into sight, in a pass whose ribbons are at least as
-// wide as the root's.
-bool line_may_see(const Sight &sight, const LineBounds &bounds, double root_halfwidth);
+// Whether anything within the bounds may come into sight.
+bool line_may_see(const LineSight &sight, const LineBounds &bounds);
 
-// Appends the bodies of the nodes from `first` to before `end`, last node first, and widens the box
-// by their places.
+// Where the places lie between which a chunk's edges lead, though another maze's nodes have moved
+// since its ribbons were made.
+Box line_chunk_places(const LineLists *lists, uint32_t chunk);
+
+// Appends the bodies of the nodes from `first` to before `end`, last node first, with the ends of
+// ribbons in other mazes, and widens the box by their places.
 void line_collect_ribbons(Maze *maze, int32_t first, int32_t end, int32_t all_levels, GrowList *out,
-                          Box *box);
+                          GrowList *far_ends, Box *box);
 void line_collect_discs(Maze *maze, int32_t first, int32_t end, GrowList *out, Box *box);
 
 // Draws bodies in immediate mode, as quads for the shaders of the plot.

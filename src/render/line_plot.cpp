@@ -29,12 +29,11 @@ GLuint age_program(const char *vertex, const char *fragment) {
   return program_build(vertex_strings, 2, &fragment, 1, nullptr, nullptr, nullptr);
 }
 
-void call_tree(const Sight &sight, double root_halfwidth, LineLists *lists, int32_t which) {
-  line_lists_draw(lists, which, sight, root_halfwidth);
+void call_tree(const LineSight &sight, LineLists *lists, int32_t which) {
+  line_lists_draw(lists, which, sight);
   for (uint32_t i = 0; i < lists->below.count; i++) {
     const LineBelow &below = rows<LineBelow>(lists->below)[i];
-    if (line_may_see(sight, below.bounds, root_halfwidth))
-      call_tree(sight, root_halfwidth, below.lists, which);
+    if (line_may_see(sight, below.bounds)) call_tree(sight, below.lists, which);
   }
 }
 
@@ -50,12 +49,14 @@ void draw_marker(const World *world) {
 } // namespace
 
 void line_edge_list(Maze *maze, int32_t all_levels) {
-  GrowList ribbons;
+  GrowList ribbons, far_ends;
   Box box = box_empty;
   GrowList_init(&ribbons, sizeof(LineRibbon));
-  line_collect_ribbons(maze, 0, maze_count(maze), all_levels, &ribbons, &box);
+  GrowList_init(&far_ends, sizeof(Pos));
+  line_collect_ribbons(maze, 0, maze_count(maze), all_levels, &ribbons, &far_ends, &box);
   line_draw_ribbons(rows<LineRibbon>(ribbons), ribbons.count, static_cast<float>(maze->halfwidth));
   GrowList_free(&ribbons);
+  GrowList_free(&far_ends);
 }
 
 void line_node_list(Maze *maze) {
@@ -69,11 +70,11 @@ void line_node_list(Maze *maze) {
 
 void line_lists_call(Maze *maze, int32_t which, int32_t all_levels, Vec3 camera) {
   LineLists *lists = line_lists(maze, all_levels);
-  const Sight sight = sight_now(camera);
+  const LineSight sight = {sight_now(), camera, maze->halfwidth};
   if (all_levels == 0) {
-    line_lists_draw(lists, which, sight, maze->halfwidth);
-  } else if (line_may_see(sight, lists->all, maze->halfwidth)) {
-    call_tree(sight, maze->halfwidth, lists, which);
+    line_lists_draw(lists, which, sight);
+  } else if (line_may_see(sight, lists->all)) {
+    call_tree(sight, lists, which);
   }
 }
 

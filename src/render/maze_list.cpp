@@ -101,6 +101,6 @@ void call_tree(const Sight &sight, int32_t planes, const MazeList *list) {
 void maze_list_call(Maze *maze, const MazeListKind &kind, const World *world) {
   const MazeList *list = find(maze, kind.name);
   if (list == nullptr || list->checked != drops) list = complete(maze, kind, world);
-  const Sight sight = sight_now({});
+  const Sight sight = sight_now();
   if (!Sight_excludes(sight, list->all, 0, kind.planes)) call_tree(sight, kind.planes, list);
 }

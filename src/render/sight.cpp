@@ -75,12 +75,11 @@ double Box_farthest(const Box &box, Vec3 from) {
                  std::max(std::abs(box.low.z - from.z), std::abs(box.high.z - from.z))});
 }
 
-Sight sight_now(Vec3 camera) {
+Sight sight_now() {
   float projection[16], modelview[16];
   glGetFloatv(GL_PROJECTION_MATRIX, projection);
   glGetFloatv(GL_MODELVIEW_MATRIX, modelview);
   Sight sight = {};
-  sight.camera = camera;
   const ClipRow w = clip_row(projection, modelview, 3);
   for (int axis = 0; axis < 3; axis++) {
     const ClipRow row = clip_row(projection, modelview, axis);
@@ -93,6 +92,7 @@ Sight sight_now(Vec3 camera) {
 
 // The corner that lies furthest on the inner side decides. What isn't a number excludes nothing.
 bool Sight_excludes(const Sight &sight, const Box &box, double growth, int32_t planes) {
+  if (box.low.x > box.high.x) return true;
   const double low[] = {box.low.x, box.low.y, box.low.z};
   const double high[] = {box.high.x, box.high.y, box.high.z};
   for (int32_t k = 0; k < planes; k++) {

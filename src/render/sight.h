@@ -8,7 +8,7 @@
 // What part of the world the current matrices can show, so that what lies wholly outside needn't be
 // drawn. All tests err on the side of seeing.
 
-// A box along the axes, in world units; empty if low is above high.
+// A box along the axes, in world units; empty, and so never to be seen, if low is above high.
 struct Box {
   Vec3 low, high;
 };
@@ -37,12 +37,11 @@ struct Sight {
   double plane[sight_planes][4];
   double error[sight_planes][4];
   double steepness[sight_planes]; // by what a plane's value changes over a world unit at most
-  Vec3 camera;
 };
 
 // The sight of the current projection and modelview matrices, whose rounding and whose rasteriser's
-// guard of some pixels it allows for; `camera` is what the shaders take for the eye.
-Sight sight_now(Vec3 camera);
+// guard of some pixels it allows for.
+Sight sight_now();
 
 // Whether all that reaches no further than `growth` out of the box lies outside one of the first
 // `planes` planes.

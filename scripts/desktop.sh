@@ -27,7 +27,7 @@ desktop_display_stands() {
 
 desktop_manager_stands() {
   if ! kill -0 "${desktop_manager:-}" 2>/dev/null; then
-    openbox >/dev/null 2>&1 &
+    openbox --config-file "$(dirname "${BASH_SOURCE[0]}")/openbox.xml" >/dev/null 2>&1 &
     desktop_manager=$!
   fi
   wmctrl -m >/dev/null 2>&1

@@ -58,7 +58,7 @@ bool window_message(UINT message, LPARAM lparam) {
     gfx_resize(LOWORD(lparam), HIWORD(lparam));
     return true;
   case WM_QUERYENDSESSION: // the system waits some seconds, enough to save
-    gfx_close_requested();
+    quit_requested = 1;
     return false;
   default:
     return false;

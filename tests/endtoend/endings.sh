@@ -1,4 +1,5 @@
-# Q, Escape, the window's close and a polite signal all end the program in the same way.
+# Q, Escape, the window's close and a polite signal, or the end of the user's session, all end the
+# program in the same way.
 . "$(dirname "$0")/lib.sh"
 desktop_start
 
@@ -6,12 +7,13 @@ close_by() {
   case $1 in
     q | Escape) leave "$1" ;;
     window) wmctrl -i -c "$vorel_window" && vorel_wait_end ;;
+    session) timeout 20 wineboot -e && vorel_wait_end ;;
     signal) kill -TERM "$vorel_job" && vorel_wait_end ;;
   esac
 }
 
 ways="q Escape window signal"
-on_windows && ways="q Escape window" # there are no polite signals
+on_windows && ways="q Escape window session" # there are no polite signals
 for way in $ways; do
   rm -f maze_save.dat
   vorel_start

@@ -1,5 +1,6 @@
 # What only the Windows program does: it tells in a box what nobody would read on a standard error, it
-# runs in folders with any name, and its files are those of the other systems, byte for byte.
+# runs in folders with any name, its files are those of the other systems, and a fullscreen window
+# leaves the keys of the system their meaning.
 . "$(dirname "$0")/lib.sh"
 desktop_start
 
@@ -8,25 +9,67 @@ box_stands() {
   [ -n "$box" ]
 }
 
-# The settings can't be written, in a folder whose name is beyond ASCII.
-mkdir "Зоя Müller" && cd "Зоя Müller"
-printf 'Windowed: Y\r\n' >config.txt
-chmod a-w config.txt
-"$VOREL_UNHEARD" "$VOREL_EXE" &
-vorel_job=$!
-desktop_wait "the box" box_stands
-sleep 1
-import -window "$box" box.png
-xdotool windowactivate --sync "$box" key Return
-desktop_wait "the window of vorel" vorel_window_found
-desktop_wait "the keyboard" vorel_has_keyboard
+no_box_stands() {
+  ! box_stands
+}
+
+# answer KEY: waits for a box and answers it.
+answer() {
+  desktop_wait "a box" box_stands
+  sleep 0.5
+  xdotool windowactivate --sync "$box"
+  hold 0.3 "$1"
+  desktop_wait "the box to go" no_box_stands
+}
+
+# start_unheard FOLDER: starts the program in a folder, without standard streams.
+start_unheard() {
+  # shellcheck disable=SC2016
+  bash -c 'cd "$0" && exec "$@"' "$1" "$VOREL_UNHEARD" "$VOREL_EXE" >vorel.out 2>vorel.err &
+  vorel_job=$!
+}
+
+window_takes_keys() {
+  desktop_wait "the window of vorel" vorel_window_found
+  desktop_wait "the keyboard" vorel_has_keyboard
+}
+
+# The settings can't be written, in a folder whose name is beyond ASCII. The Escape that answers is
+# not one that quits.
+folder="Зоя Müller"
+mkdir "$folder"
+printf 'Windowed: Y\r\n' >"$folder/config.txt"
+chmod a-w "$folder/config.txt"
+start_unheard "$folder"
+answer Escape
+window_takes_keys
 ladder
 hold 1 Right
 leave q
 [ "$vorel_status" -eq 0 ] || fail "status $vorel_status"
+cd "$folder"
 [ "$(lines config.txt)" = "Windowed: Y" ] || fail "a read-only file was changed"
 [ -s maze_save.dat ] && [ -s font_fmod.dat ] || fail "no files in a folder with such a name"
 chmod u+w config.txt
+
+# Nothing can be written at all: settings, font and session are each told of.
+start_unheard /sys
+answer Return
+answer space
+window_takes_keys
+hold 0.5 Right
+xdotool keydown q
+desktop_wait "a box" box_stands
+xdotool keyup q
+answer Return
+vorel_wait_end
+[ "$vorel_status" -eq 0 ] || fail "status $vorel_status where nothing can be written"
+
+# A display that can't do it is told of in the same way.
+MESA_GL_VERSION_OVERRIDE=1.4 start_unheard .
+answer Return
+vorel_wait_end
+[ "$vorel_status" -eq 1 ] || fail "status $vorel_status with an old OpenGL"
 
 # tree FILE: the session without what the clock and the camera change.
 tree() {
@@ -44,3 +87,30 @@ for program in "$VOREL_NATIVE" "$VOREL" "$VOREL_NATIVE"; do
   cmp font.dat font_fmod.dat || fail "another font from $program"
   mv maze_save.dat saved.dat
 done
+
+# All of the screen, on which neither Alt+Space nor F10 opens a menu that stops the frames, and from
+# which Alt+Tab leads away.
+mkdir full && cd full
+printf 'Windowed: N\r\n' >config.txt
+vorel_start
+eval "$(xdotool getwindowgeometry --shell "$vorel_window")"
+[ "$X $Y $WIDTH $HEIGHT" = "0 0 1280 960" ] || fail "the window is $WIDTH by $HEIGHT at $X, $Y"
+ladder
+look
+xdotool key alt+space
+xdotool key F10
+hold 0.5 x
+expect_change 1000 "zooming out after Alt+Space and F10"
+window=$vorel_window
+minimised() {
+  ! vorel_window_found
+}
+xdotool keydown Alt_L keydown Tab
+desktop_wait "the window to go" minimised
+xdotool keyup Tab keyup Alt_L
+vorel_window=$window
+wmctrl -i -a "$vorel_window"
+desktop_wait "the window's return" vorel_has_keyboard
+hold 0.5 z
+expect_change 1000 "zooming in after the return"
+quit_cleanly

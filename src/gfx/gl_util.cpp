@@ -10,6 +10,7 @@
 #include "gfx/platform.h"
 #include "gfx/projection.h"
 #include "gfx/window.h"
+#include "support/colour.h"
 
 uint32_t remembered_clear_colour = clear_colour_unknown;
 
@@ -18,8 +19,8 @@ namespace {
 constexpr double degrees_per_half_angle = 114.59155902616465; // 360 / pi
 constexpr double byte_to_unit = 0.00392156862745098;
 
-float channel(uint32_t colour, uint32_t shift) {
-  return static_cast<float>((colour >> shift & 0xFF) * byte_to_unit);
+float unit_share(uint8_t channel) {
+  return static_cast<float>(channel * byte_to_unit);
 }
 
 // Half the frame's width at a distance of 1.
@@ -47,7 +48,8 @@ void gfx_swap(uint32_t clear_colour) {
   glFinish();
   platform_swap_buffers();
   if (clear_colour != remembered_clear_colour) {
-    glClearColor(channel(clear_colour, 16), channel(clear_colour, 8), channel(clear_colour, 0), 0);
+    glClearColor(unit_share(colour_red(clear_colour)), unit_share(colour_green(clear_colour)),
+                 unit_share(colour_blue(clear_colour)), 0);
     remembered_clear_colour = clear_colour;
   }
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);

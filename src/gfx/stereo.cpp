@@ -8,6 +8,7 @@
 #include "gfx/platform.h"
 #include "gfx/window.h"
 #include "support/bits.h"
+#include "support/colour.h"
 
 uint32_t stereo_eye_textures[2];
 uint32_t stereo_eye_tex_width, stereo_eye_tex_height;
@@ -115,8 +116,7 @@ void draw_tinted(uint32_t texture, uint32_t colour) {
   const float right = static_cast<float>(screen_width) / static_cast<float>(stereo_eye_tex_width);
   const float top = static_cast<float>(screen_height) / static_cast<float>(stereo_eye_tex_height);
   glBindTexture(GL_TEXTURE_2D, texture);
-  glColor3ub(static_cast<GLubyte>(colour >> 16 & 0xFF), static_cast<GLubyte>(colour >> 8 & 0xFF),
-             static_cast<GLubyte>(colour & 0xFF));
+  glColor3ub(colour_red(colour), colour_green(colour), colour_blue(colour));
   glBegin(GL_QUADS);
   glTexCoord2f(0, 0);
   glVertex2i(0, screen_height);

@@ -2,6 +2,7 @@
 
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
+#include "support/colour.h"
 #include "support/vec3.h"
 #include "text/font.h"
 #include "text/layout.h"
@@ -53,10 +54,6 @@ void draw_quad(const TextQuad *quad) {
 
 constexpr TextOutput screen_output = {draw_quad, glEnd, begin_quads};
 
-GLubyte channel(uint32_t colour, uint32_t shift) {
-  return static_cast<GLubyte>(colour >> shift & 0xFF);
-}
-
 void vertex(Vec3 place, uint32_t tex_x, uint32_t tex_y) {
   glTexCoord2f(static_cast<float>(tex_x) / static_cast<float>(current_font->tex_width),
                static_cast<float>(tex_y) / static_cast<float>(current_font->tex_height));
@@ -100,7 +97,7 @@ void text_end() {
 
 float text_print(float x, float y, float wrap_x, float bottom_y, const char *text,
                  uint32_t colour) {
-  glColor4ub(channel(colour, 16), channel(colour, 8), channel(colour, 0), 255);
+  glColor4ub(colour_red(colour), colour_green(colour), colour_blue(colour), 255);
   return text_layout(&screen_output, x, y, wrap_x, bottom_y, text);
 }
 

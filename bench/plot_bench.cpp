@@ -256,8 +256,17 @@ void add_all() {
   using benchmark::RegisterBenchmark;
   RegisterBenchmark("step/literal", step_literal)->Unit(benchmark::kMillisecond);
   RegisterBenchmark("step/vorel", step_ours)->Unit(benchmark::kMillisecond);
-  RegisterBenchmark("first/literal", first_frame, literal_line_plot)->Unit(benchmark::kMillisecond);
-  RegisterBenchmark("first/vorel", first_frame, line_plot)->Unit(benchmark::kMillisecond);
+  const auto add_first = [](const char *name, Draw draw) {
+    RegisterBenchmark(name, first_frame, draw)->Unit(benchmark::kMillisecond);
+  };
+  add_first("first/literal", literal_line_plot);
+  add_first("first/vorel", line_plot);
+  add_first("first_balls/literal", literal_ballstick_plot);
+  add_first("first_balls/vorel", balls);
+  add_first("first_gantry/literal", literal_gantry_plot);
+  add_first("first_gantry/vorel", plates);
+  add_first("first_ground/literal", literal_voronoi_plot);
+  add_first("first_ground/vorel", ground);
 }
 
 } // namespace

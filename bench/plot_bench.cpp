@@ -95,33 +95,29 @@ GLuint bare_list[2][2];
 GLuint bare_program[2];
 int bare_slab;
 
-void add_visible(const LineSight &sight, LineLists *lists, int which) {
-  uint32_t first = 0;
-  for (uint32_t k = 0; k < lists->chunks.count; k++) {
-    const LineChunk &chunk = rows<LineChunk>(lists->chunks)[k];
-    const uint32_t count = chunk.end[which] - first;
-    if (!line_may_see(sight, chunk.bounds)) {
-    } else if (which == 0) {
-      line_draw_ribbons(rows<LineRibbon>(lists->ribbons) + first, count, lists->halfwidth);
-    } else {
-      line_draw_discs(rows<LineDisc>(lists->discs) + first, count, lists->halfwidth);
-    }
-    first = chunk.end[which];
+void add_visible(const MazeView &view, MazeList *list, int pass) {
+  const MazePart &part = line_kind.parts[pass];
+  for (uint32_t k = 0; k < list->chunks.count; k++) {
+    const MazeChunk &chunk = rows<MazeChunk>(list->chunks)[k];
+    if (maze_view_shows(view, chunk.bounds))
+      part.draw(list->parts[pass], maze_chunk_begin(list, k, pass), chunk.body_end[pass],
+                list->halfwidth);
   }
-  for (uint32_t i = 0; i < lists->below.count; i++) {
-    const LineBelow &below = rows<LineBelow>(lists->below)[i];
-    if (line_may_see(sight, below.bounds)) add_visible(sight, below.lists, which);
+  for (uint32_t i = 0; i < list->below.count; i++) {
+    const MazeBelow &below = rows<MazeBelow>(list->below)[i];
+    if (maze_view_shows(view, below.bounds)) add_visible(view, below.list, pass);
   }
 }
 
 void bare_make(const World *world) {
-  const LineSight sight = {sight_now(), world->camera, world->root->halfwidth};
-  LineLists *lists = line_lists(world->root, 1);
+  const MazeView view = maze_view(world->root, line_kind, world);
   for (int which = 0; which < 2; which++) {
     GLuint &list = bare_list[bare_slab][which];
     if (list == 0) list = glGenLists(1);
     glNewList(list, GL_COMPILE);
-    if (line_may_see(sight, lists->all)) add_visible(sight, lists, which);
+    glBegin(GL_QUADS);
+    add_visible(view, line_lists(world->root, 1), which);
+    glEnd();
     glEndList();
   }
   bare_slab = !bare_slab;
@@ -162,9 +158,9 @@ void frames(benchmark::State &state, const View &view, Draw draw, Draw prepare) 
 
 // What a step costs before the frame is drawn.
 void compile_ours() {
-  LineLists *lists = line_lists(disc.root, 1);
+  MazeList *lists = line_lists(disc.root, 1);
   for (uint32_t k = 0; k < lists->chunks.count; k++)
-    line_chunk_compile(lists, k);
+    maze_chunk_compile(lists, k);
 }
 
 void step_ours(benchmark::State &state) {

@@ -1,13 +1,15 @@
 #include "plot_literal.h"
 
+#include <cmath>
+
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
 #include "maze/attachment.h"
 #include "maze/pos.h"
 #include "render/disc.h"
+#include "render/edge_angles.h"
 #include "render/edge_colour.h"
 #include "render/fixed_plot.h"
-#include "render/gantry_plot.h"
 #include "render/gantry_texture.h"
 #include "render/plot.h"
 #include "render/shader_procs.h"
@@ -32,6 +34,13 @@ void list_destroy(intptr_t name, Maze *) {
   glDeleteLists(static_cast<GLuint>(name), 1);
 }
 
+const World *shown; // by the landscape that is being drawn
+
+void landscape_marker() {
+  const Vec3 p = World_follow_point(shown);
+  fan_disc(p + 0.3 * unit(shown->camera - p), 0.12, colour_white, shown->camera);
+}
+
 void call_tree(Maze *maze, Kind kind, void (*body)(Maze *)) {
   const char *name = literal_name[kind];
   auto list = static_cast<GLuint>(Attachment_find(maze, name));
@@ -43,6 +52,7 @@ void call_tree(Maze *maze, Kind kind, void (*body)(Maze *)) {
     Attachment_add(maze, name, static_cast<intptr_t>(list), list_destroy);
   }
   glCallList(list);
+  if (kind == cells && maze == shown->cur.maze) landscape_marker();
   for (int32_t i = maze_count(maze); i-- > 0;)
     if (maze_nodes(maze)[i].submaze) call_tree(maze_nodes(maze)[i].submaze, kind, body);
 }
@@ -160,18 +170,64 @@ void sticks_body(Maze *maze) {
   glEnd();
 }
 
+void plate_corner(double s, double t, double angle, Vec3 p) {
+  glTexCoord3f(static_cast<float>(20 * s), static_cast<float>(20 * t), static_cast<float>(angle));
+  glVertex3f(static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z));
+}
+
+void road(Vec3 p, Vec3 q, const EdgeAngleRec &r, const EdgeAngleRec &f, double w) {
+  const Vec3 d = q - p, n = unit(cross(unit(Vec3{d.y, -d.x, 0}), d));
+  const float x = std::abs(static_cast<float>(n.x)), y = std::abs(static_cast<float>(n.y)),
+              z = std::abs(static_cast<float>(n.z));
+  const double angle = x >= y && x >= z ? std::atan2(d.z, d.y)
+                       : z <= y         ? std::atan2(d.x, d.z)
+                                        : std::atan2(d.y, d.x);
+  glNormal3f(static_cast<float>(n.x), static_cast<float>(n.y), static_cast<float>(n.z));
+  plate_corner(r.trim1, w, angle, p + r.corner1);
+  plate_corner(r.trim2, -w, angle, p + r.corner2);
+  plate_corner(length(d) - f.trim1, -w, angle, q + f.corner1);
+  plate_corner(length(d) - f.trim2, w, angle, q + f.corner2);
+}
+
+const EdgeAngleRec *recs(Pos p) {
+  return edgeanglerecs(p.maze) + static_cast<size_t>(p.node) * pos_max_edges;
+}
+
+void roads(Pos here) {
+  Pos ends[pos_max_edges];
+  MazeEdge rows[pos_max_edges];
+  for (int32_t e = Pos_alledges(here.maze, here.node, ends, rows); e-- > 0;) {
+    const EdgeAngleRec &r = recs(here)[e];
+    if (!Pos_before(here, ends[e]) || r.backindex < 0) continue;
+    opaque(edge_colour(rows[e].colour, here, ends[e]));
+    road(Pos_position(here), Pos_position(ends[e]), r, recs(ends[e])[r.backindex],
+         here.maze->halfwidth);
+  }
+}
+
+void hub(Pos here) {
+  Pos ends[pos_max_edges];
+  const Vec3 p = Pos_position(here);
+  opaque(edge_colour(maze_nodes(here.maze)[here.node].self.colour, here, Pos_null));
+  glNormal3f(0, 0, 1);
+  for (int32_t e = Pos_alledges(here.maze, here.node, ends, nullptr); e-- > 0;) {
+    const Vec3 left = recs(here)[e].corner1, right = recs(here)[e].corner2;
+    plate_corner(0, 0, 0, p);
+    plate_corner(right.x, right.y, 0, p + right);
+    plate_corner(left.x, left.y, 0, p + left);
+  }
+}
+
 void plates_body(Maze *maze) {
-  Box box = box_empty;
-  glBegin(GL_QUADS);
-  gantry_road_quads(maze, &box);
-  glEnd();
-  glBegin(GL_TRIANGLES);
-  gantry_hub_triangles(maze, &box);
-  glEnd();
+  for (const auto draw : {roads, hub}) {
+    glBegin(draw == hub ? GL_TRIANGLES : GL_QUADS);
+    for (int32_t i = maze_count(maze); i-- > 0;)
+      if (!maze_nodes(maze)[i].submaze) draw({maze, i});
+    glEnd();
+  }
 }
 
 using Shape = void (*)(ShapeList *out, Maze *maze, int32_t node, const World *world);
-const World *shown; // by the landscape that is being compiled
 
 void shape_body(Maze *maze, GLenum primitive, Shape shape) {
   ShapeList vertices;
@@ -347,8 +403,6 @@ void literal_gantry_plot(const World *world) {
 void literal_voronoi_plot(const World *world) {
   shown = world;
   call_tree(world->root, cells, cells_body);
-  const Vec3 p = World_follow_point(world);
-  fan_disc(p + 0.3 * unit(world->camera - p), 0.12, colour_white, world->camera);
 }
 
 void literal_drop_tree(Maze *maze) {

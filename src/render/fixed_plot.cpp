@@ -114,7 +114,7 @@ struct Run {
 
 // What of a maze may come into sight, last nodes first. The line plot knows where things lie; all
 // else has to be drawn.
-GrowList runs_in_sight(const Maze *maze, const LineLists *lists, const Sight &sight) {
+GrowList runs_in_sight(const Maze *maze, const MazeList *lists, const Sight &sight) {
   GrowList runs;
   GrowList_init(&runs, sizeof(Run));
   if (lists == nullptr) {
@@ -123,8 +123,8 @@ GrowList runs_in_sight(const Maze *maze, const LineLists *lists, const Sight &si
     return runs;
   }
   for (uint32_t k = 0; k < lists->chunks.count; k++) {
-    const LineChunk &chunk = rows<LineChunk>(lists->chunks)[k];
-    const Run run = {chunk.first, chunk.first + chunk.count};
+    const MazeChunk &chunk = rows<MazeChunk>(lists->chunks)[k];
+    const Run run = {chunk.first, chunk.end};
     if (!Sight_excludes(sight, line_chunk_places(lists, k), reach * maze->halfwidth, sight_planes))
       GrowList_append(&runs, &run);
   }
@@ -174,7 +174,7 @@ void line_pass(Maze *maze, const GrowList &runs, const World *world, int32_t all
 
 void plot_tree(Maze *maze, const World *world, int32_t all_levels, const Sight &sight) {
   if (maze->name != nullptr) maze_label(maze);
-  const LineLists *lists = all_levels != 0 ? line_lists_known(maze) : nullptr;
+  const MazeList *lists = all_levels != 0 ? line_lists_known(maze) : nullptr;
   GrowList runs = runs_in_sight(maze, lists, sight);
   if (runs.count > 0) {
     ribbon_pass(maze, runs, world, all_levels);
@@ -185,7 +185,7 @@ void plot_tree(Maze *maze, const World *world, int32_t all_levels, const Sight &
   if (all_levels == 0) return;
   if (lists != nullptr) {
     for (uint32_t i = 0; i < lists->below.count; i++)
-      plot_tree(rows<LineBelow>(lists->below)[i].maze, world, 1, sight);
+      plot_tree(rows<MazeBelow>(lists->below)[i].maze, world, 1, sight);
     return;
   }
   for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {

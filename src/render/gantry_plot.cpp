@@ -16,6 +16,8 @@
 
 namespace {
 
+constexpr int32_t chunk_nodes = 256;
+
 constexpr double repeats = 20.0;         // of the texture in a world unit
 constexpr double light_height = 1.0;     // of the user's light above him, world units
 constexpr float light_brightness = 5.0F; // of each channel, at a distance of 1
@@ -42,79 +44,123 @@ double texture_angle(Vec3 normal, Vec3 d) {
   return std::atan2(d.y, d.x);
 }
 
+struct Corner {
+  float s, t; // of the texture
+  Vec3f place;
+};
+
+// The plate along an edge of which one maze has the lesser end.
+struct Road {
+  Vec3f normal;
+  float angle; // of its texture
+  uint32_t colour;
+  Corner corners[4];
+};
+
+// The part of a hub between two roads.
+struct Wedge {
+  Vec3f centre;
+  uint32_t colour;
+  Corner corners[2];
+};
+
+static_assert(sizeof(Road) == 100 && sizeof(Wedge) == 56); // no padding
+
+// `s` and `t` are world units along the plate.
+Corner corner(double s, double t, Vec3 place, Box *box) {
+  Box_add(box, place);
+  return {static_cast<float>(repeats * s), static_cast<float>(repeats * t), rounded(place)};
+}
+
+// From p to q with the corners `here` at p and `there`, as seen from there, at q.
+Road road(Vec3 p, Vec3 q, const EdgeAngleRec &here, const EdgeAngleRec &there, double halfwidth,
+          uint32_t colour, Box *box) {
+  const Vec3 d = q - p, normal = road_normal(d);
+  const double size = length(d);
+  return {rounded(normal),
+          static_cast<float>(texture_angle(normal, d)),
+          colour,
+          {corner(here.trim1, halfwidth, p + here.corner1, box),
+           corner(here.trim2, -halfwidth, p + here.corner2, box),
+           corner(size - there.trim1, -halfwidth, q + there.corner1, box),
+           corner(size - there.trim2, halfwidth, q + there.corner2, box)}};
+}
+
+const EdgeAngleRec *node_recs(const EdgeAngleRec *recs, int32_t node) {
+  return recs + static_cast<size_t>(node) * pos_max_edges;
+}
+
+// The texture lies in a hub as on a flat floor, at the scale of the roads.
+Wedge wedge(Vec3 p, const EdgeAngleRec &rec, uint32_t colour, Box *box) {
+  const Vec3 right = rec.corner2, left = rec.corner1;
+  Box_add(box, p);
+  return {rounded(p),
+          colour,
+          {corner(right.x, right.y, p + right, box), corner(left.x, left.y, p + left, box)}};
+}
+
+// `recs` are those of the whole maze.
+void collect_node(Pos here, const EdgeAngleRec *recs, GrowList *parts, Box *box) {
+  const Vec3 p = Pos_position(here);
+  const uint32_t own = edge_colour(maze_nodes(here.maze)[here.node].self.colour, here, Pos_null);
+  Pos ends[pos_max_edges];
+  MazeEdge edges[pos_max_edges];
+  for (int32_t e = Pos_alledges(here.maze, here.node, ends, edges) - 1; e >= 0; e--) {
+    const EdgeAngleRec &rec = node_recs(recs, here.node)[e];
+    const Wedge plate = wedge(p, rec, own, box);
+    GrowList_append(&parts[1], &plate);
+    if (!Pos_before(here, ends[e]) || rec.backindex < 0) continue; // no way back, no corners
+    const EdgeAngleRec *there = ends[e].maze == here.maze ? recs : edgeanglerecs(ends[e].maze);
+    const Road way =
+        road(p, Pos_position(ends[e]), rec, node_recs(there, ends[e].node)[rec.backindex],
+             here.maze->halfwidth, edge_colour(edges[e].colour, here, ends[e]), box);
+    GrowList_append(&parts[0], &way);
+  }
+}
+
+void collect(const MazeRun &run, GrowList *parts, Box *box) {
+  const EdgeAngleRec *recs = edgeanglerecs(run.maze);
+  for (int32_t i = run.end - 1; i >= run.first; i--)
+    if (maze_nodes(run.maze)[i].submaze == nullptr) collect_node({run.maze, i}, recs, parts, box);
+}
+
 void set_colour(uint32_t colour) {
   glColor4ub(colour_red(colour), colour_green(colour), colour_blue(colour), 255);
 }
 
-void set_normal(Vec3 normal) {
-  glNormal3f(static_cast<float>(normal.x), static_cast<float>(normal.y),
-             static_cast<float>(normal.z));
+void plate_vertex(const Corner &corner, float angle) {
+  glTexCoord3f(corner.s, corner.t, angle);
+  glVertex3f(corner.place.x, corner.place.y, corner.place.z);
 }
 
-// `s` and `t` are world units along the plate, `angle` is that of the road.
-void plate_vertex(double s, double t, double angle, Vec3 place, Box *box) {
-  glTexCoord3f(static_cast<float>(repeats * s), static_cast<float>(repeats * t),
-               static_cast<float>(angle));
-  glVertex3f(static_cast<float>(place.x), static_cast<float>(place.y), static_cast<float>(place.z));
-  Box_add(box, place);
-}
-
-// From p to q with the corners `here` at p and `there`, as seen from there, at q.
-void road(Vec3 p, Vec3 q, const EdgeAngleRec &here, const EdgeAngleRec &there, double halfwidth,
-          Box *box) {
-  const Vec3 d = q - p;
-  const double size = length(d);
-  const Vec3 normal = road_normal(d);
-  const double angle = texture_angle(normal, d);
-  set_normal(normal);
-  plate_vertex(here.trim1, halfwidth, angle, p + here.corner1, box);
-  plate_vertex(here.trim2, -halfwidth, angle, p + here.corner2, box);
-  plate_vertex(size - there.trim1, -halfwidth, angle, q + there.corner1, box);
-  plate_vertex(size - there.trim2, halfwidth, angle, q + there.corner2, box);
-}
-
-const EdgeAngleRec *node_recs(Pos pos) {
-  return edgeanglerecs(pos.maze) + static_cast<size_t>(pos.node) * pos_max_edges;
-}
-
-void node_roads(Pos here, Box *box) {
-  Pos ends[pos_max_edges];
-  MazeEdge edges[pos_max_edges];
-  const EdgeAngleRec *recs = node_recs(here);
-  for (int32_t e = Pos_alledges(here.maze, here.node, ends, edges) - 1; e >= 0; e--) {
-    const int32_t back = recs[e].backindex;
-    if (!Pos_before(here, ends[e]) || back < 0) continue; // without a way back there are no corners
-    set_colour(edge_colour(edges[e].colour, here, ends[e]));
-    road(Pos_position(here), Pos_position(ends[e]), recs[e], node_recs(ends[e])[back],
-         here.maze->halfwidth, box);
+void draw_roads(const GrowList &roads, uint32_t first, uint32_t end, double) {
+  for (uint32_t i = first; i < end; i++) {
+    const Road &r = rows<Road>(roads)[i];
+    set_colour(r.colour);
+    glNormal3f(r.normal.x, r.normal.y, r.normal.z);
+    for (const Corner &corner : r.corners)
+      plate_vertex(corner, r.angle);
   }
 }
 
-// The texture lies in a hub as on a flat floor, at the scale of the roads.
-void hub(Pos here, Box *box) {
-  const Vec3 p = Pos_position(here);
-  const EdgeAngleRec *recs = node_recs(here);
-  Pos ends[pos_max_edges];
-  set_colour(edge_colour(maze_nodes(here.maze)[here.node].self.colour, here, Pos_null));
-  set_normal({0, 0, 1});
-  for (int32_t e = Pos_alledges(here.maze, here.node, ends, nullptr) - 1; e >= 0; e--) {
-    const Vec3 left = recs[e].corner1;
-    const Vec3 right = recs[e].corner2;
-    plate_vertex(0, 0, 0, p, box);
-    plate_vertex(right.x, right.y, 0, p + right, box);
-    plate_vertex(left.x, left.y, 0, p + left, box);
+void draw_wedges(const GrowList &wedges, uint32_t first, uint32_t end, double) {
+  glNormal3f(0, 0, 1);
+  for (uint32_t i = first; i < end; i++) {
+    const Wedge &w = rows<Wedge>(wedges)[i];
+    set_colour(w.colour);
+    plate_vertex({0, 0, w.centre}, 0);
+    for (const Corner &corner : w.corners)
+      plate_vertex(corner, 0);
   }
 }
 
-// All roads come before all hubs.
-void list_body(Maze *maze, int32_t, int32_t, const World *, Box *box) {
-  glBegin(GL_QUADS);
-  gantry_road_quads(maze, box);
-  glEnd();
-  glBegin(GL_TRIANGLES);
-  gantry_hub_triangles(maze, box);
-  glEnd();
-}
+// All roads of a maze come before all its hubs.
+constexpr MazeListKind kind = {
+    .name = "gantrylist",
+    .collect = collect,
+    .parts = {{sizeof(Road), GL_QUADS, draw_roads}, {sizeof(Wedge), GL_TRIANGLES, draw_wedges}},
+    .passes = 2,
+    .chunk = chunk_nodes};
 
 GLuint build_program() {
   const char *const fragment_strings[] = {shader_lighting, shader_gantry_fragment};
@@ -146,20 +192,16 @@ void set_uniforms(const World *world, int32_t light) {
 
 } // namespace
 
-void gantry_road_quads(Maze *maze, Box *box) {
-  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
-    if (maze_nodes(maze)[i].submaze == nullptr) node_roads({maze, i}, box);
-  }
+void gantry_road_quads(Maze *maze) {
+  maze_list_emit(maze, kind, 0, 1);
 }
 
-void gantry_hub_triangles(Maze *maze, Box *box) {
-  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
-    if (maze_nodes(maze)[i].submaze == nullptr) hub({maze, i}, box);
-  }
+void gantry_hub_triangles(Maze *maze) {
+  maze_list_emit(maze, kind, 1, 1);
 }
 
 void gantry_list_call(Maze *maze) {
-  maze_list_call(maze, {"gantrylist", list_body, INT32_MAX, sight_planes}, nullptr);
+  maze_list_call(maze, kind, every_pass, 1, nullptr);
 }
 
 void gantry_plot(Maze *root, const World *world, int32_t light) {

@@ -3,7 +3,6 @@
 #include <cstdint>
 
 #include "maze/maze.h"
-#include "render/sight.h"
 #include "world/world.h"
 
 // The plot of metal walkways: edges as flat roads that are mitred where they meet, nodes as hubs
@@ -18,6 +17,6 @@ void gantry_plot(Maze *root, const World *world, int32_t light);
 void gantry_list_call(Maze *maze);
 
 // The body of a list in immediate mode, between begin and end: the roads as quads, each from the
-// lesser end of its edge only, and the hubs as triangles. The box is widened by their corners.
-void gantry_road_quads(Maze *maze, Box *box);
-void gantry_hub_triangles(Maze *maze, Box *box);
+// lesser end of its edge only, and the hubs as triangles.
+void gantry_road_quads(Maze *maze);
+void gantry_hub_triangles(Maze *maze);

@@ -15,9 +15,8 @@ void line_edges_pass(Maze *root, const World *world, int32_t all_levels);
 void line_nodes_pass(Maze *root, const World *world, int32_t all_levels);
 
 // Calls the compiled lists of a maze, 0 for edges and 1 for nodes; with `all_levels` also those of
-// all mazes below. What the current matrices can't show is left out. Lists are compiled when they
-// can first be seen, from what the maze was when its attachment was made.
-void line_lists_call(Maze *maze, int32_t which, int32_t all_levels, Vec3 camera);
+// all mazes below. What the current matrices can't show is left out; the world's camera is theirs.
+void line_lists_call(Maze *maze, int32_t which, int32_t all_levels, const World *world);
 
 // The bodies of the two lists, in immediate mode. Each edge is drawn from its lesser end only.
 void line_edge_list(Maze *maze, int32_t all_levels);

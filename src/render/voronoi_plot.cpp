@@ -14,59 +14,82 @@
 
 namespace {
 
+constexpr int32_t chunk_nodes = 256;
 constexpr double marker_radius = 0.12;
 constexpr double marker_lift = 0.3; // towards the eye
 
-// One kind of primitive, drawn for all cells.
+// What a mode draws of all cells before it draws its next layer, in faces of so many corners.
 struct Layer {
-  GLenum primitive;
   void (*shape)(ShapeList *out, Maze *maze, int32_t node, const World *world);
+  uint32_t corners;
 };
 
-struct Mode {
-  bool lit;
-  Layer layers[2];
-  int32_t count;
+constexpr int32_t most_layers = 2;
+
+constexpr Layer layers[][most_layers] = {
+    {{voronoi_outline, 2}}, {{voronoi_room, 3}},     {{voronoi_room, 3}},
+    {{voronoi_terrain, 3}}, {{voronoi_delaunay, 3}}, {{voronoi_ground, 3}, {voronoi_walls, 4}}};
+
+struct Face {
+  Vec3f normal;
+  uint32_t colour;
+  Vec3f corners[4]; // those that aren't used are zero
 };
 
-constexpr Mode modes[] = {
-    {false, {{GL_LINES, voronoi_outline}}, 1},
-    {false, {{GL_TRIANGLES, voronoi_room}}, 1},
-    {true, {{GL_TRIANGLES, voronoi_room}}, 1},
-    {true, {{GL_TRIANGLES, voronoi_terrain}}, 1},
-    {true, {{GL_TRIANGLES, voronoi_delaunay}}, 1},
-    {true, {{GL_TRIANGLES, voronoi_ground}, {GL_QUADS, voronoi_walls}}, 2},
-};
+static_assert(sizeof(Face) == 64); // no padding
 
-// Only lit modes have normals.
-void draw_layer(const Layer &layer, bool lit, Maze *maze, const World *world, Box *box) {
-  ShapeList vertices;
-  glBegin(layer.primitive);
-  for (int32_t i = maze_count(maze); i-- > 0;) {
-    if (maze_nodes(maze)[i].submaze != nullptr) continue;
-    vertices.clear();
-    layer.shape(&vertices, maze, i, world);
-    for (const ShapeVertex &v : vertices) {
-      glColor3ub(colour_red(v.colour), colour_green(v.colour), colour_blue(v.colour));
-      if (lit) glNormal3d(v.normal.x, v.normal.y, v.normal.z);
-      glVertex3d(v.place.x, v.place.y, v.place.z);
-      Box_add(box, v.place);
-    }
+void collect_face(const ShapeVertex *vertices, uint32_t corners, GrowList *faces, Box *box) {
+  Face face = {rounded(vertices[0].normal), vertices[0].colour, {}};
+  for (uint32_t k = 0; k < corners; k++) {
+    face.corners[k] = rounded(vertices[k].place);
+    Box_add(box, vertices[k].place);
   }
-  glEnd();
+  GrowList_append(faces, &face);
 }
 
-// All of one layer comes before all of the next.
-void list_body(Maze *maze, int32_t, int32_t, const World *world, Box *box) {
-  assert(voronoi_mode >= 0 && voronoi_mode < static_cast<int32_t>(std::size(modes)));
-  const Mode &mode = modes[voronoi_mode];
-  if (voronoi_cells(maze) == nullptr) // what moves nodes drops the list too
-    voronoi_build(maze, 1);
-  if (mode.lit) fixed_light_on();
-  for (int32_t i = 0; i < mode.count; i++)
-    draw_layer(mode.layers[i], mode.lit, maze, world, box);
-  if (mode.lit) glDisable(GL_LIGHTING);
+void collect_layer(const MazeRun &run, const Layer &layer, GrowList *faces, Box *box) {
+  ShapeList vertices;
+  for (int32_t i = run.end - 1; i >= run.first; i--) {
+    if (maze_nodes(run.maze)[i].submaze != nullptr) continue;
+    vertices.clear();
+    layer.shape(&vertices, run.maze, i, run.world);
+    for (size_t v = 0; v < vertices.size(); v += layer.corners)
+      collect_face(&vertices[v], layer.corners, faces, box);
+  }
 }
+
+void collect(const MazeRun &run, GrowList *parts, Box *box) {
+  if (voronoi_cells(run.maze) == nullptr) // what moves nodes drops the lists too
+    voronoi_build(run.maze, 1);
+  for (int32_t k = 0; k < most_layers && layers[voronoi_mode][k].shape != nullptr; k++)
+    collect_layer(run, layers[voronoi_mode][k], &parts[k], box);
+}
+
+void draw_faces(const GrowList &faces, uint32_t first, uint32_t end, int corners) {
+  for (uint32_t i = first; i < end; i++) {
+    const Face &face = rows<Face>(faces)[i];
+    glColor3ub(colour_red(face.colour), colour_green(face.colour), colour_blue(face.colour));
+    glNormal3f(face.normal.x, face.normal.y, face.normal.z);
+    for (int k = 0; k < corners; k++)
+      glVertex3f(face.corners[k].x, face.corners[k].y, face.corners[k].z);
+  }
+}
+
+void draw_lines(const GrowList &faces, uint32_t first, uint32_t end, double) {
+  draw_faces(faces, first, end, 2);
+}
+
+void draw_triangles(const GrowList &faces, uint32_t first, uint32_t end, double) {
+  draw_faces(faces, first, end, 3);
+}
+
+void draw_quads(const GrowList &faces, uint32_t first, uint32_t end, double) {
+  draw_faces(faces, first, end, 4);
+}
+
+constexpr MazePart lines = {sizeof(Face), GL_LINES, draw_lines};
+constexpr MazePart triangles = {sizeof(Face), GL_TRIANGLES, draw_triangles};
+constexpr MazePart quads = {sizeof(Face), GL_QUADS, draw_quads};
 
 void draw_marker(const World *world) {
   const Vec3 p = World_follow_point(world);
@@ -74,11 +97,32 @@ void draw_marker(const World *world) {
   fan_disc(centre, marker_radius, colour_white, world->camera);
 }
 
+void light_off() {
+  glDisable(GL_LIGHTING);
+}
+
+constexpr MazeListKind kind_of(MazePart first, MazePart second, bool lit) {
+  return {.name = "voronoilist",
+          .collect = collect,
+          .parts = {first, second},
+          .passes = second.size == 0 ? 1 : 2,
+          .chunk = chunk_nodes,
+          .before = lit ? fixed_light_on : nullptr,
+          .after = lit ? light_off : nullptr,
+          .marker = draw_marker};
+}
+
+constexpr MazeListKind kinds[] = {kind_of(lines, {}, false),    kind_of(triangles, {}, false),
+                                  kind_of(triangles, {}, true), kind_of(triangles, {}, true),
+                                  kind_of(triangles, {}, true), kind_of(triangles, quads, true)};
+
+static_assert(std::size(kinds) == std::size(layers));
+
 } // namespace
 
 void voronoi_plot(Maze *maze, const World *world) {
-  maze_list_call(maze, {"voronoilist", list_body, INT32_MAX, sight_planes}, world);
-  draw_marker(world);
+  assert(voronoi_mode >= 0 && voronoi_mode < static_cast<int32_t>(std::size(kinds)));
+  maze_list_call(maze, kinds[voronoi_mode], every_pass, 1, world);
 }
 
 void fixed_light_on() {

@@ -7,7 +7,8 @@
 // pipeline. A maze's cells and its compiled list, the attachments "voronoi" and "voronoilist", are
 // made when they are found missing; the list keeps the colours of that moment.
 
-// Draws a tree of mazes and the user's marker in it, which stands a little towards the eye.
+// Draws a tree of mazes and, after the maze where the user is, his marker, which stands a little
+// towards the eye.
 void voronoi_plot(Maze *maze, const World *world);
 
 // Lights the scene from one direction of the current modelview, with the colours of vertices.

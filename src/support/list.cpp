@@ -109,3 +109,10 @@ void GrowList_free(GrowList *list) {
   list->data = nullptr;
   list->count = 0;
 }
+
+bool GrowList_same_rows(const GrowList *a, uint32_t first_a, const GrowList *b, uint32_t first_b,
+                        uint32_t count) {
+  assert(a->elemsize == b->elemsize && first_a + count <= a->count && first_b + count <= b->count);
+  return std::memcmp(row_address(a, first_a), row_address(b, first_b),
+                     static_cast<size_t>(count) * a->elemsize) == 0;
+}

@@ -44,6 +44,11 @@ void GrowList_clear(GrowList *list);
 // Releases the rows and sets the mirrored slot, if there is one, to null.
 void GrowList_free(GrowList *list);
 
+// Whether `count` rows of two lists, from `first_a` and `first_b` on, are the same byte by byte.
+// The lists have rows of one size.
+bool GrowList_same_rows(const GrowList *a, uint32_t first_a, const GrowList *b, uint32_t first_b,
+                        uint32_t count);
+
 // The one place where a list's rows get their type. Valid until the next append or removal.
 template <typename Row> Row *rows(GrowList &list) {
   static_assert(std::is_trivially_copyable_v<Row>);

@@ -7,6 +7,14 @@ struct Vec3 {
   double x, y, z;
 };
 
+// The same in single precision, as the graphics card gets it.
+struct Vec3f {
+  float x, y, z;
+};
+
+constexpr Vec3f rounded(Vec3 a) {
+  return {static_cast<float>(a.x), static_cast<float>(a.y), static_cast<float>(a.z)};
+}
 constexpr Vec3 operator+(Vec3 a, Vec3 b) {
   return {a.x + b.x, a.y + b.y, a.z + b.z};
 }

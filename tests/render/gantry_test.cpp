@@ -120,7 +120,7 @@ void add_road(Maze *maze, Vec3 p, Vec3 q, uint32_t colour) {
 using Corner = std::array<double, 7>; // x, y, z, s, t, angle, red of 255
 
 // The corners that a body sends to the card. Drivers cut quads as they like.
-std::vector<Corner> emitted(Maze *maze, GLenum primitive, void (*body)(Maze *, Box *)) {
+std::vector<Corner> emitted(Maze *maze, GLenum primitive, void (*body)(Maze *)) {
   picture_begin();
   float matrix[16];
   projection_ortho(-16, 16, -12, 12, 16, -16, matrix);
@@ -131,8 +131,7 @@ std::vector<Corner> emitted(Maze *maze, GLenum primitive, void (*body)(Maze *, B
   glFeedbackBuffer(static_cast<GLsizei>(buffer.size()), GL_3D_COLOR_TEXTURE, buffer.data());
   glRenderMode(GL_FEEDBACK);
   glBegin(primitive);
-  Box box = box_empty;
-  body(maze, &box);
+  body(maze);
   glEnd();
   const float *const end = buffer.data() + glRenderMode(GL_RENDER);
   std::vector<Corner> corners;

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "generate/carve.h"
@@ -14,6 +15,8 @@
 #include "gfx/window.h"
 #include "maze/attachment.h"
 #include "maze/edit.h"
+#include "maze/pos.h"
+#include "maze/visit.h"
 #include "picture.h"
 #include "plot_literal.h"
 #include "render/apply_view.h"
@@ -118,12 +121,16 @@ void look_somewhere(World *world) {
   world->time += 10;
 }
 
-// What a held key does to the places of nodes.
-void smooth(Maze *maze) {
-  Maze_smooth(maze, 0.3);
+void drop_all(Maze *maze) {
   for (const char *name : {"lists", "ballstick_ballslist", "ballstick_stickslist", "voronoi",
                            "voronoilist", "gantrylist", "EdgeAngleRecs"})
     Attachment_drop_tree(maze, name);
+}
+
+// What a held key does to the places of nodes.
+void smooth(Maze *maze) {
+  Maze_smooth(maze, 0.3);
+  drop_all(maze);
 }
 
 void balls(const World *world) {
@@ -207,9 +214,7 @@ struct Straddler {
     put(&maze_nodes(room)[1], p + way);
     room->halfwidth = halfwidth;
     world.cur = {root, 0};
-    for (const char *name :
-         {"lists", "ballstick_ballslist", "ballstick_stickslist", "gantrylist", "EdgeAngleRecs"})
-      Attachment_drop_tree(root, name);
+    drop_all(root);
     literal_drop_tree(root);
     line_lists(root, 1);
   }
@@ -299,16 +304,90 @@ int lists_in_use() {
   return count;
 }
 
-TEST(SamePicture, OnlyWhatCanBeSeenIsCompiled) {
+// A plot compiles nothing before it can be seen, and then what the mazes were when it first ran:
+// what moves a room leaves its parent's lists alone, with the ways to where its doors were.
+TEST(SamePicture, OfWhatWasThereWhenNothingWasSeen) {
+  rand_seed(8);
+  World world = {};
+  world.root = town(3, 6.0, 1);
+  Pos door = town_place(world.root);
+  while (door.maze == world.root)
+    door = town_place(world.root);
+  for (const Plot &plot : plots) {
+    if (plot.ours == processor) continue;
+    SCOPED_TRACE(plot.name);
+    voronoi_mode = plot.mode;
+    town_look(&world, door, 15, 0.3, -0.4);
+    world.camera.x += 5000;
+    draw_slabs(&world, plot.ours); // what is made once
+    drop_all(world.root);
+    literal_drop_tree(world.root);
+    const int before = lists_in_use();
+    draw_slabs(&world, plot.ours);
+    EXPECT_LE(lists_in_use(), before); // those of a mode before may go
+    draw_slabs(&world, plot.literal);
+    for (int32_t i = maze_count(world.root); i-- > 0;)
+      maze_nodes(world.root)[i].self.colour ^= 0x404040;
+    smooth(door.maze);
+    literal_follow_drops(world.root);
+    town_look(&world, door, 15, 0.3, -0.4);
+    const int unseen = lists_in_use();
+    const Slabs slabs = draw_slabs(&world, plot.ours);
+    EXPECT_GT(lists_in_use(), unseen);
+    EXPECT_TRUE(same(slabs, draw_slabs(&world, plot.literal)));
+    drop_all(world.root);
+    EXPECT_FALSE(same(slabs, draw_slabs(&world, plot.ours)));
+  }
+  voronoi_mode = 5;
+  Maze_destroy(world.root, 1);
+}
+
+// The marker comes right after its own level. A room's floor at its height hides it, and it is seen
+// where all of its level lies behind the eye.
+TEST(SamePicture, OfTheMarkerBetweenTheLevelsOfALandscape) {
+  constexpr size_t middle = size_t{width} * (height / 2) + width / 2;
   Straddler scene;
-  const int before = lists_in_use();
-  scene.place({60, 0, -20}, {1, 0, 0}, 0.5); // out at the right, with the root's nodes
-  draw_slabs(&scene.world, line_plot);
-  EXPECT_NE(Attachment_find(scene.room, "lists"), 0);
-  EXPECT_EQ(lists_in_use(), before);
-  scene.world.camera.x = 45; // into which the room comes but for the root's way out of it
-  draw_slabs(&scene.world, line_plot);
-  EXPECT_GT(lists_in_use(), before);
+  scene.place({-0.5, 0, 0.3}, {0, -1, 0}, 0.5, {1, 0, 0});
+  scene.put(&maze_nodes(scene.root)[0], {0, 0, 0});
+  scene.world.camera = {0, 0, 10};
+  for (const uint32_t expected : {0x808080U, 0xFFFFFFU}) {
+    voronoi_mode = expected == 0xFFFFFF ? 0 : 1;
+    const Slabs slabs = draw_slabs(&scene.world, cells);
+    EXPECT_TRUE(same(slabs, draw_slabs(&scene.world, literal_voronoi_plot)));
+    EXPECT_EQ(slabs.near.colour[middle] & 0xFFFFFF, expected);
+    scene.world.cur = {scene.room, 0};
+    scene.world.camera = {-0.5, 0, 0.15};
+    drop_all(scene.root);
+    literal_drop_tree(scene.root);
+  }
+  voronoi_mode = 5;
+}
+
+// Through a door and back: drops what all plots keep of two mazes, whose colours change only the
+// first time.
+TEST(SamePicture, OfEachPlotAfterCrossings) {
+  rand_seed(31);
+  World world = {};
+  world.showtrail = 1;
+  world.root = town(4, 6.0, 1);
+  Pos from = Pos_null, to = Pos_null;
+  for (int crossing = 0; crossing < 8; crossing++) {
+    std::swap(from, to);
+    while (crossing % 4 == 0 && to.maze == from.maze) {
+      Pos ways[pos_max_edges];
+      from = town_place(world.root);
+      to = ways[Pos_alledges(from.maze, from.node, ways, nullptr) - 1];
+    }
+    Pos_mark_usertime(from.maze, from.node, to.maze, to.node, world.time += 1);
+    town_look(&world, to, 9, 0.4, -0.5);
+    literal_follow_drops(world.root);
+    for (const Plot &plot : {plots[0], plots[1], plots[2], plots[5]}) {
+      const Slabs slabs = draw_slabs(&world, plot.ours);
+      EXPECT_TRUE(shows(slabs.near) && same(slabs, draw_slabs(&world, plot.literal)))
+          << plot.name << " crossing " << crossing;
+    }
+  }
+  Maze_destroy(world.root, 1);
 }
 
 // Steps change few bodies of many; other changes move all of them, or add and remove some.

@@ -17,7 +17,9 @@ void recs_destroy(intptr_t data, Maze *) {
   delete[] reinterpret_cast<EdgeAngleRec *>(data);
 }
 
+// `from` is plain, so that a row of its own maze that leads to it is that entry of the list.
 int32_t find_back(Pos from, Pos to) {
+  if (to.maze == from.maze) return MazeNode_row(maze_nodes(to.maze)[to.node], from.node);
   Pos list[pos_max_edges];
   for (int32_t k = Pos_alledges(to.maze, to.node, list, nullptr); k-- > 0;) {
     if (Pos_equal(list[k], from)) return k;

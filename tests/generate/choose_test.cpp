@@ -109,23 +109,4 @@ TEST(Choose, LabelsCountTheHoldersOfEachMaze) {
   }
 }
 
-TEST(Choose, LadderIsALineOfRoomsWithLabels) {
-  const OwnedMaze ladder(Maze_choose(2));
-  for (int32_t k = 0; k < 12; ++k) {
-    const MazeNode &node = maze_nodes(ladder.get())[k];
-    ASSERT_EQ(node.submaze != nullptr, k > 0 && k < 11);
-    if (!node.submaze) continue;
-    EXPECT_EQ(maze_count(node.submaze), (4 * k + 1) * (4 * k + 1));
-    EXPECT_DOUBLE_EQ(node.submaze->halfwidth, 0.1 * k);
-    EXPECT_EQ(std::string("1.01.") + (k < 10 ? "0" : "1") + std::to_string(k % 10),
-              node.submaze->name);
-    // Doors lie in the middles of the sides towards the neighbours on the line.
-    for (uint32_t r = 0; r < node.degree; ++r) {
-      const Vec3 door = node_position(maze_nodes(node.submaze)[r]) - node_position(node);
-      EXPECT_NEAR(door.x, (node.nbr[r] > k ? 5.0 : -5.0) * k, 1e-9);
-      EXPECT_NEAR(door.y, 0.0, 1e-9);
-    }
-  }
-}
-
 } // namespace

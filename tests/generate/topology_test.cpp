@@ -142,24 +142,25 @@ std::vector<Node> rings_of(const std::vector<int32_t> &counts, const std::vector
   return nodes;
 }
 
-// Six around and three across; `seam` says where the last column's neighbours lie in the first.
-std::vector<Node> strip_of(const std::function<Vec3(int32_t, int32_t)> &place, bool tube,
-                           bool twist) {
-  std::vector<Node> nodes(18);
+// So many around and across; a twisted band's last column leads to the first one's other end.
+std::vector<Node> strip_of(int32_t around, int32_t across,
+                           const std::function<Vec3(int32_t, int32_t)> &place, bool band) {
+  const int32_t last = around * across - 1, far = (around / 2) * across + across / 2;
+  std::vector<Node> nodes(static_cast<size_t>(last + 1));
   const auto join = [&nodes](int32_t a, int32_t b) {
     nodes[static_cast<size_t>(a)].rows.push_back(b);
     nodes[static_cast<size_t>(b)].rows.push_back(a);
   };
-  for (int32_t i = 0; i < 18; ++i) {
-    const int32_t u = i / 3, v = i % 3;
+  for (int32_t i = 0; i <= last; ++i) {
+    const int32_t u = i / across, v = i % across;
     nodes[static_cast<size_t>(i)].place = place(u, v);
-    join(i, u < 5 ? i + 3 : twist ? 2 - v : v);
-    if (tube || v < 2) join(i, u * 3 + (v + 1) % 3);
+    join(i, u < around - 1 ? i + across : band ? across - 1 - v : v);
+    if (!band || v < across - 1) join(i, u * across + (v + 1) % across);
   }
-  for (Node &node : nodes) // the far node, (3, 1), gets the last index
+  for (Node &node : nodes) // the far node gets the last index
     for (int32_t &row : node.rows)
-      row = row == 17 ? 10 : row == 10 ? 17 : row;
-  std::swap(nodes[17], nodes[10]);
+      row = row == last ? far : row == far ? last : row;
+  std::swap(nodes[static_cast<size_t>(last)], nodes[static_cast<size_t>(far)]);
   return nodes;
 }
 
@@ -171,16 +172,22 @@ TEST(Topology, NumberingRowsAndPlacesAreFixed) {
     z.push_back(3 * std::cos(i * pi / 9));
   }
   expect_nodes(Maze_sphere(3), rings_of({4, 8, 16, 16, 16, 16, 8, 4}, radius, z));
-  const auto torus = [](int32_t u, int32_t v) {
-    const double a = u * pi / 3, b = v * 2 * pi / 3, q = 1 + 0.5 * std::cos(b);
-    return Vec3{q * std::cos(a), q * std::sin(a), 0.5 * std::sin(b)};
-  };
-  expect_nodes(Maze_torus(1, 0.5), strip_of(torus, true, false));
-  const auto band = [](int32_t u, int32_t v) {
-    const double a = u * pi / 3, t = v - 1, q = 1 + t * std::cos(a / 2);
-    return Vec3{q * std::cos(a), q * std::sin(a), t * std::sin(a / 2)};
-  };
-  expect_nodes(Maze_mobius(1, 1), strip_of(band, false, true));
+  const double sizes[][2] = {{1, 0.5}, {2, 1}, {6, 3}, {20, 10}};
+  for (const auto &[major, minor] : sizes) {
+    const int32_t around = static_cast<int32_t>(2 * pi * major);
+    const int32_t ring = static_cast<int32_t>(2 * pi * minor);
+    const int32_t across = static_cast<int32_t>(2 * major + 1);
+    const auto torus = [&, major = major, minor = minor](int32_t u, int32_t v) {
+      const double a = 2 * pi * u / around, b = 2 * pi * v / ring, q = major + minor * std::cos(b);
+      return Vec3{q * std::cos(a), q * std::sin(a), minor * std::sin(b)};
+    };
+    expect_nodes(Maze_torus(major, minor), strip_of(around, ring, torus, false));
+    const auto band = [&, major = major](int32_t u, int32_t v) {
+      const double a = 2 * pi * u / around, t = v - major, q = major + t * std::cos(a / 2);
+      return Vec3{q * std::cos(a), q * std::sin(a), t * std::sin(a / 2)};
+    };
+    expect_nodes(Maze_mobius(major, major), strip_of(around, across, band, true));
+  }
   // The corners (0, 2) and (2, 0) of a lattice of 3 by 3 go, the last index first; in the rows of
   // their neighbours, the last row takes their place.
   const double h = 0.8660253882408142;
@@ -236,51 +243,6 @@ TEST(Topology, ClosedSurfacesAreWhatTheyAreCalled) {
     };
     expect_surface(Maze_box(a, b, c), 2 * (a * b + b * c + c * a) + 2, cube ? 3 : 4, 2, steeply,
                    side);
-  }
-  const double tori[][2] = {{2, 1}, {6, 3}, {20, 10}};
-  for (const auto &[major, minor] : tori) {
-    const int32_t nu = static_cast<int32_t>(6.283185 * major);
-    const int32_t nv = static_cast<int32_t>(6.283185 * minor);
-    const auto from_tube = [major = major](Vec3 p) {
-      const double flat = std::hypot(p.x, p.y);
-      return p - Vec3{p.x, p.y, 0} * (major / flat);
-    };
-    expect_surface(Maze_torus(major, minor), nu * nv, 4, 0, from_tube,
-                   [&](Vec3 p) { return length(from_tube(p)) - minor; });
-    const OwnedMaze torus(Maze_torus(major, minor));
-    EXPECT_EQ(Maze_connected(torus.get(), 0, nu * nv - 1, nullptr), nu / 2 + nv / 2);
-  }
-}
-
-// One rim, twice as long as the band: an untwisted band would have two.
-TEST(Topology, BandHasOneSide) {
-  const double bands[][2] = {{2, 1}, {6, 3}, {20, 10}};
-  for (const auto &[major, half] : bands) {
-    const OwnedMaze band(Maze_mobius(major, half));
-    const int32_t nu = static_cast<int32_t>(6.283185 * major);
-    const int32_t nv = static_cast<int32_t>(2 * half + 1);
-    const int32_t last = nu * nv - 1;
-    ASSERT_EQ(maze_count(band.get()), nu * nv);
-    EXPECT_STREQ(scenario_fault(band.get()), nullptr);
-    EXPECT_EQ(Maze_connected(band.get(), 0, last, nullptr), nu / 2 + nv / 2);
-    const MazeNode *nodes = maze_nodes(band.get());
-    int32_t rim = 0;
-    for (int32_t from = -1, at = 0; rim == 0 || at != 0; ++rim) {
-      ASSERT_LT(rim, 2 * nu);
-      int32_t next = -1;
-      for (uint32_t r = 0; r < nodes[at].degree; ++r)
-        if (nodes[nodes[at].nbr[r]].degree == 3 && nodes[at].nbr[r] != from)
-          next = nodes[at].nbr[r];
-      from = at;
-      at = next;
-    }
-    EXPECT_EQ(rim, 2 * nu);
-    for (int32_t i = 0; i <= last; ++i) {
-      const Vec3 p = node_position(nodes[i]);
-      const double a = std::atan2(p.y, p.x) + (std::atan2(p.y, p.x) < -1e-9 ? 6.283185307 : 0);
-      const double across = std::hypot(p.x, p.y) - major;
-      EXPECT_NEAR(across * std::sin(a / 2), p.z * std::cos(a / 2), 1e-6);
-    }
   }
 }
 

@@ -51,11 +51,10 @@ TEST(Attachment, TreeDropTakesEachMazeOnce) {
 }
 
 TEST(Maze, CopyKeepsFieldsAndDropsCaches) {
-  Maze *source = scenario_path(9), *below = scenario_path(2), *above = Maze_new();
+  Maze *above = scenario_path(3), *source = scenario_path(9), *below = scenario_path(2);
+  scenario_hold(above, 2, source);
   scenario_hold(source, 8, below);
   str_dup_into(&source->name, "1.01");
-  source->parent = above;
-  source->parentnode = 2;
   source->visited = 3;
   source->bordermask = 0x81;
   source->halfwidth = 0.125;
@@ -74,12 +73,11 @@ TEST(Maze, CopyKeepsFieldsAndDropsCaches) {
     EXPECT_EQ(maze_nodes(copy)[3].nbr[1], 4);
     EXPECT_GT(copy->serial, source->serial);
   }
-  source->parent = deep->parent = nullptr;
-  source->parentnode = deep->parentnode = 0;
-  Maze_destroy(above, 0);
+  deep->parent = nullptr;
+  deep->parentnode = 0;
   EXPECT_EQ(maze_nodes(shallow)[8].submaze, below);
   Maze_destroy(shallow, 0);
-  Maze_destroy(source, 1); // what was shared still stood
+  Maze_destroy(above, 1); // what was shared still stood
   EXPECT_EQ(slot, nullptr);
   EXPECT_EQ(scenario_fault(deep), nullptr);
   EXPECT_EQ(maze_count(maze_nodes(deep)[8].submaze), 2);

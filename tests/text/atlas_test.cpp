@@ -81,28 +81,25 @@ TEST(Atlas, ReadingEndsAtTheFirstRecordThatIsNotWhole) {
   for (uint32_t size = 0; size <= bytes.size(); size++) {
     const std::vector<uint8_t> part(bytes.begin(), bytes.begin() + size);
     std::array<GlyphRecord, font_codes> records;
-    EXPECT_EQ(glyph_records(part.data(), size, records.data()), size == 10  ? 3U
-                                                                : size >= 6 ? 2U
-                                                                : size >= 4 ? 1U
-                                                                            : 0U)
-        << size << " bytes";
+    const uint32_t whole = size == 10 ? 3 : size >= 6 ? 2 : size >= 4 ? 1 : 0;
+    EXPECT_EQ(glyph_records(part.data(), size, records.data()), whole) << size << " bytes";
   }
 }
 
 TEST(Atlas, ThePaletteFollowsItsRules) {
   std::array<float, palette_size> red, green, blue;
   palette_build(red.data(), green.data(), blue.data());
-  const auto colour = [&](size_t i) { return std::array<float, 3>{red[i], green[i], blue[i]}; };
-  using Rgb = std::array<float, 3>;
-  EXPECT_EQ(colour(1), (Rgb{0, 0, 0.5F}));
-  EXPECT_EQ(colour(4), (Rgb{0.5F, 0, 0}));
-  EXPECT_EQ(colour(8), (Rgb{0.25F, 0.25F, 0.25F}));
-  EXPECT_EQ(colour(14), (Rgb{1, 1, 0}));
-  EXPECT_EQ(colour(16), (Rgb{0, 0, 0}));
-  EXPECT_NEAR(colour(39)[1], 1.0F, 1e-6F);
-  EXPECT_EQ(colour(40 + 5), (Rgb{1, 0, 0}));
-  EXPECT_EQ(colour(40 + 6 * 5), (Rgb{0, 1, 0}));
-  EXPECT_EQ(colour(255), (Rgb{1, 1, 5 * 0.2F}));
+  const struct {
+    size_t index;
+    float red, green, blue;
+  } colours[] = {{1, 0, 0, 0.5F},   {4, 0.5F, 0, 0},       {8, 0.25F, 0.25F, 0.25F},
+                 {14, 1, 1, 0},     {16, 0, 0, 0},         {39, 1, 1, 1},
+                 {40 + 5, 1, 0, 0}, {40 + 6 * 5, 0, 1, 0}, {255, 1, 1, 1}};
+  for (const auto &c : colours) {
+    EXPECT_FLOAT_EQ(red[c.index], c.red) << c.index;
+    EXPECT_FLOAT_EQ(green[c.index], c.green) << c.index;
+    EXPECT_FLOAT_EQ(blue[c.index], c.blue) << c.index;
+  }
 }
 
 // Against the rule told byte by byte, on random levels.
@@ -152,19 +149,17 @@ TEST(Atlas, AllLevelsOfTheTextureAreThereAndSharpened) {
     EXPECT_EQ(size[1], std::max(512 >> level, 1));
     EXPECT_EQ(size[2], format) << "or the texture would not be complete";
     if (level > 5) continue; // a digit has no whole column there
-    std::vector<uint8_t> pixels(static_cast<size_t>(size[0] * size[1]) * 4);
+    const auto row = static_cast<uint32_t>(size[0]);
+    std::vector<uint32_t> pixels(row * static_cast<uint32_t>(size[1]));
     glGetTexImage(GL_TEXTURE_2D, level, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
-    const auto brightest = [&](uint32_t code) {
-      uint8_t peak = 0;
+    const auto brightest = [&](uint32_t code) { // its red
+      uint32_t peak = 0;
       for (uint32_t y = fmod->glyph_y[code] >> level; y < (fmod->glyph_y[code] + 100) >> level; y++)
         for (uint32_t x = 0; x < fmod->glyph_width[code] >> level; x++)
-          peak = std::max(
-              peak,
-              pixels[(y * static_cast<uint32_t>(size[0]) + (fmod->glyph_x[code] >> level) + x) *
-                     4]);
+          peak = std::max(peak, pixels[y * row + (fmod->glyph_x[code] >> level) + x] & 255);
       return peak;
     };
-    EXPECT_GT(brightest('7'), 170) << level;
+    EXPECT_GT(brightest('7'), 170U) << level;
     EXPECT_TRUE(level < 5 || brightest('T') < 150) << "letters fade";
   }
 }

@@ -57,23 +57,9 @@ TEST(FontFile, TheFontIsTheSameOnEveryMachine) {
   uint8_t *bytes = fmod_generate(&size);
   EXPECT_EQ(size, 278656U);
   uint64_t hash = 0xCBF29CE484222325U; // FNV-1a
-  uint32_t records = 0;
-  uint32_t wrong = 0;
-  for (uint32_t at = 0; at < size; records++) {
-    const uint32_t pixels = uint32_t{bytes[at]} * bytes[at + 1];
-    wrong += bytes[at] % 20 != 0 || bytes[at] > 60 || bytes[at + 1] % 20 != 0 ||
-             bytes[at + 1] > 100 || pixels == 0;
-    for (uint32_t i = 0; i < pixels; i++) {
-      const uint8_t pixel = bytes[at + 2 + i];
-      wrong += pixel != glyph_transparent && (pixel < 16 || pixel > 39);
-    }
-    at += 2 + pixels;
-  }
   for (uint32_t i = 0; i < size; i++)
     hash = (hash ^ bytes[i]) * 0x100000001B3U;
   std::free(bytes);
-  EXPECT_EQ(records, 128U);
-  EXPECT_EQ(wrong, 0U);
   EXPECT_EQ(hash, 12749455074316598069U);
 }
 
@@ -82,12 +68,9 @@ TEST(FontFile, ATableCutOffAnywhereGivesTheGlyphsBefore) {
   const std::vector<uint8_t> whole = generate(table);
   ASSERT_EQ(whole.size(), 3 * 2 + 6 * 400U);
   for (size_t size = 0; size < table.size(); size++) {
-    const std::vector<uint8_t> part =
-        generate({table.begin(), table.begin() + static_cast<std::ptrdiff_t>(size)});
-    const size_t expected = size >= 9 ? 2 * 2 + 5 * 400 : size >= 4 ? 2 + 2 * 400 : 0;
-    EXPECT_EQ(part, std::vector<uint8_t>(whole.begin(),
-                                         whole.begin() + static_cast<std::ptrdiff_t>(expected)))
-        << size << " bytes";
+    std::vector<uint8_t> expected = whole;
+    expected.resize(size >= 9 ? 2 * 2 + 5 * 400 : size >= 4 ? 2 + 2 * 400 : 0);
+    EXPECT_EQ(generate({table.data(), table.data() + size}), expected) << size << " bytes";
   }
 }
 

@@ -7,30 +7,23 @@
 #include "maze/edit.h"
 #include "picture.h"
 #include "render/apply_view.h"
+#include "scenarios.h"
 
 namespace {
 
 TEST(Scene, BothSlabsAreDrawnAndTheNearOneCoversTheFar) {
   // A far and wide road along y, and in an unjoined node of its maze a near road along x.
   constexpr double far_z = -50000.0;
-  Maze *root = Maze_new();
-  Maze *near = Maze_new();
-  MazeNode node = {};
-  for (const Vec3 place : {Vec3{0, -20000, far_z}, Vec3{0, 20000, far_z}, Vec3{0, 0, 0}}) {
-    MazeNode_init(&node, place.x, place.y, place.z);
-    GrowList_append(&root->nodes, &node);
-  }
-  for (const double x : {-6.0, 6.0}) {
-    MazeNode_init(&node, x, 0, 0);
-    GrowList_append(&near->nodes, &node);
-  }
+  Maze *root = scenario_random(3, 0), *near = scenario_random(2, 0);
+  MazeNode_init(&maze_nodes(root)[0], 0, -20000, far_z);
+  MazeNode_init(&maze_nodes(root)[1], 0, 20000, far_z);
+  MazeNode_init(&maze_nodes(near)[0], -6, 0, 0);
+  MazeNode_init(&maze_nodes(near)[1], 6, 0, 0);
   Maze_join(root, 0, 1);
   Maze_join(near, 0, 1);
   Maze_paint(root, 0x4040C0, 0);
   root->halfwidth = 800.0;
-  maze_nodes(root)[2].submaze = near;
-  near->parent = root;
-  near->parentnode = 2;
+  scenario_hold(root, 2, near);
   World world = world_from_above(root, {near, 0});
   picture_begin();
   World_apply_view(&world);
@@ -49,13 +42,10 @@ TEST(Scene, BothSlabsAreDrawnAndTheNearOneCoversTheFar) {
 
 // Beside the user, at (0, 0, 0), a node half as far from the eye.
 TEST(Scene, WhatIsFollowedStandsStillBetweenTheEyesAndWhatIsNearGoesApart) {
-  Maze *root = Maze_new();
-  MazeNode node = {};
-  MazeNode_init(&node, 0, 0, 0);
-  GrowList_append(&root->nodes, &node);
-  MazeNode_init(&node, 0, 4, 8);
-  node.self.colour = 0x00FF00;
-  GrowList_append(&root->nodes, &node);
+  Maze *root = scenario_random(2, 0);
+  MazeNode_init(&maze_nodes(root)[0], 0, 0, 0);
+  MazeNode_init(&maze_nodes(root)[1], 0, 4, 8);
+  maze_nodes(root)[1].self.colour = 0x00FF00;
   World world = world_from_above(root, {root, 0});
   picture_begin();
   EXPECT_NEAR(stereo_eye_offset(&world, 0.05), 16 * 0.75 * 0.05 * 2 * 4 / 3, 1e-12);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "app/keys.h"
@@ -12,10 +13,11 @@
 #include "gfx/window.h"
 #include "maze/attachment.h"
 #include "render/plot.h"
+#include "scenarios.h"
 
 namespace {
 
-void hold_keys(std::initializer_list<int> keys) {
+void hold_keys(const std::vector<int> &keys) {
   std::fill(std::begin(key_state), std::end(key_state), uint8_t{0});
   for (const int key : keys)
     key_state[key] = 0x80;
@@ -27,8 +29,6 @@ struct ViewControlTest : testing::Test {
 
   void SetUp() override {
     fake_start();
-    hold_keys({});
-    std::fill(std::begin(key_state_prev), std::end(key_state_prev), uint8_t{0});
     plot_grid = 0;
     plot_smooth_lines = 1;
     screen_width = 800;
@@ -58,36 +58,31 @@ TEST_F(ViewControlTest, ZoomByWheelAndKeys) {
 }
 
 TEST_F(ViewControlTest, AWindowSteersOnlyWhileAButtonIsHeld) {
-  int32_t dx = 7;
-  int32_t dy = 7;
-  view_mouse_step(&dx, &dy);
-  EXPECT_EQ(dx, 0);
+  const auto steered = [] {
+    int32_t dx = 7, dy = 7;
+    view_mouse_step(&dx, &dy);
+    return std::pair(dx, dy);
+  };
+  EXPECT_EQ(steered(), std::pair(0, 0));
   EXPECT_EQ(fake.cursor.x, 530) << "the cursor is the user's";
   mouse_buttons = mouse_left;
-  view_mouse_step(&dx, &dy);
-  EXPECT_EQ(dx, 30) << "the first frame takes the way to the middle as it is";
-  EXPECT_EQ(dy, -10);
+  EXPECT_EQ(steered(), std::pair(30, -10))
+      << "the first frame takes the way to the middle as it is";
   EXPECT_EQ(fake.cursor_hidden, 1);
   mouse_buttons_prev = mouse_left;
-  view_mouse_step(&dx, &dy);
-  EXPECT_EQ(dx, 0) << "the cursor was put back in the middle";
+  EXPECT_EQ(steered(), std::pair(0, 0)) << "the cursor was put back in the middle";
   EXPECT_EQ(fake.cursor_hidden, 1) << "hidden once";
   mouse_buttons = 0;
-  view_mouse_step(&dx, &dy);
+  steered();
   EXPECT_EQ(fake.cursor_hidden, 0);
-}
-
-TEST_F(ViewControlTest, FullscreenAlwaysSteersButNotWhileMinimised) {
-  windowed = 0;
-  int32_t dx = 0;
-  int32_t dy = 0;
-  view_mouse_step(&dx, &dy);
-  EXPECT_EQ(dx, 30);
+  mouse_buttons_prev = 0;
+  windowed = 0; // the whole screen always steers, but not while minimised
+  fake.cursor = {530, 340};
+  EXPECT_EQ(steered(), std::pair(30, -10));
   EXPECT_EQ(fake.cursor_hidden, 0) << "hidden since the start, not counted again";
   fake.cursor = {0, 0};
   fake.minimised = true;
-  view_mouse_step(&dx, &dy);
-  EXPECT_EQ(dx, 0);
+  EXPECT_EQ(steered(), std::pair(0, 0));
   EXPECT_EQ(fake.cursor.x, 0);
 }
 
@@ -110,27 +105,27 @@ TEST_F(ViewControlTest, TheRightButtonTurnsFromItsSecondFrame) {
 }
 
 TEST_F(ViewControlTest, KeysMoveByTheZoomAndCtrlTurnsInstead) {
-  hold_keys({vk_up, 'W', 'D'});
-  view_keys(&control, 20.0, 0.1);
-  EXPECT_DOUBLE_EQ(control.my, 4.0) << "two keys for one direction are no faster";
-  EXPECT_DOUBLE_EQ(control.mx, 4.0);
-  control = {};
-  hold_keys({vk_left, 'S'});
-  view_keys(&control, 20.0, 0.1);
-  EXPECT_DOUBLE_EQ(control.my, -4.0);
-  EXPECT_DOUBLE_EQ(control.mx, -4.0);
-  control = {};
-  hold_keys({vk_control, vk_up, vk_right, 'S', 'A'});
-  view_keys(&control, 20.0, 0.1);
-  EXPECT_DOUBLE_EQ(control.pitch, -0.2);
-  EXPECT_DOUBLE_EQ(control.yaw, 0.2);
-  EXPECT_EQ(control.mx, 0);
-  EXPECT_EQ(control.my, 0) << "Ctrl turns W, A, S and D off";
+  const struct {
+    std::vector<int> keys;
+    ViewControl after;
+  } cases[] = {{{vk_up, 'W', 'D'}, {0, 0, 4, 4}}, // two for one direction are no faster
+               {{vk_left, 'S'}, {0, 0, -4, -4}},
+               {{vk_control, vk_up, vk_right, 'S', 'A'}, {0.2, -0.2, 0, 0}}};
+  for (const auto &[keys, after] : cases) {
+    control = {};
+    hold_keys(keys);
+    view_keys(&control, 20.0, 0.1);
+    EXPECT_DOUBLE_EQ(control.mx, after.mx);
+    EXPECT_DOUBLE_EQ(control.my, after.my);
+    EXPECT_DOUBLE_EQ(control.yaw, after.yaw);
+    EXPECT_DOUBLE_EQ(control.pitch, after.pitch);
+  }
 }
 
 TEST_F(ViewControlTest, SwitchesActOncePerPress) {
   ::Run run = {};
-  run.world.root = Maze_new();
+  const ThreeLevels tree = scenario_three_levels();
+  run.world.root = tree.root;
   run.stereo_mode = 7;
   run.stereo_depth = 0.05;
   const auto states = [&run] {
@@ -138,26 +133,20 @@ TEST_F(ViewControlTest, SwitchesActOncePerPress) {
                                 voronoi_mode,  plot_type,         plot_light,
                                 run.helpstate, run.stereo_mode,   run.stereo_swap};
   };
-  const auto press = [&](std::initializer_list<int> keys) {
+  const auto press = [&](const std::vector<int> &keys) {
     std::fill(std::begin(key_state_prev), std::end(key_state_prev), uint8_t{0});
     hold_keys(keys);
     keys_switches(&run);
   };
-  const std::initializer_list<int> all = {'G', 'P', 'V', 'M', 'H', 'L', vk_space, vk_f3, vk_f4};
+  const std::vector<int> all = {'G', 'P', 'V', 'M', 'H', 'L', vk_space, vk_f3, vk_f4};
   EXPECT_EQ(states(), (std::vector<int32_t>{0, 1, 0, 5, 0, 0, 0, 7, 0})) << "as they start";
-  Maze *below = Maze_new();
-  MazeNode holder = {};
-  MazeNode_init(&holder, 0, 0, 0);
-  holder.submaze = below;
-  GrowList_append(&run.world.root->nodes, &holder);
-  Attachment_add(below, "voronoilist", 1, nullptr);
-  Attachment_add(run.world.root, "voronoilist", 1, nullptr);
-  Attachment_add(run.world.root, "lists", 1, nullptr);
+  for (Maze *maze : {tree.root, tree.n2})
+    for (const char *name : {"voronoilist", "lists"})
+      Attachment_add(maze, name, 1, nullptr);
   press(all);
   EXPECT_EQ(states(), (std::vector<int32_t>{1, 0, 1, 0, 1, 1, 1, 8, 1}));
-  for (const Maze *maze : {run.world.root, below})
-    EXPECT_EQ(Attachment_find(maze, "voronoilist"), 0) << "its shapes are another mode's";
-  EXPECT_EQ(Attachment_find(run.world.root, "lists"), 1);
+  for (const Maze *maze : {tree.root, tree.n2}) // the shapes are another mode's
+    EXPECT_TRUE(Attachment_find(maze, "voronoilist") == 0 && Attachment_find(maze, "lists") == 1);
   std::copy(std::begin(key_state), std::end(key_state), key_state_prev);
   keys_switches(&run);
   EXPECT_EQ(states(), (std::vector<int32_t>{1, 0, 1, 0, 1, 1, 1, 8, 1})) << "still held";

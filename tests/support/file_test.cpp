@@ -38,18 +38,14 @@ TEST_F(File, TwoProgramsDontShareTheirTemporaries) {
   EXPECT_EQ(files(), 2);
 }
 
-TEST_F(File, OnlyPlainFilesAreOpened) {
-  EXPECT_TRUE(file_open(path.c_str()) == nullptr && errno == ENOENT);
-  EXPECT_TRUE(file_open(folder.string().c_str()) == nullptr && errno == EISDIR);
-}
-
-TEST_F(File, FreeNamesAreCounted) {
+TEST_F(File, FreeNamesAreCountedAndOnlyPlainFilesAreOpened) {
   const std::string stem = (folder / "old").string();
   std::ofstream(folder / "old-1.dat") << "taken";
   fs::create_directory(folder / "old-2.dat");
   EXPECT_EQ(file_free_name(stem.c_str(), ".dat"), stem + "-3.dat");
-  EXPECT_FALSE(file_rename(path, stem)); // there is nothing
-  EXPECT_EQ(errno, ENOENT);
+  EXPECT_TRUE(!file_rename(path, stem) && errno == ENOENT);
+  EXPECT_TRUE(file_open(path.c_str()) == nullptr && errno == ENOENT);
+  EXPECT_TRUE(file_open(folder.string().c_str()) == nullptr && errno == EISDIR);
 }
 
 } // namespace

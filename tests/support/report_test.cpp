@@ -5,11 +5,9 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -36,22 +34,16 @@ TEST(ReportDeathTest, FatalCanBeReadDuringTheWaitAndEndsWithStatusOne) {
   std::filesystem::remove(output_path);
 }
 
-struct Seen {
-  int32_t type;
-  std::string text;
-  double progress;
-};
-static std::vector<Seen> seen;
+static std::ostringstream seen; // type, text and progress of each frame handed over
 
 static void note(report_frame *frame) {
-  seen.push_back({frame->type, frame->text == nullptr ? "-" : frame->text, frame->progress});
+  seen << frame->type << (frame->text == nullptr ? "-" : frame->text) << frame->progress << ' ';
   if (frame->type == report_question) frame->answer = 42;
 }
 
 TEST(Report, StackFollowsTheOperations) {
   report_handler = note;
-  seen.clear();
-  char words[] = "a temporary";
+  char words[] = "temporary";
   const auto report = [](int32_t type, const char *text, int32_t copy) {
     return report_inner("report_test", 2, type, text, copy);
   };
@@ -70,60 +62,49 @@ TEST(Report, StackFollowsTheOperations) {
   report(report_end, nullptr, 0);
   EXPECT_EQ(report_depth(), 1u);
   EXPECT_GE(report_elapsed(), 0.0);
-  const Seen wanted[] = {{1, "a temporary", 0}, {2, "outer", 0},       {2, "X temporary", 0},
-                         {4, "-", 3},           {1, "X temporary", 0}, {7, "really?", 0},
-                         {6, "careful", 0},     {3, "X temporary", 0}, {3, "outer", 0}};
-  ASSERT_EQ(seen.size(), std::size(wanted));
-  for (size_t i = 0; i < seen.size(); i++)
-    EXPECT_TRUE(seen[i].type == wanted[i].type && seen[i].text == wanted[i].text &&
-                seen[i].progress == wanted[i].progress)
-        << i << ": " << seen[i].text;
+  EXPECT_EQ(seen.str(), "1temporary0 2outer0 2Xemporary0 4-3 1Xemporary0 7really?0 6careful0 "
+                        "3Xemporary0 3outer0 ");
   report_handler = nullptr;
   report(report_message, nullptr, 1);
   report_handler = report_print;
 }
 
-// What the program prints for a frame, with words waiting on its standard input.
-static std::string printed(report_frame frame, const char *input) {
+// What the program prints for a frame, with words waiting on its standard input, the answer, and
+// the next character there.
+static std::string printed(int32_t type, const char *input, double progress = 0, double total = 0) {
   const std::string input_path = output_path + ".in";
   std::ofstream(input_path) << input;
+  char words[] = "words";
+  report_frame frame = {};
+  frame.type = type;
+  frame.text = words;
+  frame.progress = progress;
+  frame.progress_total = total;
   testing::internal::CaptureStdout();
   if (std::freopen(input_path.c_str(), "r", stdin) == nullptr) return "no input";
   report_print(&frame);
-  std::string text = testing::internal::GetCapturedStdout();
-  const int32_t next = std::getchar();
+  std::string text = testing::internal::GetCapturedStdout() + '|' + std::to_string(frame.answer);
+  const int next = std::getchar();
   std::error_code open_still; // which some systems don't remove
   std::filesystem::remove(input_path, open_still);
-  std::ostringstream all;
-  all << text << '|' << frame.answer;
-  if (next != EOF) all << '|' << static_cast<char>(next);
-  return all.str();
+  return next == EOF ? text : text + '|' + static_cast<char>(next);
 }
 
 TEST(Report, EachKindIsPrintedInItsWay) {
-  char text[] = "some words";
-  const auto frame = [&](int32_t type, double progress, double total) {
-    report_frame made = {};
-    made.type = type;
-    made.text = text;
-    made.progress = progress;
-    made.progress_total = total;
-    return made;
-  };
-  EXPECT_EQ(printed(frame(report_message, 0, 0), "xy"), "some words\n|0|x");
-  EXPECT_EQ(printed(frame(report_progress, 2, 0), ""), "some words [2]\n|0");
-  EXPECT_EQ(printed(frame(report_progress, 2.5, 1e9), ""), "some words [2.5/1e+09]\n|0");
-  EXPECT_EQ(printed(frame(report_progress, 0, 4), ""), "some words [0/4]\n|0");
-  const std::string warning = "\n[WARNING] some words\nPress any key to continue program\n|0";
-  EXPECT_EQ(printed(frame(report_warning, 0, 0), "xy"), warning + "|y");
+  EXPECT_EQ(printed(report_message, "xy"), "words\n|0|x");
+  EXPECT_EQ(printed(report_progress, "", 2), "words [2]\n|0");
+  EXPECT_EQ(printed(report_progress, "", 2.5, 1e9), "words [2.5/1e+09]\n|0");
+  EXPECT_EQ(printed(report_progress, "", 0, 4), "words [0/4]\n|0");
+  const std::string warning = "\n[WARNING] words\nPress any key to continue program\n|0|";
+  EXPECT_EQ(printed(report_warning, "xy"), warning + "y");
   report_no_wait = 1;
-  EXPECT_EQ(printed(frame(report_warning, 0, 0), "xy"), warning + "|x");
+  EXPECT_EQ(printed(report_warning, "xy"), warning + "x");
   report_no_wait = 0;
-  const std::string question = "some words (Y/N) |";
-  EXPECT_EQ(printed(frame(report_question, 0, 0), "Yes\n"), question + "1|\n");
-  EXPECT_EQ(printed(frame(report_question, 0, 0), "  nay"), question + "0");
-  EXPECT_EQ(printed(frame(report_question, 0, 0), ""), question + "0");
-  EXPECT_EQ(printed(frame(report_question, 0, 0), std::string(100, 'y').c_str()), question + "1");
+  const std::string question = "words (Y/N) |";
+  EXPECT_EQ(printed(report_question, "Yes\n"), question + "1|\n");
+  EXPECT_EQ(printed(report_question, "  nay"), question + "0");
+  EXPECT_EQ(printed(report_question, ""), question + "0");
+  EXPECT_EQ(printed(report_question, std::string(100, 'y').c_str()), question + "1");
 }
 
 TEST(ReportDeathTest, WrongReportsAreFatal) {

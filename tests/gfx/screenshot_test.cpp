@@ -38,12 +38,11 @@ struct Screenshot : testing::Test {
   }
 };
 
-std::vector<int> bytes_of(const std::string &path) {
+using Bytes = std::vector<uint8_t>;
+
+Bytes bytes_of(const std::string &path) {
   std::ifstream file(path, std::ios::binary);
-  std::vector<int> bytes;
-  for (std::istreambuf_iterator<char> at(file), end; at != end; ++at)
-    bytes.push_back(static_cast<unsigned char>(*at));
-  return bytes;
+  return Bytes(std::istreambuf_iterator<char>(file), {});
 }
 
 TEST_F(Screenshot, FilesHaveTheFixedHeaderAndPaddedRows) {
@@ -57,23 +56,19 @@ TEST_F(Screenshot, FilesHaveTheFixedHeaderAndPaddedRows) {
   glClear(GL_COLOR_BUFFER_BIT);
   glDisable(GL_SCISSOR_TEST);
   glClearColor(0, 0, 0, 0);
-  for (int width = 1; width <= 5; width++) {
+  for (uint8_t width = 1; width <= 5; width++) {
     bmp_capture_rect(4, 1, width, 3, "part.bmp", 0);
-    const std::vector<int> bytes = bytes_of("part.bmp");
-    const std::vector<int> header = {
-        'B',   'M', 0x46, 0x0E, 3, 0, 0,    0,    0, 0, 54, 0, 0, 0, 40, 0, 0,    0,
-        width, 0,   0,    0,    3, 0, 0,    0,    1, 0, 24, 0, 0, 0, 0,  0, 0x10, 0x0E,
-        3,     0,   0x12, 0x0B, 0, 0, 0x12, 0x0B, 0, 0, 0,  0, 0, 0, 0,  0, 0,    0};
-    const size_t row = (static_cast<size_t>(width) * 3 + 3) / 4 * 4;
-    ASSERT_EQ(bytes.size(), 54 + 3 * row);
-    EXPECT_EQ(std::vector<int>(bytes.begin(), bytes.begin() + 54), header);
-    for (size_t y = 0; y < 3; y++) // the bottom row first
-      for (size_t x = 0; x < static_cast<size_t>(width); x++) {
-        const auto at = bytes.begin() + static_cast<std::ptrdiff_t>(54 + y * row + x * 3);
-        const bool red = y == 1 && x == 0;
-        EXPECT_EQ(std::vector<int>(at, at + 3),
-                  red ? (std::vector<int>{0, 51, 255}) : (std::vector<int>{255, 0, 0}));
+    Bytes wanted = {'B',   'M', 0x46, 0x0E, 3, 0, 0,    0,    0, 0, 54, 0, 0, 0, 40, 0, 0,    0,
+                    width, 0,   0,    0,    3, 0, 0,    0,    1, 0, 24, 0, 0, 0, 0,  0, 0x10, 0x0E,
+                    3,     0,   0x12, 0x0B, 0, 0, 0x12, 0x0B, 0, 0, 0,  0, 0, 0, 0,  0, 0,    0};
+    for (int y = 0; y < 3; y++) { // the bottom row first
+      for (int x = 0; x < width; x++) {
+        const Bytes pixel = y == 1 && x == 0 ? Bytes{0, 51, 255} : Bytes{255, 0, 0};
+        wanted.insert(wanted.end(), pixel.begin(), pixel.end());
       }
+      wanted.resize((wanted.size() - 54 + 3) / 4 * 4 + 54);
+    }
+    EXPECT_EQ(bytes_of("part.bmp"), wanted) << "width " << int{width};
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstdio>
+#include <fstream>
 #include <random>
 #include <string>
 
@@ -103,12 +104,11 @@ TEST(Projection, SlabsMeet) {
 }
 
 TEST(Window, FailureTellsTheUserThenEndsTheProgram) {
-  struct Case {
+  const struct {
     bool has_display;
     PlatformOpen result;
     const char *lack, *words;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {false, PlatformOpen::ok, "no display", "Window Creation Error."},
       {true, PlatformOpen::no_class, "window system", "Failed To Register The Window Class."},
       {true, PlatformOpen::no_window, "no window", "Window Creation Error."},
@@ -117,7 +117,7 @@ TEST(Window, FailureTellsTheUserThenEndsTheProgram) {
       {true, PlatformOpen::no_context, "OpenGL", "Can't Create A GL Rendering Context."},
       {true, PlatformOpen::no_current, "OpenGL", "Can't activate GLRC."},
   };
-  for (const Case &c : cases) {
+  for (const auto &c : cases) {
     auto open = [&c] {
       fake_start();
       std::fflush(stdout);
@@ -138,14 +138,9 @@ TEST(Window, ErrorBoxIsLoggedAndShown) {
   gfx_warning_box("first");
   EXPECT_EQ(fake.box, "Errr|first");
   EXPECT_EXIT(gfx_fatal_box("then"), testing::ExitedWithCode(1), "");
-  std::FILE *log = std::fopen("graphics_error.log", "r");
-  ASSERT_NE(log, nullptr);
-  char words[2][8];
-  int read = std::fscanf(log, "%*4d-%*3[A-Za-z]-%*2d %*2d:%*2d:%*2d %7s\n", words[0]) +
-             std::fscanf(log, "%*4d-%*3[A-Za-z]-%*2d %*2d:%*2d:%*2d %7s\n", words[1]);
-  EXPECT_TRUE(read == 2 && std::string("first") == words[0] && std::string("then") == words[1]);
-  EXPECT_EQ(std::fgetc(log), EOF);
-  std::fclose(log);
+  std::string log;
+  std::getline(std::ifstream("graphics_error.log"), log, '\0');
+  EXPECT_EQ(log, "2018-Jan-31 23:59:59 first\n2018-Jan-31 23:59:59 then\n");
   std::remove("graphics_error.log");
 }
 

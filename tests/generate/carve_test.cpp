@@ -5,29 +5,10 @@
 #include "generate/owned_maze.h"
 #include "literal.h"
 #include "maze/edit.h"
-#include "maze/reach.h"
 #include "scenarios.h"
 #include "support/random.h"
 
 namespace {
-
-int32_t edge_count(const Maze *maze) {
-  int32_t rows_in_all = 0;
-  for (int32_t i = 0; i < maze_count(maze); ++i)
-    rows_in_all += static_cast<int32_t>(maze_nodes(maze)[i].degree);
-  return rows_in_all / 2;
-}
-
-int32_t component_count(const Maze *maze) {
-  int32_t components = 0;
-  for (int32_t i = 0; i < maze_count(maze); ++i) {
-    int32_t j = 0;
-    while (j < i && Maze_connected(maze, i, j, nullptr) == 0)
-      ++j;
-    components += j == i;
-  }
-  return components;
-}
 
 // Every third edge stands twice, in places of its own on both sides.
 void double_edges(Maze *maze) {
@@ -59,9 +40,6 @@ TEST(Carve, RandomGraphsBecomeTheForestOfLiteralReverseDeletion) {
     ASSERT_EQ(rand15(), next_draw) << "another number of draws";
     ASSERT_STREQ(literal_difference(carved.get(), wanted.get()), nullptr) << "seed " << seed;
     ASSERT_STREQ(literal_difference(graph.get(), before.get()), nullptr) << "source changed";
-    if (seed > 300) continue;
-    ASSERT_EQ(component_count(carved.get()), component_count(graph.get()));
-    ASSERT_EQ(edge_count(carved.get()), n - component_count(graph.get()));
   }
 }
 

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <vector>
 
-#include "generate/carve.h"
 #include "generate/owned_maze.h"
 #include "generate/repulsion_kernel.h"
 #include "literal.h"
@@ -89,19 +88,6 @@ TEST(Relax, RepulsionIsTheSumOfAllPairsAndTakesAllBelowAlong) {
     expect_same_forces(moved, wanted);
     EXPECT_EQ(is_finite(moved[static_cast<size_t>(n > 6 ? 5 : 0)]), n <= 6);
   }
-}
-
-// Smoothing at full step swaps the ends of an edge and drops leaves onto each other; repelling such
-// nodes must leave a maze that can still be relaxed, drawn and carved.
-TEST(Relax, CoincidentNodesHangNothing) {
-  const OwnedMaze star(scenario_path(3));
-  for (int32_t step = 0; step < 3; ++step) {
-    Maze_smooth(star.get(), 1.0);
-    Maze_repel(star.get(), 0.1);
-  }
-  EXPECT_FALSE(is_finite(node_position(maze_nodes(star.get())[0])));
-  Maze_carve(star.get());
-  EXPECT_EQ(maze_nodes(star.get())[1].degree, 2u);
 }
 
 } // namespace

@@ -20,17 +20,15 @@ constexpr double distances[] = {4.0, followed, 60.0}; // near, followed, far
 constexpr double heights[] = {0.3, 0.0, -0.3};        // of their tangents
 constexpr double halfway = 0.15;                      // between two heights
 
-std::vector<int32_t> sizes_seen; // screen_width and screen_height while a scene is drawn
-std::vector<std::vector<int32_t>> viewports; // of each drawing
-float lenses[16];                            // the projection then
+std::vector<std::vector<int32_t>> views; // of each drawing: the viewport, screen_width and _height
+float lenses[16];                        // the projection then
 
 // White points in eye space, one for each distance, 3 pixels wide, and a background that overlays
 // would stand on.
 void draw_points(const void *context) {
   const double *x = static_cast<const double *>(context);
-  sizes_seen = {screen_width, screen_height};
-  viewports.emplace_back(4);
-  glGetIntegerv(GL_VIEWPORT, viewports.back().data());
+  views.push_back({0, 0, 0, 0, screen_width, screen_height});
+  glGetIntegerv(GL_VIEWPORT, views.back().data());
   glGetFloatv(GL_PROJECTION_MATRIX, lenses);
   glColor3f(1, 1, 1);
   glPointSize(3);
@@ -40,31 +38,18 @@ void draw_points(const void *context) {
   glEnd();
 }
 
-double eye_offset() {
-  return followed * 0.75 * depth_setting * 2 * picture_width / picture_height;
-}
-
-// A mode run over points at the tangent x.
-Picture run_mode(int32_t mode, int32_t swap, double depth, double x = 0.1) {
-  picture_begin();
-  const double offset = depth / depth_setting * eye_offset();
-  stereo_render(draw_points, &x, mode, swap, offset, -depth);
-  EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
-  float projection[16];
-  glGetFloatv(GL_PROJECTION_MATRIX, projection);
-  EXPECT_EQ(projection[8], 0);
-  std::vector<int32_t> viewport(4);
-  glGetIntegerv(GL_VIEWPORT, viewport.data());
-  EXPECT_EQ(viewport, (std::vector<int32_t>{0, 0, screen_width, screen_height}));
-  EXPECT_TRUE(screen_width == picture_width && screen_height == picture_height);
-  return picture_take();
-}
-
-// Where one eye's picture stands: pixels from the top left, which rows of it, and in which light.
+// Where one eye's picture stands: pixels from the top left, in which light, and which rows of it.
 struct Place {
   int left, top, width, height;
-  int first_row, row_step;
-  uint32_t light;
+  uint32_t light = 0xFFFFFF;
+  int first_row = 0, row_step = 1;
+};
+
+// A mode, the places of its eyes, and the scales of its lenses.
+struct Mode {
+  int32_t mode, swap;
+  Place eyes[2];
+  double p0 = 1, p5 = 4.0 / 3;
 };
 
 // The middle of what is lit within a band of tangents, as a part of the place's half width from its
@@ -85,23 +70,33 @@ double lit_at(const Picture &picture, const Place &place, double y, double p5) {
   return count == 0 ? 9 : sum / count;
 }
 
-// Both eyes of a mode at each distance, against the matrices worked out by hand.
-void expect_parallax(int32_t mode, int32_t swap, double depth, const Place (&places)[2], double p0,
-                     double p5) {
+// Both eyes at each distance, for points at the tangent 0.1, against the matrices worked out by
+// hand.
+void expect_parallax(const Mode &m, double depth) {
   const double x = 0.1;
-  const Picture picture = run_mode(mode, swap, depth, x);
-  const double offset = depth / depth_setting * eye_offset();
+  const double offset = followed * 0.75 * depth * 2 * picture_width / picture_height;
+  picture_begin();
+  stereo_render(draw_points, &x, m.mode, m.swap, offset, -depth);
+  EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+  float projection[16];
+  glGetFloatv(GL_PROJECTION_MATRIX, projection);
+  EXPECT_EQ(projection[8], 0);
+  std::vector<int32_t> viewport(4);
+  glGetIntegerv(GL_VIEWPORT, viewport.data());
+  EXPECT_EQ(viewport, (std::vector<int32_t>{0, 0, screen_width, screen_height}));
+  EXPECT_TRUE(screen_width == picture_width && screen_height == picture_height);
+  const Picture picture = picture_take();
   for (int eye = 0; eye < 2; eye++)
     for (int i = 0; i < 3; i++) {
-      const double side = (eye - 0.5) * (swap != 0 && mode <= 5 ? -1 : 1);
-      const double expected = p0 * (x + offset * side / distances[i]) - 2 * depth * side;
-      const double seen = lit_at(picture, places[eye], heights[i], p5);
-      EXPECT_NEAR(seen, expected, 1.5 / places[eye].width)
-          << "mode " << mode << " swap " << swap << " depth " << depth << " eye " << eye
+      const double side = (eye - 0.5) * (m.swap != 0 && m.mode <= 5 ? -1 : 1);
+      const double expected = m.p0 * (x + offset * side / distances[i]) - 2 * depth * side;
+      const double seen = lit_at(picture, m.eyes[eye], heights[i], m.p5);
+      EXPECT_NEAR(seen, expected, 1.5 / m.eyes[eye].width)
+          << "mode " << m.mode << " swap " << m.swap << " depth " << depth << " eye " << eye
           << " distance " << distances[i];
       // What is followed shows without a difference.
-      const bool together = distances[i] == followed && mode <= 3;
-      EXPECT_TRUE(!together || std::abs(seen - x) < 2.5 / places[eye].width);
+      const bool together = distances[i] == followed && m.mode <= 3;
+      EXPECT_TRUE(!together || std::abs(seen - x) < 2.5 / m.eyes[eye].width);
     }
 }
 
@@ -110,42 +105,36 @@ TEST(Stereo, EyesDifferByTheDistanceAndByTheDepth) {
   constexpr int h = picture_height;
   picture_begin();
   const int parity = platform_window_rect().top & 1;
-  constexpr uint32_t white = 0xFFFFFF;
-  const Place split[2] = {{0, h / 2, w, h / 2, 0, 1, white}, {0, 0, w, h / 2, 0, 1, white}};
-  const Place sides[2] = {{0, 0, w / 2, h, 0, 1, white}, {w / 2, 0, w / 2, h, 0, 1, white}};
+  const Place bottom = {0, h / 2, w, h / 2}, top = {0, 0, w, h / 2};
+  const Place left = {0, 0, w / 2, h}, right = {w / 2, 0, w / 2, h};
   // Row y of the window is of the eye ((parity + y) & 1) ^ 1.
-  const Place lines[2] = {{0, 0, w, h, 1 - parity, 2, white}, {0, 0, w, h, parity, 2, white}};
-  const Place red_cyan[2] = {{0, 0, w, h, 0, 1, 0xFF0000}, {0, 0, w, h, 0, 1, 0x00FFFF}};
-  const Place red_green[2] = {{0, 0, w, h, 0, 1, 0xFF0000}, {0, 0, w, h, 0, 1, 0x00FF00}};
-  const Place violet_green[2] = {{0, 0, w, h, 0, 1, 0xFF00FF}, {0, 0, w, h, 0, 1, 0x00FF00}};
-  const Place cyan_red[2] = {red_cyan[1], red_cyan[0]};
-  const Place green_violet[2] = {violet_green[1], violet_green[0]};
-  const struct {
-    int32_t mode, swap;
-    const Place (&places)[2];
-  } cases[] = {{1, 0, split},       {1, 1, split},    {-7, 0, split},    {-7, 1, split},
-               {2, 0, sides},       {2, 1, sides},    {3, 0, lines},     {3, 1, lines},
-               {6, 0, red_cyan},    {6, 1, cyan_red}, {7, 0, red_green}, {8, 0, violet_green},
-               {8, 1, green_violet}};
-  for (const double depth : {depth_setting, 0.0, -0.02})
-    for (const auto &c : cases)
-      expect_parallax(c.mode, c.swap, depth, c.places, 1, 4.0 / 3);
-}
-
-TEST(Stereo, TwoScreensShowWholePicturesOfTheirShape) {
-  constexpr int w = picture_width;
-  constexpr int h = picture_height;
-  picture_begin();
+  const Place one = {0, 0, w, h, 0xFFFFFF, 1 - parity, 2},
+              other = {0, 0, w, h, 0xFFFFFF, parity, 2};
+  const Place red = {0, 0, w, h, 0xFF0000}, cyan = {0, 0, w, h, 0x00FFFF};
+  const Place green = {0, 0, w, h, 0x00FF00}, violet = {0, 0, w, h, 0xFF00FF};
+  // Of two screens narrower than 4:3 the width tells, of wider ones the height.
   const double t = std::tan(std::floor(gfx_fov_43()) * 3.14159265358979 / 360);
-  const Place sides[2] = {{0, 0, w / 2, h, 0, 1, 0xFFFFFF}, {w / 2, 0, w / 2, h, 0, 1, 0xFFFFFF}};
-  const Place stacked[2] = {{0, h / 2, w, h / 2, 0, 1, 0xFFFFFF}, {0, 0, w, h / 2, 0, 1, 0xFFFFFF}};
-  for (const int swap : {0, 1}) {
-    // Narrower than 4:3 the width tells, wider the height.
-    expect_parallax(4, swap, depth_setting, sides, 1 / t, 1 / (t * 480 / 320));
-    EXPECT_EQ(sizes_seen, (std::vector<int32_t>{w / 2, h}));
-    expect_parallax(5, swap, depth_setting, stacked, 240.0 / (640 * 0.75 * t), 1 / (0.75 * t));
-    EXPECT_EQ(sizes_seen, (std::vector<int32_t>{w, h / 2}));
-  }
+  const double narrow = 1 / (t * 480 / 320), wide = 240.0 / (640 * 0.75 * t);
+  const Mode modes[] = {{1, 0, {bottom, top}},
+                        {1, 1, {bottom, top}},
+                        {-7, 0, {bottom, top}},
+                        {-7, 1, {bottom, top}},
+                        {2, 0, {left, right}},
+                        {2, 1, {left, right}},
+                        {3, 0, {one, other}},
+                        {3, 1, {one, other}},
+                        {6, 0, {red, cyan}},
+                        {6, 1, {cyan, red}},
+                        {7, 0, {red, green}},
+                        {8, 0, {violet, green}},
+                        {8, 1, {green, violet}},
+                        {4, 0, {left, right}, 1 / t, narrow},
+                        {4, 1, {left, right}, 1 / t, narrow},
+                        {5, 0, {bottom, top}, wide, 1 / (0.75 * t)},
+                        {5, 1, {bottom, top}, wide, 1 / (0.75 * t)}};
+  for (const double depth : {depth_setting, 0.0, -0.02})
+    for (const Mode &mode : modes)
+      expect_parallax(mode, depth);
 }
 
 TEST(Stereo, OddSizesLoseTheLastRowOrColumnAndAnglesAreWholeDegrees) {
@@ -153,16 +142,16 @@ TEST(Stereo, OddSizesLoseTheLastRowOrColumnAndAnglesAreWholeDegrees) {
   const double x = 0;
   const auto seen = [&](int32_t width, int32_t height, int32_t mode) {
     gfx_resize(width, height);
-    viewports.clear();
+    views.clear();
     stereo_render(draw_points, &x, mode, 0, 0, 0);
-    return viewports;
+    return views;
   };
-  using Viewports = std::vector<std::vector<int32_t>>;
-  EXPECT_EQ(seen(641, 479, 1), (Viewports{{0, 0, 641, 239}, {0, 239, 641, 239}}));
-  EXPECT_EQ(seen(641, 479, 2), (Viewports{{0, 0, 320, 479}, {320, 0, 320, 479}}));
-  EXPECT_EQ(seen(641, 479, 4), (Viewports{{0, 0, 320, 479}, {320, 0, 320, 479}}));
-  EXPECT_EQ(seen(641, 479, 5), (Viewports{{0, 0, 641, 239}, {0, 239, 641, 239}}));
-  EXPECT_EQ(seen(641, 479, 6), (Viewports{{0, 0, 641, 479}, {0, 0, 641, 479}}));
+  using Views = std::vector<std::vector<int32_t>>;
+  EXPECT_EQ(seen(641, 479, 1), (Views{{0, 0, 641, 239, 641, 479}, {0, 239, 641, 239, 641, 479}}));
+  EXPECT_EQ(seen(641, 479, 2), (Views{{0, 0, 320, 479, 641, 479}, {320, 0, 320, 479, 641, 479}}));
+  EXPECT_EQ(seen(641, 479, 4), (Views{{0, 0, 320, 479, 320, 479}, {320, 0, 320, 479, 320, 479}}));
+  EXPECT_EQ(seen(641, 479, 5), (Views{{0, 0, 641, 239, 641, 239}, {0, 239, 641, 239, 641, 239}}));
+  EXPECT_EQ(seen(641, 479, 6), (Views{{0, 0, 641, 479, 641, 479}, {0, 0, 641, 479, 641, 479}}));
   seen(1366, 768, 4); // a little less than 90 degrees
   const double t = std::tan(89 * 3.14159265358979 / 360);
   EXPECT_NEAR(static_cast<double>(lenses[0]), 1 / t, 1e-6);

@@ -31,13 +31,6 @@ std::string command(uint8_t kind, uint32_t value) {
   return form;
 }
 
-std::string join(std::initializer_list<std::string> parts) {
-  std::string all;
-  for (const std::string &part : parts)
-    all += part;
-  return all;
-}
-
 const std::string words =
     "Hold right mouse button or Ctrl+arrows = Rotate view; incomprehensibilities, I say, are "
     "a maze.  Two spaces -- and an end";
@@ -129,11 +122,11 @@ TEST(Layout, FormsAreCodesAndCommands) {
   lay_out("\2\3\1"
           "a"); // beyond the tables: the marker
   EXPECT_EQ(left(1), 4);
-  lay_out(join({command(0, 77), "a", command(1, 0x42F60000), "b", command(9, 1), "c"}));
+  lay_out(command(0, 77) + "a" + command(1, 0x42F60000) + "b" + command(9, 1) + "c");
   EXPECT_EQ(left(0), 0);
   EXPECT_EQ(left(1), 123);
   EXPECT_EQ(left(2), 123 + static_cast<float>(built.normal->glyph_width['b'] + 1));
-  EXPECT_EQ(text_width(join({command(1, 0x42F60000), "a\2\1\1", "a"}).c_str()), 2 * a - 1);
+  EXPECT_EQ(text_width((command(1, 0x42F60000) + "a\2\1\1" + "a").c_str()), 2 * a - 1);
   EXPECT_EQ(text_width("a\7"), a - 1) << "a byte that would skip the end";
   // Looking ahead goes through forms whole: kappa's low byte is a tab, alpha's a NUL.
   const std::string greek = std::string("a b\2\1\t\2\1\0bbbbb c", 17);
@@ -153,8 +146,9 @@ TEST(Layout, ScriptsChangeSizeAndRiseAndComeBack) {
   const auto script = [](int size, int rise) {
     return command(2, static_cast<uint32_t>(size) | static_cast<uint32_t>(rise) << 16);
   };
-  const float end = lay_out(
-      join({"x", script(128, 64), "x", script(64, -128), "x", script(256, 0), "x"}), 0, 0, 0, 200);
+  const float end = lay_out(std::string("x") + script(128, 64) + "x" + script(64, -128) + "x" +
+                                script(256, 0) + "x",
+                            0, 0, 0, 200);
   ASSERT_EQ(quads.size(), 4U);
   EXPECT_EQ(pauses, 0);
   EXPECT_EQ(end, 200);

@@ -7,13 +7,9 @@
 #include <utility>
 #include <vector>
 
-#include "app/keys.h"
 #include "gfx/fake_platform.h"
 #include "gfx/input.h"
 #include "gfx/window.h"
-#include "maze/attachment.h"
-#include "render/plot.h"
-#include "scenarios.h"
 
 namespace {
 
@@ -29,8 +25,6 @@ struct ViewControlTest : testing::Test {
 
   void SetUp() override {
     fake_start();
-    plot_grid = 0;
-    plot_smooth_lines = 1;
     screen_width = 800;
     screen_height = 600;
     windowed = 1;
@@ -120,54 +114,6 @@ TEST_F(ViewControlTest, KeysMoveByTheZoomAndCtrlTurnsInstead) {
     EXPECT_DOUBLE_EQ(control.yaw, after.yaw);
     EXPECT_DOUBLE_EQ(control.pitch, after.pitch);
   }
-}
-
-TEST_F(ViewControlTest, SwitchesActOncePerPress) {
-  ::Run run = {};
-  const ThreeLevels tree = scenario_three_levels();
-  run.world.root = tree.root;
-  run.stereo_mode = 7;
-  run.stereo_depth = 0.05;
-  const auto states = [&run] {
-    return std::vector<int32_t>{plot_grid,     plot_smooth_lines, plot_voronoi,
-                                voronoi_mode,  plot_type,         plot_light,
-                                run.helpstate, run.stereo_mode,   run.stereo_swap};
-  };
-  const auto press = [&](const std::vector<int> &keys) {
-    std::fill(std::begin(key_state_prev), std::end(key_state_prev), uint8_t{0});
-    hold_keys(keys);
-    keys_switches(&run);
-  };
-  const std::vector<int> all = {'G', 'P', 'V', 'M', 'H', 'L', vk_space, vk_f3, vk_f4};
-  EXPECT_EQ(states(), (std::vector<int32_t>{0, 1, 0, 5, 0, 0, 0, 7, 0})) << "as they start";
-  for (Maze *maze : {tree.root, tree.n2})
-    for (const char *name : {"voronoilist", "lists"})
-      Attachment_add(maze, name, 1, nullptr);
-  press(all);
-  EXPECT_EQ(states(), (std::vector<int32_t>{1, 0, 1, 0, 1, 1, 1, 8, 1}));
-  for (const Maze *maze : {tree.root, tree.n2}) // the shapes are another mode's
-    EXPECT_TRUE(Attachment_find(maze, "voronoilist") == 0 && Attachment_find(maze, "lists") == 1);
-  std::copy(std::begin(key_state), std::end(key_state), key_state_prev);
-  keys_switches(&run);
-  EXPECT_EQ(states(), (std::vector<int32_t>{1, 0, 1, 0, 1, 1, 1, 8, 1})) << "still held";
-  press(all);
-  EXPECT_EQ(states(), (std::vector<int32_t>{0, 1, 0, 1, 2, 0, 2, 0, 0}));
-  press({'H', vk_space, vk_f6});
-  press({vk_space, vk_f5});
-  press({vk_f5});
-  EXPECT_EQ(states(), (std::vector<int32_t>{0, 1, 0, 1, 0, 0, 0, 0, 0}));
-  EXPECT_NEAR(run.stereo_depth, 0.045, 1e-12);
-  voronoi_mode = 5;
-  for (const int key : {'J', 'F', '0'}) { // these two act while they are held
-    hold_keys({key});
-    std::copy(std::begin(key_state), std::end(key_state), key_state_prev);
-    keys_switches(&run);
-    EXPECT_TRUE(plot_fixed == (key == 'J') && plot_connected == (key == 'F'));
-  }
-  Maze_destroy(run.world.root, 1);
-  EXPECT_FALSE(keys_quit());
-  hold_keys({vk_escape});
-  EXPECT_TRUE(keys_quit());
 }
 
 } // namespace

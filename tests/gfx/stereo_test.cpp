@@ -198,6 +198,7 @@ TEST(Stereo, TexturesAreMadeAnewForOtherSizesOnly) {
   const uint32_t names[] = {interlace_texture, stereo_eye_textures[1]};
   render(600, 479); // the same powers of two
   EXPECT_TRUE(interlace_texture == names[0] && stereo_eye_textures[1] == names[1]);
+  EXPECT_EQ(render(600, 200), (std::vector<uint32_t>{1024, 256, 1024, 256}));
   EXPECT_EQ(render(300, 200), (std::vector<uint32_t>{512, 256, 512, 256}));
   const uint32_t spare[] = {interlace_texture, stereo_eye_textures[0], stereo_eye_textures[1]};
   for (const uint32_t old : names) // a name may serve again

@@ -7,9 +7,12 @@
 #include <utility>
 #include <vector>
 
+#include "app/keys.h"
 #include "gfx/fake_platform.h"
 #include "gfx/input.h"
 #include "gfx/window.h"
+#include "render/plot.h"
+#include "scenarios.h"
 
 namespace {
 
@@ -114,6 +117,31 @@ TEST_F(ViewControlTest, KeysMoveByTheZoomAndCtrlTurnsInstead) {
     EXPECT_DOUBLE_EQ(control.yaw, after.yaw);
     EXPECT_DOUBLE_EQ(control.pitch, after.pitch);
   }
+}
+
+TEST_F(ViewControlTest, SwitchesStepOncePerPressAndGoRound) {
+  ::Run run = {};
+  run.world.root = scenario_path(1);
+  const struct {
+    int key;
+    int32_t *state, states;
+  } switches[] = {
+      {'G', &plot_grid, 2},          {'P', &plot_smooth_lines, 2}, {'V', &plot_voronoi, 2},
+      {'M', &voronoi_mode, 6},       {'H', &plot_type, 3},         {'L', &plot_light, 2},
+      {vk_space, &run.helpstate, 4}, {vk_f3, &run.stereo_mode, 9}, {vk_f4, &run.stereo_swap, 2}};
+  for (const auto &[key, state, states] : switches)
+    for (int press = 0; press < 2 * states; press++) {
+      const int32_t next = (*state + 1) % states;
+      for (const std::vector<int> &before :
+           {std::vector<int>{}, {key}}) { // pressed, and still held
+        hold_keys(before);
+        std::copy(std::begin(key_state), std::end(key_state), key_state_prev);
+        hold_keys({key});
+        keys_switches(&run);
+        EXPECT_EQ(*state, next) << key;
+      }
+    }
+  Maze_destroy(run.world.root, 1);
 }
 
 } // namespace

@@ -94,7 +94,8 @@ Layout small_layout() {
 // record.
 bool is_sound(const Bytes &bytes) {
   FILE *file = std::tmpfile();
-  std::fwrite(bytes.data(), 1, bytes.size(), file);
+  for (const uint8_t byte : bytes)
+    std::fputc(byte, file);
   std::rewind(file);
   uint8_t buffer[256];
   int sound = 0;

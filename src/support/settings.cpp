@@ -38,6 +38,20 @@ void append_entry(Settings *list, const char *key, const char *value) {
   GrowList_append(list, &entry);
 }
 
+// Some editors put a mark before the text, which would make a part of the first key, or write in
+// two bytes a letter, of which nothing would be understood. False, with errno, for the latter.
+bool pass_byte_order_mark(FILE *stream) {
+  unsigned char mark[3] = {};
+  const size_t length = std::fread(mark, 1, sizeof mark, stream);
+  if (length >= 2 &&
+      ((mark[0] == 0xFF && mark[1] == 0xFE) || (mark[0] == 0xFE && mark[1] == 0xFF))) {
+    errno = EILSEQ;
+    return false;
+  }
+  const bool is_utf_8 = mark[0] == 0xEF && mark[1] == 0xBB && mark[2] == 0xBF;
+  return is_utf_8 || std::fseek(stream, 0, SEEK_SET) == 0;
+}
+
 } // namespace
 
 bool Settings_load(Settings *list, const char *path, char separator) {
@@ -57,6 +71,7 @@ bool Settings_load(Settings *list, const char *path, char separator) {
 
 bool Settings_read(Settings *list, FILE *stream, char separator) {
   GrowList_init(list, sizeof(SettingsEntry));
+  if (!pass_byte_order_mark(stream)) return false;
   for (char *line = file_read_line(stream); line != nullptr; line = file_read_line(stream)) {
     append_line(list, line, separator);
     std::free(line);

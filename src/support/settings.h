@@ -20,7 +20,7 @@ struct SettingsEntry {
 // writing it anew would then lose what the user has.
 bool Settings_load(Settings *list, const char *path, char separator);
 
-// The same from an open stream, which must be able to seek, and stays open.
+// The same from the start of an open stream, which must be able to seek, and stays open.
 bool Settings_read(Settings *list, FILE *stream, char separator);
 
 // Value of the shortest key that begins with `key`, the last one in the file among equals; null if

@@ -1,5 +1,6 @@
 #include "support/settings.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -48,6 +49,24 @@ TEST(Settings, LinesOfAllEndingsAreReadAndTrimmed) {
   EXPECT_FALSE(Settings_load(&list, path.c_str(), ':'));
   EXPECT_FALSE(Settings_save(&list, path.c_str(), ':'));
   Settings_free(&list);
+  std::filesystem::remove(path);
+}
+
+// As editors of other systems save them.
+TEST(Settings, MarksBeforeTheTextAreNoPartOfIt) {
+  Settings list = loaded("\xEF\xBB\xBF"
+                         "a: b\n\xEF\xBB\xBF"
+                         "c: d");
+  EXPECT_EQ(saved(&list), "a: b\n\xEF\xBB\xBF"
+                          "c: d\n");
+  for (const std::string &wide : {std::string("\xFF\xFE"
+                                              "a\0:\0",
+                                              6),
+                                  std::string("\xFE\xFF", 2)}) {
+    std::ofstream(path, std::ios::binary) << wide;
+    EXPECT_TRUE(!Settings_load(&list, path.c_str(), ':') && errno == EILSEQ);
+    Settings_free(&list);
+  }
   std::filesystem::remove(path);
 }
 

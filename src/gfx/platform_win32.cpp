@@ -29,6 +29,7 @@ HWND window_handle;
 HDC device_context;
 HGLRC gl_context;
 bool cursor_hidden;
+bool session_ends;
 char fault[512];
 
 int32_t has_swap_control = -1;
@@ -57,7 +58,8 @@ bool window_message(UINT message, LPARAM lparam) {
   case WM_SIZE: // the first comes before there is a context
     gfx_resize(LOWORD(lparam), HIWORD(lparam));
     return true;
-  case WM_QUERYENDSESSION: // the system waits some seconds, enough to save
+  case WM_QUERYENDSESSION: // the system waits some seconds for its next message to be answered
+    session_ends = true;
     quit_requested = 1;
     return false;
   default:
@@ -340,7 +342,7 @@ void platform_swap_interval(int32_t frames) {
 
 bool platform_messages() {
   MSG message;
-  while (PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE) != FALSE) {
+  while (!session_ends && PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE) != FALSE) {
     if (GetMessageA(&message, nullptr, 0, 0) == 0) return true;
     TranslateMessage(&message);
     DispatchMessageA(&message);

@@ -35,7 +35,8 @@ uint32_t darker(uint32_t colour) {
 }
 
 void vertex(Vec3 place) {
-  glVertex3f(static_cast<float>(place.x), static_cast<float>(place.y), static_cast<float>(place.z));
+  const Vec3f p = rounded(place);
+  glVertex3f(p.x, p.y, p.z);
 }
 
 // Places whose distance is no number are neither.
@@ -96,10 +97,8 @@ void node_discs(Pos here, const World *world) {
       visit_colour(maze_nodes(here.maze)[here.node].self, here, Pos_null, world);
   const bool user = Pos_equal(here, world->cur);
   billboard_disc(p - towards, halfwidth, user ? colour_white : lighter(colour), eye);
-  const Vec3 before = p + towards * disc_before;
-  const Vec3 rounded = {static_cast<float>(before.x), static_cast<float>(before.y),
-                        static_cast<float>(before.z)};
-  billboard_disc(rounded, static_cast<float>(inner_part * halfwidth),
+  const Vec3f front = rounded(p + towards * disc_before);
+  billboard_disc({front.x, front.y, front.z}, static_cast<float>(inner_part * halfwidth),
                  user ? colour_white : darker(colour), eye);
 }
 

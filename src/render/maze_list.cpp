@@ -15,7 +15,6 @@ namespace {
 // no attachment of their own, which a person would be shown. A step drops those of five names from
 // two mazes at most; those that nobody comes back for go when their place is needed.
 MazeList *parked[10];
-uint32_t next_place;
 
 GLsizei name_count(const MazeList *list) {
   return static_cast<GLsizei>(list->chunks.count) * list->kind->passes;
@@ -37,10 +36,25 @@ void release(MazeList *list) {
   delete list;
 }
 
+// Takes a free place, or that of the list that is there for the longest time.
 void park(MazeList *list) {
-  MazeList *&place = parked[next_place++ % std::size(parked)];
-  if (place != nullptr) release(place);
-  place = list;
+  for (MazeList *&place : parked) {
+    if (place != nullptr) continue;
+    place = list;
+    return;
+  }
+  release(parked[0]);
+  std::move(std::begin(parked) + 1, std::end(parked), std::begin(parked));
+  parked[std::size(parked) - 1] = list;
+}
+
+// The record of a destroyed maze stays, empty, and never becomes another's.
+void release_parked_of_destroyed() {
+  for (MazeList *&place : parked) {
+    if (place == nullptr || maze_count(place->maze) > 0) continue;
+    release(place);
+    place = nullptr;
+  }
 }
 
 MazeList *take_parked(const Maze *maze, const MazeListKind &kind) {
@@ -60,7 +74,7 @@ void disconnect(MazeList *list) {
   if (list->above == nullptr) return;
   rows<MazeBelow>(list->above->below)[list->place].list = nullptr;
   for (MazeList *above = list->above; above != nullptr && above->complete; above = above->above)
-    above->complete = GL_FALSE;
+    above->complete = false;
 }
 
 // A maze that is being destroyed has no nodes any more.
@@ -69,6 +83,7 @@ void list_destroy(intptr_t data, Maze *maze) {
   disconnect(list);
   if (list->first_name != 0 && maze_count(maze) > 0) return park(list);
   release(list);
+  if (maze_count(maze) == 0) release_parked_of_destroyed();
 }
 
 MazeList *list_new(Maze *maze, const MazeListKind &kind, int32_t all_levels) {
@@ -90,7 +105,7 @@ void collect(MazeList *list, const World *world) {
   MazeRun run = {list->maze, 0, maze_count(list->maze), list->all_levels, world};
   for (; run.end > 0; run.end = run.first) {
     run.first = std::max(run.end - list->kind->chunk, 0);
-    MazeChunk chunk = {run.first, run.end, {}, GL_FALSE, {box_empty, list->halfwidth}};
+    MazeChunk chunk = {run.first, run.end, {}, false, {box_empty, list->halfwidth}};
     list->kind->collect(run, list->parts, &chunk.bounds.box);
     for (int32_t part = 0; part < maze_parts; part++)
       chunk.body_end[part] = list->parts[part].count;
@@ -162,11 +177,11 @@ MazeList *complete(Maze *maze, const MazeListKind &kind, const World *world) {
       assert(row.list->above == nullptr || row.list->above == list);
       row.list->above = list;
       row.list->place = i;
-      row.bounds = row.list->all;
     }
+    row.bounds = row.list->all;
     unite(&list->all, row.bounds);
   }
-  list->complete = GL_TRUE;
+  list->complete = true;
   return list;
 }
 
@@ -233,7 +248,7 @@ void maze_chunk_compile(MazeList *list, uint32_t k) {
     if (list->kind->after != nullptr) list->kind->after();
     glEndList();
   }
-  chunk.compiled = GL_TRUE;
+  chunk.compiled = true;
 }
 
 MazeView maze_view(const Maze *root, const MazeListKind &kind, const World *world) {

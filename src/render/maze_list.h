@@ -66,7 +66,7 @@ struct MazeBounds {
 struct MazeChunk {
   int32_t first, end;            // the nodes
   uint32_t body_end[maze_parts]; // how many bodies there are up to here
-  GLboolean compiled;
+  bool compiled;
   MazeBounds bounds;
 };
 
@@ -90,8 +90,8 @@ struct MazeList {
   GrowList below;  // of MazeBelow, last holder first
   MazeList *above; // the list that has this one in its row `place`; null if none has
   uint32_t place;
-  GLboolean complete; // all below is there and in `all`
-  MazeBounds all;     // with all mazes below
+  bool complete;  // all below is there and in `all`
+  MazeBounds all; // with all mazes below
 };
 
 // The attachment, made if it is missing, as are with `all_levels` those of all mazes below. Nothing

@@ -83,6 +83,7 @@ for program in "$VOREL_NATIVE" "$VOREL" "$VOREL_NATIVE"; do
   mv font_fmod.dat font.dat
   VOREL=$program vorel_start
   quit_cleanly
+  ! cmp -s saved.dat maze_save.dat || fail "nothing was saved by $program" # the clock goes on
   cmp <(tree saved.dat) <(tree maze_save.dat) || fail "another session from $program"
   cmp font.dat font_fmod.dat || fail "another font from $program"
   mv maze_save.dat saved.dat

@@ -157,10 +157,11 @@ struct Plot {
 };
 
 constexpr Plot plots[] = {
-    {"lines", line_plot, literal_line_plot, 5},     {"balls", balls, literal_ballstick_plot, 5},
-    {"plates", plates, literal_gantry_plot, 5},     {"outlines", cells, literal_voronoi_plot, 0},
-    {"rooms", cells, literal_voronoi_plot, 2},      {"ground", cells, literal_voronoi_plot, 5},
-    {"processor", processor, literal_fixed_plot, 5}};
+    {"lines", line_plot, literal_line_plot, 5},      {"balls", balls, literal_ballstick_plot, 5},
+    {"plates", plates, literal_gantry_plot, 5},      {"outlines", cells, literal_voronoi_plot, 0},
+    {"rooms", cells, literal_voronoi_plot, 2},       {"ground", cells, literal_voronoi_plot, 5},
+    {"processor", processor, literal_fixed_plot, 5}, {"walls", cells, literal_voronoi_plot, 1},
+    {"terrain", cells, literal_voronoi_plot, 3},     {"triangles", cells, literal_voronoi_plot, 4}};
 
 TEST(SamePicture, FromAnywhereWhileWalkingAndRelaxing) {
   rand_seed(77);
@@ -186,6 +187,7 @@ TEST(SamePicture, FromAnywhereWhileWalkingAndRelaxing) {
     EXPECT_GT(far_shown, 0) << plot.name;
     EXPECT_LT(far_shown, 8) << plot.name;
   }
+  voronoi_mode = 5;
   Maze_destroy(world.root, 1);
 }
 
@@ -295,6 +297,25 @@ TEST(SamePicture, OfARoomRightBeforeTheEye) {
     }
   }
   EXPECT_GT(shown, 20);
+}
+
+// What lies in the depth of a tree has moved out of what its parents' bounds were.
+TEST(SamePicture, OfATreeOfWhichAPartWasLookedAtAlone) {
+  Straddler scene;
+  Maze *inner = scenario_path(2);
+  scenario_hold(scene.room, 1, inner);
+  scene.world.camera = {0, 0, 10};
+  scene.place({50, 0, 0}, {1, 0, 0}, 0.5);
+  scene.put(&maze_nodes(inner)[0], {60, 0, 0});
+  scene.put(&maze_nodes(inner)[1], {61, 0, 0});
+  draw_slabs(&scene.world, line_plot);
+  draw_slabs(&scene.world, literal_line_plot);
+  scene.put(&maze_nodes(inner)[1], {0, 0, 0});
+  Attachment_drop_tree(inner, "lists");
+  literal_follow_drops(scene.root);
+  line_lists(scene.room, 1);
+  const Slabs slabs = draw_slabs(&scene.world, line_plot);
+  EXPECT_TRUE(shows(slabs.near) && same(slabs, draw_slabs(&scene.world, literal_line_plot)));
 }
 
 int lists_in_use() {

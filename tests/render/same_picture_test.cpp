@@ -305,9 +305,9 @@ TEST(SamePicture, OfATreeOfWhichAPartWasLookedAtAlone) {
   Maze *inner = scenario_path(2);
   scenario_hold(scene.room, 1, inner);
   scene.world.camera = {0, 0, 10};
-  scene.place({50, 0, 0}, {1, 0, 0}, 0.5);
   scene.put(&maze_nodes(inner)[0], {60, 0, 0});
   scene.put(&maze_nodes(inner)[1], {61, 0, 0});
+  scene.place({50, 0, 0}, {1, 0, 0}, 0.5);
   draw_slabs(&scene.world, line_plot);
   draw_slabs(&scene.world, literal_line_plot);
   scene.put(&maze_nodes(inner)[1], {0, 0, 0});

@@ -64,7 +64,7 @@ hold 0.58 Control_L Left
 sleep 1
 look
 for key in w s Up Down; do
-  hold 0.3 $key
+  hold 0.5 $key
   expect_change 300 "$key, along the corridor after a quarter turn"
 done
 quit_cleanly

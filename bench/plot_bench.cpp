@@ -11,26 +11,18 @@
 #include "gfx/gl.h"
 #include "gfx/projection.h"
 #include "gfx/window.h"
-#include "maze/attachment.h"
 #include "maze/pos.h"
 #include "plot_literal.h"
 #include "render/apply_view.h"
-#include "render/ballstick.h"
-#include "render/fixed_plot.h"
-#include "render/gantry_plot.h"
 #include "render/line_lists.h"
-#include "render/line_plot.h"
 #include "render/shader_procs.h"
 #include "render/shader_program.h"
 #include "render/shader_text.h"
-#include "render/voronoi_plot.h"
 #include "support/random.h"
 #include "town.h"
 #include "world/camera.h"
 
 namespace {
-
-using Draw = void (*)(const World *world);
 
 World tree;
 World plain; // a plane of 50 by 50
@@ -50,44 +42,19 @@ const View views[] = {
     {"whole", &tree, 800, 600, 1500, -0.6},     {"plain_above", &plain, 800, 600, 20, 0},
     {"plain_whole", &plain, 800, 600, 60, -0.5}};
 
-void draw_slabs(const World *world, Draw draw) {
+void draw_slabs(const World *world, PlotDraw draw) {
   glClear(GL_COLOR_BUFFER_BIT);
   glLoadIdentity();
   World_apply_view(world);
-  for (const auto set_slab : {projection_far_slab, projection_near_slab}) {
-    float projection[16];
-    glGetFloatv(GL_PROJECTION_MATRIX, projection);
-    set_slab(projection);
-    glMatrixMode(GL_PROJECTION);
-    glLoadMatrixf(projection);
-    glMatrixMode(GL_MODELVIEW);
-    glClear(GL_DEPTH_BUFFER_BIT);
-    draw(world);
-  }
+  plot_slab(world, draw, projection_far_slab);
+  plot_slab(world, draw, projection_near_slab);
   glFinish();
-}
-
-void line_plot(const World *world) {
-  line_edges_pass(world->root, world, 1);
-  line_nodes_pass(world->root, world, 1);
-}
-
-void balls(const World *world) {
-  ballstick_plot(world->root, world, 0);
-}
-
-void plates(const World *world) {
-  gantry_plot(world->root, world, 0);
-}
-
-void ground(const World *world) {
-  voronoi_plot(world->root, world);
 }
 
 // Knows from the line plot what lies outside.
 void processor(const World *world) {
   line_lists(world->root, 1);
-  fixed_plot(world->root, world, 1);
+  own_fixed_plot(world);
 }
 
 // One list a pass and slab, of all mazes that can be seen in it.
@@ -148,7 +115,7 @@ void look(const View &view) {
   town_look(view.world, view.world->cur, view.zoom, 0.3, view.pitch);
 }
 
-void frames(benchmark::State &state, const View &view, Draw draw, Draw prepare) {
+void frames(benchmark::State &state, const View &view, PlotDraw draw, PlotDraw prepare) {
   look(view);
   if (prepare != nullptr) draw_slabs(view.world, prepare);
   draw_slabs(view.world, draw);
@@ -182,7 +149,7 @@ void step_literal(benchmark::State &state) {
     glDeleteLists(name, 1);
 }
 
-void first_frame(benchmark::State &state, Draw draw) {
+void first_frame(benchmark::State &state, PlotDraw draw) {
   look(views[0]);
   for (auto _ : state) {
     state.PauseTiming();
@@ -228,7 +195,8 @@ GLuint age_program(const char *vertex, const char *fragment) {
   return program_build(strings, 2, &fragment, 1, nullptr, nullptr, nullptr);
 }
 
-void add(const char *plot, const View &view, const char *who, Draw draw, Draw prepare = nullptr) {
+void add(const char *plot, const View &view, const char *who, PlotDraw draw,
+         PlotDraw prepare = nullptr) {
   const std::string name = std::string(plot) + "_" + view.name + "/" + who;
   benchmark::RegisterBenchmark(name.c_str(), frames, view, draw, prepare)
       ->Unit(benchmark::kMillisecond);
@@ -237,32 +205,32 @@ void add(const char *plot, const View &view, const char *who, Draw draw, Draw pr
 void add_all() {
   for (const View &view : views) {
     add("lines", view, "literal", literal_line_plot);
-    add("lines", view, "vorel", line_plot);
+    add("lines", view, "vorel", own_line_plot);
     add("lines", view, "bare", bare_draw, bare_make);
     if (view.zoom > 60) continue; // a picture of plates or balls from far above takes seconds
     add("balls", view, "literal", literal_ballstick_plot);
-    add("balls", view, "vorel", balls);
+    add("balls", view, "vorel", own_ballstick_plot);
     add("gantry", view, "literal", literal_gantry_plot);
-    add("gantry", view, "vorel", plates);
+    add("gantry", view, "vorel", own_gantry_plot);
     add("ground", view, "literal", literal_voronoi_plot);
-    add("ground", view, "vorel", ground);
+    add("ground", view, "vorel", own_voronoi_plot);
     add("processor", view, "literal", literal_fixed_plot);
     add("processor", view, "vorel", processor);
   }
   using benchmark::RegisterBenchmark;
   RegisterBenchmark("step/literal", step_literal)->Unit(benchmark::kMillisecond);
   RegisterBenchmark("step/vorel", step_ours)->Unit(benchmark::kMillisecond);
-  const auto add_first = [](const char *name, Draw draw) {
+  const auto add_first = [](const char *name, PlotDraw draw) {
     RegisterBenchmark(name, first_frame, draw)->Unit(benchmark::kMillisecond);
   };
   add_first("first/literal", literal_line_plot);
-  add_first("first/vorel", line_plot);
+  add_first("first/vorel", own_line_plot);
   add_first("first_balls/literal", literal_ballstick_plot);
-  add_first("first_balls/vorel", balls);
+  add_first("first_balls/vorel", own_ballstick_plot);
   add_first("first_gantry/literal", literal_gantry_plot);
-  add_first("first_gantry/vorel", plates);
+  add_first("first_gantry/vorel", own_gantry_plot);
   add_first("first_ground/literal", literal_voronoi_plot);
-  add_first("first_ground/vorel", ground);
+  add_first("first_ground/vorel", own_voronoi_plot);
 }
 
 } // namespace

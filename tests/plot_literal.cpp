@@ -6,11 +6,14 @@
 #include "gfx/gl_util.h"
 #include "maze/attachment.h"
 #include "maze/pos.h"
+#include "render/ballstick.h"
 #include "render/disc.h"
 #include "render/edge_angles.h"
 #include "render/edge_colour.h"
 #include "render/fixed_plot.h"
+#include "render/gantry_plot.h"
 #include "render/gantry_texture.h"
+#include "render/line_plot.h"
 #include "render/plot.h"
 #include "render/shader_procs.h"
 #include "render/shader_program.h"
@@ -84,16 +87,20 @@ void edges_body(Maze *maze) {
   glEnd();
 }
 
-void disc(Vec3 p, uint32_t colour, double time, double halfwidth) {
-  glColor4f(static_cast<float>(colour_red(colour)) / 255.0F,
-            static_cast<float>(colour_green(colour)) / 255.0F,
-            static_cast<float>(colour_blue(colour)) / 255.0F, static_cast<float>(time));
+void body(Vec3 p, double radius) {
   glTexCoord4f(static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z),
-               static_cast<float>(halfwidth));
+               static_cast<float>(radius));
   glVertex2f(-1, -1);
   glVertex2f(-1, 1);
   glVertex2f(1, 1);
   glVertex2f(1, -1);
+}
+
+void disc(Vec3 p, uint32_t colour, double time, double halfwidth) {
+  glColor4f(static_cast<float>(colour_red(colour)) / 255.0F,
+            static_cast<float>(colour_green(colour)) / 255.0F,
+            static_cast<float>(colour_blue(colour)) / 255.0F, static_cast<float>(time));
+  body(p, halfwidth);
 }
 
 void nodes_body(Maze *maze) {
@@ -126,15 +133,6 @@ void use(GLuint program, const World *world) {
   const auto halfwidth = static_cast<float>(world->root->halfwidth);
   gl2.uniform_1f(location("r0"), -halfwidth);
   gl2.uniform_1f(location("r1"), halfwidth);
-}
-
-void body(Vec3 p, double radius) {
-  glTexCoord4f(static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z),
-               static_cast<float>(radius));
-  glVertex2f(-1, -1);
-  glVertex2f(-1, 1);
-  glVertex2f(1, 1);
-  glVertex2f(1, -1);
 }
 
 void opaque(uint32_t colour) {
@@ -356,6 +354,38 @@ void literal_line_plot(const World *world) {
   disc(World_follow_point(world), colour_white, world->time, world->cur.maze->halfwidth);
   glEnd();
   gl2.use_program(0);
+}
+
+void own_line_plot(const World *world) {
+  line_edges_pass(world->root, world, 1);
+  line_nodes_pass(world->root, world, 1);
+}
+
+void own_ballstick_plot(const World *world) {
+  ballstick_plot(world->root, world, 0);
+}
+
+void own_gantry_plot(const World *world) {
+  gantry_plot(world->root, world, 0);
+}
+
+void own_voronoi_plot(const World *world) {
+  voronoi_plot(world->root, world);
+}
+
+void own_fixed_plot(const World *world) {
+  fixed_plot(world->root, world, 1);
+}
+
+void plot_slab(const World *world, PlotDraw draw, void (*set_slab)(float matrix[16])) {
+  float projection[16];
+  glGetFloatv(GL_PROJECTION_MATRIX, projection);
+  set_slab(projection);
+  glMatrixMode(GL_PROJECTION);
+  glLoadMatrixf(projection);
+  glMatrixMode(GL_MODELVIEW);
+  glClear(GL_DEPTH_BUFFER_BIT);
+  draw(world);
 }
 
 void literal_line_compile(Maze *maze, int32_t which, uint32_t name) {

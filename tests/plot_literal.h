@@ -15,6 +15,19 @@ void literal_gantry_plot(const World *world);
 void literal_voronoi_plot(const World *world);
 void literal_fixed_plot(const World *world); // but for names
 
+// The program's own plots of the whole tree, without the user's light, to be called in the same
+// way.
+void own_line_plot(const World *world);
+void own_ballstick_plot(const World *world);
+void own_gantry_plot(const World *world);
+void own_voronoi_plot(const World *world);
+void own_fixed_plot(const World *world);
+
+using PlotDraw = void (*)(const World *world);
+
+// Draws a depth slab over what is there, and leaves the projection with its depth.
+void plot_slab(const World *world, PlotDraw draw, void (*set_slab)(float matrix[16]));
+
 // Compiles one of a maze's lists, 0 for edges and 1 for nodes.
 void literal_line_compile(Maze *maze, int32_t which, uint32_t name);
 

@@ -20,20 +20,13 @@
 #include "picture.h"
 #include "plot_literal.h"
 #include "render/apply_view.h"
-#include "render/ballstick.h"
-#include "render/fixed_plot.h"
-#include "render/gantry_plot.h"
 #include "render/line_lists.h"
-#include "render/line_plot.h"
 #include "render/plot.h"
-#include "render/voronoi_plot.h"
 #include "scenarios.h"
 #include "support/random.h"
 #include "town.h"
 
 namespace {
-
-using Draw = void (*)(const World *world);
 
 constexpr int32_t width = 320, height = 240;
 
@@ -58,34 +51,23 @@ Bytes take() {
 // Of the eye that is drawn for, in world units; its picture is off its axis by a share of that.
 double eye_offset = 0;
 
-void draw_slab(const World *world, Draw draw, void (*set_slab)(float matrix[16])) {
-  float projection[16];
-  projection_perspective(screen_width, screen_height, projection);
-  projection[8] = static_cast<float>(0.2 * eye_offset);
-  set_slab(projection);
-  glMatrixMode(GL_PROJECTION);
-  glLoadMatrixf(projection);
-  glMatrixMode(GL_MODELVIEW);
-  glClear(GL_DEPTH_BUFFER_BIT);
-  draw(world);
-}
-
-Slabs draw_slabs(const World *world, Draw draw) {
+Slabs draw_slabs(const World *world, PlotDraw draw) {
   Slabs slabs;
   picture_begin();
   gfx_resize(width, height);
+  float projection[16];
+  projection_perspective(screen_width, screen_height, projection);
+  projection[8] = static_cast<float>(0.2 * eye_offset);
+  glMatrixMode(GL_PROJECTION);
+  glLoadMatrixf(projection);
+  glMatrixMode(GL_MODELVIEW);
   glTranslated(eye_offset, 0, 0);
   World_apply_view(world);
-  draw_slab(world, draw, projection_far_slab);
+  plot_slab(world, draw, projection_far_slab);
   slabs.far = take();
-  draw_slab(world, draw, projection_near_slab);
+  plot_slab(world, draw, projection_near_slab);
   slabs.near = take();
   return slabs;
-}
-
-void line_plot(const World *world) {
-  line_edges_pass(world->root, world, 1);
-  line_nodes_pass(world->root, world, 1);
 }
 
 template <typename Value> bool same(const std::vector<Value> &a, const std::vector<Value> &b) {
@@ -133,35 +115,23 @@ void smooth(Maze *maze) {
   drop_all(maze);
 }
 
-void balls(const World *world) {
-  ballstick_plot(world->root, world, 0);
-}
-
-void plates(const World *world) {
-  gantry_plot(world->root, world, 0);
-}
-
-void cells(const World *world) {
-  voronoi_plot(world->root, world);
-}
-
-// Of what lies outside it knows what the line plot last knew.
-void processor(const World *world) {
-  fixed_plot(world->root, world, 1);
-}
-
+// Of what lies outside, the fixed plot knows what the line plot last knew.
 struct Plot {
   const char *name;
-  Draw ours, literal;
+  PlotDraw ours, literal;
   int32_t mode; // of the landscape
 };
 
-constexpr Plot plots[] = {
-    {"lines", line_plot, literal_line_plot, 5},      {"balls", balls, literal_ballstick_plot, 5},
-    {"plates", plates, literal_gantry_plot, 5},      {"outlines", cells, literal_voronoi_plot, 0},
-    {"rooms", cells, literal_voronoi_plot, 2},       {"ground", cells, literal_voronoi_plot, 5},
-    {"processor", processor, literal_fixed_plot, 5}, {"walls", cells, literal_voronoi_plot, 1},
-    {"terrain", cells, literal_voronoi_plot, 3},     {"triangles", cells, literal_voronoi_plot, 4}};
+constexpr Plot plots[] = {{"lines", own_line_plot, literal_line_plot, 5},
+                          {"balls", own_ballstick_plot, literal_ballstick_plot, 5},
+                          {"plates", own_gantry_plot, literal_gantry_plot, 5},
+                          {"outlines", own_voronoi_plot, literal_voronoi_plot, 0},
+                          {"rooms", own_voronoi_plot, literal_voronoi_plot, 2},
+                          {"ground", own_voronoi_plot, literal_voronoi_plot, 5},
+                          {"processor", own_fixed_plot, literal_fixed_plot, 5},
+                          {"walls", own_voronoi_plot, literal_voronoi_plot, 1},
+                          {"terrain", own_voronoi_plot, literal_voronoi_plot, 3},
+                          {"triangles", own_voronoi_plot, literal_voronoi_plot, 4}};
 
 TEST(SamePicture, FromAnywhereWhileWalkingAndRelaxing) {
   rand_seed(77);
@@ -308,13 +278,13 @@ TEST(SamePicture, OfATreeOfWhichAPartWasLookedAtAlone) {
   scene.put(&maze_nodes(inner)[0], {60, 0, 0});
   scene.put(&maze_nodes(inner)[1], {61, 0, 0});
   scene.place({50, 0, 0}, {1, 0, 0}, 0.5);
-  draw_slabs(&scene.world, line_plot);
+  draw_slabs(&scene.world, own_line_plot);
   draw_slabs(&scene.world, literal_line_plot);
   scene.put(&maze_nodes(inner)[1], {0, 0, 0});
   Attachment_drop_tree(inner, "lists");
   literal_follow_drops(scene.root);
   line_lists(scene.room, 1);
-  const Slabs slabs = draw_slabs(&scene.world, line_plot);
+  const Slabs slabs = draw_slabs(&scene.world, own_line_plot);
   EXPECT_TRUE(shows(slabs.near) && same(slabs, draw_slabs(&scene.world, literal_line_plot)));
 }
 
@@ -335,7 +305,7 @@ TEST(SamePicture, OfWhatWasThereWhenNothingWasSeen) {
   while (door.maze == world.root)
     door = town_place(world.root);
   for (const Plot &plot : plots) {
-    if (plot.ours == processor) continue;
+    if (plot.ours == own_fixed_plot) continue;
     SCOPED_TRACE(plot.name);
     voronoi_mode = plot.mode;
     town_look(&world, door, 15, 0.3, -0.4);
@@ -373,7 +343,7 @@ TEST(SamePicture, OfTheMarkerBetweenTheLevelsOfALandscape) {
   scene.world.camera = {0, 0, 10};
   for (const uint32_t expected : {0x808080U, 0xFFFFFFU}) {
     voronoi_mode = expected == 0xFFFFFF ? 0 : 1;
-    const Slabs slabs = draw_slabs(&scene.world, cells);
+    const Slabs slabs = draw_slabs(&scene.world, own_voronoi_plot);
     EXPECT_TRUE(same(slabs, draw_slabs(&scene.world, literal_voronoi_plot)));
     EXPECT_EQ(slabs.near.colour[middle] & 0xFFFFFF, expected);
     scene.world.cur = {scene.room, 0};
@@ -428,7 +398,7 @@ TEST(SamePicture, LinesOfALargeMazeAfterEachChange) {
     if (change == 14) Maze_delete_node(world.root, world.cur.node == 7 ? 8 : 7);
     if (change == 19) Maze_append(world.root, more);
     literal_follow_drops(world.root);
-    const Slabs slabs = draw_slabs(&world, line_plot);
+    const Slabs slabs = draw_slabs(&world, own_line_plot);
     EXPECT_TRUE(same(slabs, draw_slabs(&world, literal_line_plot))) << "change " << change;
     if (change == 5) in_use = lists_in_use(); // those that other tests left behind are gone
     if (change > 5 && change < 19) {

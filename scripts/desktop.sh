@@ -55,7 +55,8 @@ desktop_wait() {
 
 # Starts the program in the current folder and waits until its window has the keyboard.
 vorel_start() {
-  "$VOREL" >vorel.out 2>vorel.err &
+  # The shell makes jobs in the background ignore these signals.
+  env --default-signal=INT,QUIT "$VOREL" >vorel.out 2>vorel.err &
   vorel_job=$!
   desktop_wait "the window of vorel" vorel_window_found
   desktop_wait "the keyboard" vorel_has_keyboard

@@ -47,7 +47,9 @@ void keys_screenshot() {
 
 void keys_new_maze(World *world) {
   if (!key_pressed('N')) return;
-  Maze_destroy(world->root, 1);
+  Maze *old = world->root;
+  world->root = nullptr; // nothing can be saved in between
+  Maze_destroy(old, 1);
   World_new_maze(world, (key_down(vk_shift) ? 1 : 0) + (key_down(vk_control) ? 1 : 0));
   world->time = 0.0;
   GrowList_clear(&world->roamers); // their places were in the old tree

@@ -1,10 +1,13 @@
 #include "app/run.h"
 
-#include "app/files.h"
+#include <cstdlib>
+
 #include "app/fonts.h"
 #include "app/keys.h"
 #include "app/overlay.h"
 #include "app/scene.h"
+#include "app/session_file.h"
+#include "app/settings_file.h"
 #include "gfx/gl_util.h"
 #include "gfx/input.h"
 #include "gfx/platform.h"
@@ -42,6 +45,21 @@ void take_input(Run *run, double dt) {
   view_keys(&run->control, world->zoom, dt);
 }
 
+Run *unsaved; // the run that has a session to lose; null if there is none
+
+// The library of the window system ends the program when it loses its server, and so does a fatal
+// report.
+void save_unsaved() {
+  if (unsaved != nullptr && unsaved->world.root != nullptr)
+    Recovery_write(&unsaved->recovery, &unsaved->world);
+  unsaved = nullptr;
+}
+
+void recovery_frame(Run *run) {
+  const bool relaxed = key_down('R') || key_down('E');
+  Recovery_frame(&run->recovery, &run->world, relaxed, platform_is_minimised());
+}
+
 } // namespace
 
 bool run_start(Run *run) {
@@ -58,6 +76,8 @@ bool run_start(Run *run) {
   shader_procs_load(); // no picture without shaders: told at once, not at the first draw
   start_fonts();
   start_session(run);
+  unsaved = run;
+  std::atexit(save_unsaved);
   run->control = {};
   run->relaxation = {1.0};
   run->helpstate = 0;
@@ -93,11 +113,14 @@ bool run_frame(Run *run) {
   return gfx_pump() == 0 && !keys_quit();
 }
 
-void run_end(Run *run) {
-  save_session(run);
+bool run_end(Run *run) {
+  const bool saved = save_session(run);
+  unsaved = nullptr;
+  Recovery_end(&run->recovery, saved);
   World_free(&run->world);
   end_settings(run);
   gfx_close();
+  return saved;
 }
 
 int run_program() {
@@ -105,8 +128,7 @@ int run_program() {
   Run run;
   if (!run_start(&run)) return 0;
   // A close request drops the context at once, in the very first pump too.
-  while (gfx_context_alive() && run_frame(&run)) {
-  }
-  run_end(&run);
-  return 0;
+  while (gfx_context_alive() && run_frame(&run))
+    recovery_frame(&run);
+  return run_end(&run) ? 0 : 1;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/recovery.h"
 #include "app/relaxation.h"
 #include "app/view_control.h"
 #include "support/settings.h"
@@ -11,8 +12,10 @@ struct Run {
   bool keeps_settings;  // false where the file must be left alone
   bool settings_failed; // whether a failure to write them has been told
   bool keeps_session;   // false where the file must be left alone
-  int32_t stereo_mode;  // 0 to 8; any number from the settings until a key changes it
-  int32_t stereo_swap;  // 0 or 1
+  FileIdentity session; // of the saved session that this run started with
+  Recovery recovery;
+  int32_t stereo_mode; // 0 to 8; any number from the settings until a key changes it
+  int32_t stereo_swap; // 0 or 1
   double stereo_depth;
   World world;
   ViewControl control;
@@ -28,8 +31,9 @@ bool run_start(Run *run);
 // One frame; false when it was the last: the window was closed, or Q or Escape is down.
 bool run_frame(Run *run);
 
-// Saves the session and the settings and gives the display back.
-void run_end(Run *run);
+// Saves the session and the settings and gives the display back. False if the session could not be
+// saved anywhere.
+bool run_end(Run *run);
 
 // The whole program; returns its exit status.
 int run_program();

@@ -1,5 +1,6 @@
 #include "gfx/platform.h"
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -241,6 +242,16 @@ int32_t virtual_key(int scancode) {
          in_run(scancode, SDL_SCANCODE_0, SDL_SCANCODE_0, '0');
 }
 
+// The library turns this signal into a request to quit.
+void request_quit(int) {
+  std::raise(SIGTERM);
+}
+
+// A signal that was ignored from the start stays so.
+void end_politely_on(int signal) {
+  if (std::signal(signal, request_quit) == SIG_IGN) std::signal(signal, SIG_IGN);
+}
+
 // Where there is no display the library falls back to drivers without one, in which the program
 // would run unseen for ever; they are good only if the user asked for one of them.
 bool nobody_sees(const char *driver) {
@@ -424,7 +435,12 @@ void platform_message_box(const char *caption, const char *text) {
     report_sentence("%s: %s", caption, text);
 }
 
-void platform_begin() {} // the library's own will do, and whoever starts programs sees their errors
+// The library's own clock and the like will do, and whoever starts programs sees their errors.
+void platform_begin() {
+  end_politely_on(SIGHUP);
+  end_politely_on(SIGQUIT);
+  std::signal(SIGPIPE, SIG_IGN);
+}
 
 void platform_date(char date[platform_date_size]) {
   const std::time_t now = std::time(nullptr);

@@ -5,7 +5,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+
+#include "support/list.h"
 
 // Numbers of fixed width, little-endian, to and from bytes.
 
@@ -97,17 +100,36 @@ inline int32_t read_i32(ByteReader *in) {
   return static_cast<int32_t>(read_u32(in));
 }
 
-// A buffer in front of a file. Once a write has failed, nothing more is written; errno then has the
-// cause of the first failure.
+// Some bytes in memory, from malloc.
+struct ByteBlock {
+  uint8_t *bytes;
+  size_t size;
+};
+
+// A buffer in front of a file or, where that is null, of a list of ByteBlock. Once a write has
+// failed, nothing more is written; errno then has the cause of the first failure.
 struct ByteWriter {
   FILE *file;
+  GrowList *blocks;
   size_t used;
   bool failed;
   uint8_t buffer[1 << 16];
 };
 
+// False, with errno, if there is no memory for it.
+inline bool keep_block(GrowList *blocks, const uint8_t *bytes, size_t size) {
+  const ByteBlock block = {static_cast<uint8_t *>(std::malloc(size)), size};
+  if (block.bytes == nullptr) return false;
+  std::memcpy(block.bytes, bytes, size);
+  GrowList_append(blocks, &block);
+  return true;
+}
+
 inline void flush_bytes(ByteWriter *out) {
-  if (!out->failed) out->failed = std::fwrite(out->buffer, 1, out->used, out->file) != out->used;
+  if (!out->failed && out->used > 0)
+    out->failed = out->file != nullptr
+                      ? std::fwrite(out->buffer, 1, out->used, out->file) != out->used
+                      : !keep_block(out->blocks, out->buffer, out->used);
   out->used = 0;
 }
 

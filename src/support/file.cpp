@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -39,11 +40,23 @@ bool is_leftover(const std::string &name) {
          fs::file_time_type::clock::now() - changed > std::chrono::hours(1);
 }
 
+std::string utf8_of(const fs::path &path) {
+  const std::u8string text = path.u8string();
+  return std::string(text.begin(), text.end());
+}
+
+// Whether the name is the stem, "-", a number and the ending.
+bool is_numbered(std::string_view name, std::string_view stem, std::string_view ending) {
+  if (name.size() <= stem.size() + 1 + ending.size()) return false;
+  const std::string_view middle =
+      name.substr(stem.size(), name.size() - stem.size() - ending.size());
+  return name.starts_with(stem) && name.ends_with(ending) && middle[0] == '-' &&
+         middle.find_first_not_of("0123456789", 1) == std::string_view::npos;
+}
+
 void remove_leftovers(const std::string &stem) {
-  std::error_code ignored;
-  for (int32_t number = 1; fs::exists(path_of(numbered(stem, number, "")), ignored); number++)
-    if (is_leftover(numbered(stem, number, "")))
-      fs::remove(path_of(numbered(stem, number, "")), ignored);
+  for (const std::string &name : file_numbered_names(stem, ""))
+    if (is_leftover(name)) file_remove(name);
 }
 
 // Opens the first temporary name that no other program holds.
@@ -89,8 +102,9 @@ bool file_replace_begin(FileReplacement *file, const char *target, bool text) {
   return file->stream != nullptr;
 }
 
-bool file_replace_end(FileReplacement *file, bool complete) {
-  bool done = complete && std::fflush(file->stream) == 0 && file_sync(file->stream);
+bool file_replace_end(FileReplacement *file, bool complete, FileFlush flush) {
+  bool done = complete && std::fflush(file->stream) == 0 &&
+              (flush == FileFlush::later || file_sync(file->stream));
   int cause = errno;
   const bool ours = file_is_at(file->stream, file->temporary);
   if (!ours) { // another program took it for a leftover, and may have its own there now
@@ -106,17 +120,51 @@ bool file_replace_end(FileReplacement *file, bool complete) {
   const fs::file_status old = fs::status(path_of(file->target), ignored);
   if (done && fs::exists(old))
     fs::permissions(path_of(file->temporary), old.permissions(), ignored);
-  if (done && file_rename(file->temporary, file->target)) return true;
+  if (done && file_rename(file->temporary, file->target, flush)) return true;
   if (done) cause = errno;
   if (ours) fs::remove(path_of(file->temporary), ignored);
   errno = cause;
   return false;
 }
 
-std::string file_free_name(const char *stem, const char *ending) {
+std::string file_free_name(const std::string &stem, const char *ending) {
   for (int32_t number = 1;; number++) {
     const std::string name = numbered(stem, number, ending);
     std::error_code ignored;
     if (!fs::exists(fs::symlink_status(path_of(name), ignored))) return name;
   }
+}
+
+std::vector<std::string> file_numbered_names(const std::string &stem, const char *ending) {
+  const fs::path path = path_of(stem);
+  const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
+  const std::string start = utf8_of(path.filename());
+  std::vector<std::string> names;
+  std::error_code error;
+  for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
+    const std::string name = utf8_of(at->path().filename());
+    if (is_numbered(name, start, ending)) names.push_back(stem + name.substr(start.size()));
+  }
+  return names;
+}
+
+std::string file_data_folder() {
+  const std::string root = file_data_root();
+  if (root.empty()) return root;
+  const fs::path folder = path_of(root) / "vorel";
+  std::error_code error;
+  fs::create_directories(folder, error);
+  return fs::is_directory(folder, error) ? utf8_of(folder) : std::string();
+}
+
+std::string file_temporary_folder() {
+  std::error_code error;
+  const fs::path folder = fs::temp_directory_path(error);
+  return error ? std::string() : utf8_of(folder);
+}
+
+bool file_remove(const std::string &name) {
+  std::error_code error;
+  fs::remove(path_of(name), error);
+  return !error;
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <string>
+#include <vector>
 
 // Files that belong to the user: replaced whole or not at all. Names are UTF-8.
 
@@ -20,15 +22,52 @@ struct FileReplacement {
 // or the user has made the target read-only.
 bool file_replace_begin(FileReplacement *file, const char *target, bool text);
 
+// Whether a call returns only when the disk has the data, or leaves that to the system. Data that
+// was left to it survives the end of the program, but not a loss of power in the next seconds.
+enum class FileFlush { wait, later };
+
 // Brings what was written to the disk and then, in one step and with the target's permissions, to
 // the target's place. False, with errno, if anything failed or `complete` is not set, which is for
 // a failure that errno tells already; the target is then as it was before.
-bool file_replace_end(FileReplacement *file, bool complete);
+bool file_replace_end(FileReplacement *file, bool complete, FileFlush flush = FileFlush::wait);
 
 // `stem`, "-N" and `ending` with the smallest N from 1 up that no file has.
-std::string file_free_name(const char *stem, const char *ending);
+std::string file_free_name(const std::string &stem, const char *ending);
+
+// The names of that form that files have, in no particular order; gaps in the numbers are allowed.
+std::vector<std::string> file_numbered_names(const std::string &stem, const char *ending);
+
+// The folder for the user's data of this program, which is made if it is not there; empty if there
+// is none. And the one for temporary files.
+std::string file_data_folder();
+std::string file_temporary_folder();
+
+// Removes a file. True if it is no longer there.
+bool file_remove(const std::string &name);
+
+// What tells one version of a file from another. Two files with equal fields are the same, unless
+// both are missing.
+struct FileIdentity {
+  uint64_t device, number; // of the file itself
+  uint64_t size;           // bytes
+  int64_t time;            // of the last change; units and origin are the system's
+  bool exists;
+  bool operator==(const FileIdentity &other) const = default;
+};
 
 // What differs between systems.
+
+// The file under this name, behind any symbolic link; zero if there is none.
+FileIdentity file_identity(const std::string &name);
+
+// An advisory lock on the file under this name, which ends with the program at the latest. Null,
+// with errno, if it can't be had: EWOULDBLOCK if another program has it, ENOENT if there is no
+// file.
+struct FileLock;
+FileLock *file_lock(const std::string &name);
+
+// Ends a lock; null is allowed. On some systems a locked file can't be renamed or replaced.
+void file_unlock(FileLock *lock);
 
 // Opens a file by its name in UTF-8, as std::fopen does. Null, with errno, if it can't be.
 FILE *file_stream(const std::string &name, const char *mode);
@@ -37,11 +76,18 @@ FILE *file_stream(const std::string &name, const char *mode);
 // EEXIST if there is one.
 FILE *file_create(const std::string &name, bool text);
 
-// Renames a file, over one that has the name. False, with errno, if it can't be.
-bool file_rename(const std::string &from, const std::string &to);
+// Renames a file, over one that has the name, and flushes the folder. False, with errno, if it
+// can't be renamed.
+bool file_rename(const std::string &from, const std::string &to, FileFlush flush = FileFlush::wait);
 
 // Hands what was written to the disk itself. False, with errno, on failure.
 bool file_sync(FILE *stream);
+
+// Makes the system begin to do so, without waiting.
+void file_sync_begin(FILE *stream);
+
+// The parent of this program's data folder, as the user's settings have it; empty if there is none.
+std::string file_data_root();
 
 // Whether the open file is the one that stands under this name.
 bool file_is_at(FILE *stream, const std::string &name);

@@ -1,9 +1,31 @@
 #include "support/file.h"
 
+#include <cerrno>
 #include <csignal>
+#include <cstdlib>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+namespace {
+
+// The file system may have nothing to flush, so that failures tell nothing.
+void sync_folder_of(const std::string &name) {
+  const size_t slash = name.rfind('/');
+  const std::string folder = slash == std::string::npos ? "." : name.substr(0, slash + 1);
+  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return;
+  fsync(descriptor);
+  close(descriptor);
+}
+
+} // namespace
+
+struct FileLock {
+  int descriptor;
+};
 
 FILE *file_stream(const std::string &name, const char *mode) {
   return std::fopen(name.c_str(), mode);
@@ -13,12 +35,18 @@ FILE *file_create(const std::string &name, bool text) {
   return std::fopen(name.c_str(), text ? "wtx" : "wbx");
 }
 
-bool file_rename(const std::string &from, const std::string &to) {
-  return std::rename(from.c_str(), to.c_str()) == 0;
+bool file_rename(const std::string &from, const std::string &to, FileFlush flush) {
+  if (std::rename(from.c_str(), to.c_str()) != 0) return false;
+  if (flush == FileFlush::wait) sync_folder_of(to);
+  return true;
 }
 
 bool file_sync(FILE *stream) {
   return fsync(fileno(stream)) == 0;
+}
+
+void file_sync_begin(FILE *stream) {
+  sync_file_range(fileno(stream), 0, 0, SYNC_FILE_RANGE_WRITE);
 }
 
 bool file_is_at(FILE *stream, const std::string &name) {
@@ -29,4 +57,38 @@ bool file_is_at(FILE *stream, const std::string &name) {
 
 void file_survive_limits() {
   std::signal(SIGXFSZ, SIG_IGN);
+}
+
+FileIdentity file_identity(const std::string &name) {
+  struct stat status;
+  if (stat(name.c_str(), &status) != 0) return {};
+  const int64_t time = int64_t{status.st_mtim.tv_sec} * 1000000000 + status.st_mtim.tv_nsec;
+  return {status.st_dev, status.st_ino, static_cast<uint64_t>(status.st_size), time, true};
+}
+
+// A file system without locks has no way to tell that another program uses the file.
+FileLock *file_lock(const std::string &name) {
+  int descriptor = open(name.c_str(), O_RDWR | O_CLOEXEC); // some network drives ask for writing
+  if (descriptor < 0) descriptor = open(name.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0) return nullptr;
+  if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+    close(descriptor);
+    errno = EWOULDBLOCK;
+    return nullptr;
+  }
+  return new FileLock{descriptor};
+}
+
+void file_unlock(FileLock *lock) {
+  if (lock == nullptr) return;
+  close(lock->descriptor);
+  delete lock;
+}
+
+// By the XDG base directory specification, which ignores relative names.
+std::string file_data_root() {
+  const char *data = std::getenv("XDG_DATA_HOME");
+  if (data != nullptr && data[0] == '/') return data;
+  const char *home = std::getenv("HOME");
+  return home != nullptr && home[0] == '/' ? std::string(home) + "/.local/share" : std::string();
 }

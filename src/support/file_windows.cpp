@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <io.h>
 #include <sys/stat.h>
+#include <windows.h>
 
 #include "support/clock.h"
 
@@ -25,7 +26,15 @@ std::wstring wide(const std::string &name) {
   return path_of(name).wstring();
 }
 
+uint64_t whole(DWORD high, DWORD low) {
+  return uint64_t{high} << 32 | low;
+}
+
 } // namespace
+
+struct FileLock {
+  HANDLE handle;
+};
 
 FILE *file_stream(const std::string &name, const char *mode) {
   return _wfopen(wide(name).c_str(), wide(mode).c_str());
@@ -50,9 +59,51 @@ bool file_is_at(FILE *, const std::string &name) {
   return std::filesystem::exists(path_of(name), error);
 }
 
+void file_sync_begin(FILE *) {} // the system begins by itself
+
+FileIdentity file_identity(const std::string &name) {
+  const DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const HANDLE file = CreateFileW(wide(name).c_str(), 0, share, nullptr, OPEN_EXISTING,
+                                  FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  BY_HANDLE_FILE_INFORMATION found;
+  if (file == INVALID_HANDLE_VALUE) return {};
+  const bool known = GetFileInformationByHandle(file, &found) != FALSE;
+  CloseHandle(file);
+  if (!known) return {};
+  const FILETIME &time = found.ftLastWriteTime;
+  return {found.dwVolumeSerialNumber, whole(found.nFileIndexHigh, found.nFileIndexLow),
+          whole(found.nFileSizeHigh, found.nFileSizeLow),
+          static_cast<int64_t>(whole(time.dwHighDateTime, time.dwLowDateTime)), true};
+}
+
+// Who opens a file for writing and shares only reading is the only one who can do so.
+FileLock *file_lock(const std::string &name) {
+  const HANDLE handle = CreateFileW(wide(name).c_str(), GENERIC_READ | GENERIC_WRITE,
+                                    FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (handle != INVALID_HANDLE_VALUE) return new FileLock{handle};
+  const DWORD error = GetLastError();
+  const bool missing = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+  errno = missing ? ENOENT : error == ERROR_SHARING_VIOLATION ? EWOULDBLOCK : EACCES;
+  return nullptr;
+}
+
+void file_unlock(FileLock *lock) {
+  if (lock == nullptr) return;
+  CloseHandle(lock->handle);
+  delete lock;
+}
+
+std::string file_data_root() {
+  const wchar_t *data = _wgetenv(L"LOCALAPPDATA");
+  if (data == nullptr) return {};
+  const std::u8string name = std::filesystem::path(data).u8string();
+  return std::string(name.begin(), name.end());
+}
+
 // Programs that look through new files, such as virus scanners, hold them for a moment. The library
 // tells of a new name that is held as a refusal, but of an old one as a fault of the disk.
-bool file_rename(const std::string &from, const std::string &to) {
+// The system keeps its folders whole by itself.
+bool file_rename(const std::string &from, const std::string &to, FileFlush) {
   for (int32_t tries = 0; tries < rename_tries; tries++) {
     if (tries > 0) clock_sleep(rename_wait);
     std::error_code error, unknown;

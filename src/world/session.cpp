@@ -19,6 +19,7 @@ constexpr uint32_t header_data = 0, header_mirror = 0, header_count = 0, header_
 constexpr float header_growth = 60.0F;
 constexpr size_t block_size = 144, block_numbers = 14;
 constexpr size_t buffer_size = 1 << 20; // for reading
+constexpr int32_t max_tries = 10;       // to save, while signals interrupt it
 
 void write_block(ByteWriter *out, const World *world) {
   write_number(out, world->time);
@@ -74,6 +75,16 @@ long file_size(FILE *file) {
   return std::fseek(file, 0, SEEK_SET) == 0 ? size : -1;
 }
 
+// False, with errno, if it failed.
+bool save_once(const World *world, const char *path) {
+  FileReplacement file;
+  if (!file_replace_begin(&file, path, false)) return false;
+  const auto out = std::make_unique<ByteWriter>();
+  out->file = file.stream;
+  World_write(world, out.get());
+  return file_replace_end(&file, !out->failed);
+}
+
 // Why a session could not be had from a file.
 SessionLoad fault_of(const ByteReader &in) {
   if (in.out_of_memory) errno = ENOMEM;
@@ -91,12 +102,18 @@ void World_write(const World *world, ByteWriter *out) {
 }
 
 bool World_save(const World *world, const char *path) {
-  FileReplacement file;
-  if (!file_replace_begin(&file, path, false)) return false;
+  for (int32_t tries = 1; tries <= max_tries; tries++) {
+    if (save_once(world, path)) return true;
+    if (errno != EINTR) return false;
+  }
+  return false;
+}
+
+bool World_serialise(const World *world, GrowList *blocks) {
   const auto out = std::make_unique<ByteWriter>();
-  out->file = file.stream;
+  out->blocks = blocks;
   World_write(world, out.get());
-  return file_replace_end(&file, !out->failed);
+  return !out->failed;
 }
 
 bool World_read(World *world, ByteReader *in) {

@@ -10,8 +10,12 @@
 enum class SessionLoad { loaded, absent, damaged, unreadable };
 
 // Replaces the file by the session, whole or not at all. False, with errno, if it can't be written:
-// the old file is then as it was.
+// the old file is then as it was. An interrupted call is repeated.
 bool World_save(const World *world, const char *path);
+
+// The session as it is now, as blocks to be written later: fills `blocks`, an empty list of
+// ByteBlock whose rows are then the caller's. False, with errno, if there is no memory for them.
+bool World_serialise(const World *world, GrowList *blocks);
 
 // Makes the session of a file. What isn't sound in every part is `damaged`; the record is then left
 // alone, as it is if there is nothing to read. The user stands exactly on the place, every maze has

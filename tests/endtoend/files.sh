@@ -72,14 +72,15 @@ full_disk() {
   printf '#!/bin/sh\nulimit -f 128\nexec "%s"\n' "$VOREL" >limited
   chmod +x limited
   VOREL=./limited vorel_start
-  end_run
+  leave q
+  [ "$vorel_status" -eq 1 ] || fail "status $vorel_status without a place for the session"
   said "could not be saved"
   cmp maze_save.dat whole.dat || fail "a failed save changed the old session"
   cmp config.txt settings.txt || fail "the settings were changed"
   [ ! -e maze_save.dat.new-1 ] || fail "half a session was left behind"
   mv font_fmod.dat font.dat
   VOREL=./limited vorel_start
-  end_run
+  leave q
   grep -q '"font_fmod.dat" could not be written' vorel.err || fail "no word of the font file"
   [ ! -e font_fmod.dat ] && [ ! -e font_fmod.dat.new-1 ] || fail "half a font file was left behind"
   mv font.dat font_fmod.dat

@@ -4,6 +4,7 @@ set -euo pipefail
 rm -rf ./endtoend-run
 mkdir endtoend-run
 cd endtoend-run
+export XDG_DATA_HOME=$PWD/data # not the real user's
 
 # Whether the program under test is the Windows one, which an emulator runs.
 on_windows() {

@@ -1,0 +1,54 @@
+#include "app/settings_file.h"
+
+#include <cerrno>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "gfx/display_settings.h"
+#include "gfx/window.h"
+#include "support/report.h"
+
+namespace {
+
+constexpr const char *settings_path = "config.txt";
+constexpr char settings_separator = ':';
+
+// Tells of a failure once in a run.
+void save_settings(Run *run) {
+  if (!run->keeps_settings || Settings_save(&run->settings, settings_path, settings_separator))
+    return;
+  if (run->settings_failed) return;
+  run->settings_failed = true;
+  report_sentence("the settings could not be written to \"%s\" (%s); what was there is unchanged",
+                  settings_path, std::strerror(errno));
+}
+
+} // namespace
+
+void start_settings(Run *run) {
+  run->settings_failed = false;
+  run->keeps_settings = Settings_load(&run->settings, settings_path, settings_separator);
+  if (!run->keeps_settings)
+    report_sentence("the settings in \"%s\" can't be read (%s) and are left alone", settings_path,
+                    std::strerror(errno));
+  Settings_default(&run->settings, "Windowed (Y/N)", "Y");
+  windowed = setting_is_true(Settings_get(&run->settings, "Windowed")) ? 1 : 0;
+  Display_settings_apply(&run->settings, &run->stereo_mode, &run->stereo_swap);
+  Settings_default(&run->settings, "Stereo Depth", "0.05");
+  const double depth = std::strtod(Settings_get(&run->settings, "Stereo Depth"), nullptr);
+  run->stereo_depth = std::isfinite(depth) ? depth : 0.0;
+  save_settings(run);
+}
+
+void end_settings(Run *run) {
+  char number[32];
+  std::snprintf(number, sizeof number, "%d", run->stereo_mode);
+  Settings_set(&run->settings, "Stereo mode", number);
+  Settings_set(&run->settings, "Swap stereo (Y/N)", run->stereo_swap != 0 ? "Y" : "N");
+  std::snprintf(number, sizeof number, "%.15lg", run->stereo_depth);
+  Settings_set(&run->settings, "Stereo Depth", number);
+  save_settings(run);
+  Settings_free(&run->settings);
+}

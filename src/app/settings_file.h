@@ -1,0 +1,13 @@
+#pragma once
+
+#include "app/run.h"
+
+// The settings of a run: "config.txt" in the working directory. Whatever goes wrong is told in a
+// sentence, and what the user has is kept.
+
+// Reads the settings, adds what is missing, and writes the complete file at once. Sets `windowed`
+// and the coded resolution.
+void start_settings(Run *run);
+
+// Replaces the settings' file and releases the settings.
+void end_settings(Run *run);

@@ -103,37 +103,49 @@ void replace_outside(Cut *cut, size_t leave, size_t enter, const Bisector &line)
   std::swap(cut->corners, cut->next);
 }
 
-// Cuts off what is outside of the bisector that was measured.
+// Cuts corner by corner, along a line as far out as the tolerance allows. Each crossing then lies
+// on its edge, so however many there are, the cell stays within what it was.
+void cut_corners(Cut *cut, const Bisector &line) {
+  const size_t count = cut->corners.size();
+  cut->next.clear();
+  for (size_t k = 0; k < count; k++) {
+    const VoronoiCorner &corner = cut->corners[k];
+    const bool inside = cut->value[k] < outside;
+    const bool next_inside = cut->value[k + 1 < count ? k + 1 : 0] < outside;
+    if (inside) cut->next.push_back(corner);
+    if (inside && !next_inside)
+      cut->next.push_back(crossing(*cut, k, outside, line.site, line.joined));
+    if (!inside && next_inside)
+      cut->next.push_back(crossing(*cut, k, outside, corner.site, corner.joined));
+  }
+  std::swap(cut->corners, cut->next);
+}
+
+// Cuts off what is outside of the measured bisector. Nested mazes are off their lattice by about
+// 3e-8, so two runs of corners can be outside: of these the plain rule would keep only a sliver
+// between them, which the next bisector removes.
 void cut_cell(Cut *cut, const Bisector &line) {
   const size_t count = cut->corners.size();
   size_t leave = count;
   size_t enter = count;
+  int32_t runs = 0;
   double after = cut->value[0];
-  for (size_t k = count; k-- > 0;) { // if there are several, the lowest counts
+  for (size_t k = count; k-- > 0;) {
     const double here = cut->value[k];
-    if (after >= outside && here < outside) leave = k;
+    if (after >= outside && here < outside) {
+      leave = k;
+      runs++;
+    }
     if (after < outside && here >= outside) enter = k;
     after = here;
   }
-  if (leave < count && enter < count) {
+  if (runs > 1) {
+    cut_corners(cut, line);
+  } else if (leave < count && enter < count) {
     replace_outside(cut, leave, enter, line);
   } else if (cut->value[0] >= outside) {
     cut->corners.clear();
   }
-}
-
-// The same for a bound: along a line that is as far out as the tolerance allows, and corner by
-// corner, so that several crossings, which rounding can cause, do no harm.
-void cut_bound(Cut *cut) {
-  const size_t count = cut->corners.size();
-  cut->next.clear();
-  for (size_t k = 0; k < count; k++) {
-    const bool inside = cut->value[k] < outside;
-    const bool next_inside = cut->value[k + 1 < count ? k + 1 : 0] < outside;
-    if (inside) cut->next.push_back(cut->corners[k]);
-    if (inside != next_inside) cut->next.push_back(crossing(*cut, k, outside, -1, -1));
-  }
-  std::swap(cut->corners, cut->next);
 }
 
 int32_t is_neighbour(const Centre &centre, int32_t node) {
@@ -240,17 +252,17 @@ double cut_limit(Cut *cut, const CutOrder &order, const Centre &centre, double q
     const Vec3 way = Vec3{point.x, point.y, point.z} - centre.place;
     const double flat = way.x * way.x + way.y * way.y;
     if (!(flat <= limit && flat + way.z * way.z <= query_squared)) return;
-    if (!measure(cut, bisector_towards(centre.place, point))) return;
-    cut_bound(cut);
+    const Bisector line = bisector_towards(centre.place, point);
+    if (!measure(cut, line)) return;
+    cut_corners(cut, line);
     limit = four_times * reach_squared(*cut, centre.place);
   });
   return std::min(limit, query_squared);
 }
 
-// Points that can't cut are left out before the cuts, and these must stay in their order: of points
-// on one circle around a corner, the order decides which ones keep an edge of no length. On edges
-// below about 0.01 units, which no maze has that is made here, the tolerance is no longer small,
-// and the cells of all points without this bound would have other corners.
+// Leaves out points that can't cut and keeps the others in order: of points on one circle around a
+// corner, the order decides which keep an edge of no length. The plain rule cuts with all points:
+// this empties some cells of nested mazes, and moves corners if edges are below about 0.01 units.
 void cut_out(Cut *cut, const CutOrder &order, const Centre &centre) {
   const double query = query_reach * centre.longest;
   double limit = query * query;

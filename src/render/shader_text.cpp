@@ -145,7 +145,7 @@ void main()
 }
 )";
 
-const char *const shader_disc_vertex = R"(#version 120
+const char *const shader_disc_vertex = R"(
 varying vec3 pos;
 void main()
 {
@@ -156,7 +156,7 @@ void main()
 }
 )";
 
-const char *const shader_disc_fragment = R"(#version 120
+const char *const shader_disc_fragment = R"(
 varying vec3 pos;
 void main()
 {

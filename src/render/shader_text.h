@@ -1,7 +1,8 @@
 #pragma once
 
-// The GLSL 1.20 sources. A program joins a shared text and its own; the text that stands first
-// holds the version line, and what stands behind it uses its functions.
+// The GLSL sources. A program joins a shared text and its own; the first text holds the line
+// "#version 120", and the second uses its functions. The disc texts have no version line: they use
+// nothing beyond GLSL 1.10, the default version.
 
 // "vec3 agecolour(float t)": the colour that an age of t seconds adds; see render/age_colour.h.
 extern const char *const shader_agecolour;

@@ -29,9 +29,8 @@ Maze *random_box(int32_t cells) {
   return Maze_box(p, q, r);
 }
 
-} // namespace
-
-Maze *Maze_random_topology(double s) {
+// Empty where the size leaves a shape no room.
+Maze *drawn_topology(double s) {
   const int32_t width = static_cast<int32_t>(s - 1.0);
   const int32_t half = static_cast<int32_t>((s - 1.0) * 0.5);
   switch (rand_int(11)) {
@@ -54,4 +53,13 @@ Maze *Maze_random_topology(double s) {
   default: // 0 to 2
     return random_grid(s);
   }
+}
+
+} // namespace
+
+Maze *Maze_random_topology(double s) {
+  Maze *drawn = drawn_topology(s);
+  if (maze_count(drawn) > 0) return drawn;
+  Maze_destroy(drawn, 0);
+  return Maze_box(1, 1, 1); // fits every size
 }

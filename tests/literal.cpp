@@ -131,7 +131,7 @@ static void literal_centre(Maze *maze) {
   Vec3 sum = {};
   for (int32_t i = 0; i < maze_count(maze); ++i)
     sum = sum + node_position(maze_nodes(maze)[i]);
-  Maze_translate(maze, sum * (-1.0 / maze_count(maze)), 0);
+  Maze_translate(maze, -1.0 * (sum / maze_count(maze)), 0);
 }
 
 static void literal_nest(Maze *maze, double size) {

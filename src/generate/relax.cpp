@@ -12,7 +12,7 @@ Vec3 mean_of_neighbours(const MazeNode *nodes, const MazeNode &node) {
   Vec3 sum = {};
   for (uint32_t row = 0; row < node.degree; ++row)
     sum = sum + node_position(nodes[node.nbr[row]]);
-  return sum * (1.0 / node.degree);
+  return sum / node.degree;
 }
 
 void move_node(MazeNode *node, Vec3 delta) {

@@ -81,7 +81,7 @@ void Maze_centre(Maze *maze) {
   Vec3 sum = {};
   for (int32_t i = 0; i < maze_count(maze); ++i)
     sum = sum + node_position(maze_nodes(maze)[i]);
-  Maze_translate(maze, sum * (-1.0 / maze_count(maze)), 0); // of no nodes, none moves
+  Maze_translate(maze, -1.0 * (sum / maze_count(maze)), 0); // without nodes, nothing moves
 }
 
 double Maze_quad_angle(const Maze *maze, int32_t node) {

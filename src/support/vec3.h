@@ -27,6 +27,9 @@ constexpr Vec3 operator*(Vec3 a, double k) {
 constexpr Vec3 operator*(double k, Vec3 a) {
   return a * k;
 }
+constexpr Vec3 operator/(Vec3 a, double k) {
+  return {a.x / k, a.y / k, a.z / k};
+}
 constexpr double dot(Vec3 a, Vec3 b) {
   return a.x * b.x + a.y * b.y + a.z * b.z;
 }

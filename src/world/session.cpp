@@ -53,7 +53,7 @@ void read_block(ByteReader *in, World *world) {
 }
 
 void mend_numbers(World *world) {
-  if (!std::isfinite(world->time)) world->time = 0.0;
+  if (!std::isfinite(world->time) || world->time < 0.0) world->time = 0.0;
   if (!std::isfinite(world->zoom) || world->zoom <= 0.0) world->zoom = initial_zoom;
   for (int32_t row = 0; row < 3; row++)
     if (!is_finite(Mat3_row(world->view, row))) world->view = mat3_identity;

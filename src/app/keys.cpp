@@ -52,7 +52,8 @@ void keys_new_maze(World *world) {
   Maze_destroy(old, 1);
   World_new_maze(world, (key_down(vk_shift) ? 1 : 0) + (key_down(vk_control) ? 1 : 0));
   world->time = 0.0;
-  GrowList_clear(&world->roamers); // their places were in the old tree
+  // Roamers would outlive the tree, but the places that they stand on are in the destroyed mazes.
+  GrowList_clear(&world->roamers);
 }
 
 bool keys_quit() {

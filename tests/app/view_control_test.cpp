@@ -38,20 +38,22 @@ struct ViewControlTest : testing::Test {
 };
 
 TEST_F(ViewControlTest, ZoomByWheelAndKeys) {
-  mouse_buttons = mouse_wheel_forward;
-  view_zoom(&world, 0.25);
-  EXPECT_DOUBLE_EQ(world.zoom, 20.0 * 5.0 / 6.0);
-  mouse_buttons = mouse_wheel_backward;
-  view_zoom(&world, 0.25);
-  EXPECT_DOUBLE_EQ(world.zoom, 20.0);
-  mouse_buttons = 0;
-  hold_keys({'X'});
-  for (int frame = 0; frame < 5; frame++)
-    view_zoom(&world, 0.1);
-  EXPECT_NEAR(world.zoom, 20.0 * std::exp(1.0), 1e-9) << "e per half second, whatever the frames";
-  hold_keys({'Z'});
-  view_zoom(&world, 0.5);
-  EXPECT_NEAR(world.zoom, 20.0, 1e-9);
+  const struct {
+    uint32_t buttons;
+    int key;
+    double dt, after;
+  } cases[] = {{mouse_wheel_forward, 0, 0.25, 5.0 / 6},
+               {mouse_wheel_backward, 0, 0.25, 1.2},
+               {0, 'X', 0.5, std::exp(1.0)},
+               {0, 'Z', 0.1, std::exp(-0.2)},
+               {0, 'Z', 20, std::exp(-2.0)}}; // the program was stopped for a while
+  for (const auto &[buttons, key, dt, after] : cases) {
+    world.zoom = 20.0;
+    mouse_buttons = buttons;
+    hold_keys({key});
+    view_zoom(&world, dt);
+    EXPECT_DOUBLE_EQ(world.zoom, 20.0 * after);
+  }
 }
 
 TEST_F(ViewControlTest, AWindowSteersOnlyWhileAButtonIsHeld) {
@@ -104,14 +106,16 @@ TEST_F(ViewControlTest, TheRightButtonTurnsFromItsSecondFrame) {
 TEST_F(ViewControlTest, KeysMoveByTheZoomAndCtrlTurnsInstead) {
   const struct {
     std::vector<int> keys;
+    double dt;
     ViewControl after;
-  } cases[] = {{{vk_up, 'W', 'D'}, {0, 0, 4, 4}}, // two for one direction are no faster
-               {{vk_left, 'S'}, {0, 0, -4, -4}},
-               {{vk_control, vk_up, vk_right, 'S', 'A'}, {0.2, -0.2, 0, 0}}};
-  for (const auto &[keys, after] : cases) {
+  } cases[] = {{{vk_up, 'W', 'D'}, 0.1, {0, 0, 4, 4}}, // two for one direction are no faster
+               {{vk_left, 'S'}, 20, {0, 0, -40, -40}}, // one second at most
+               {{vk_control, vk_up, vk_right, 'S', 'A'}, 0.1, {0.2, -0.2, 0, 0}},
+               {{vk_control, vk_down}, 20, {0, 2, 0, 0}}};
+  for (const auto &[keys, dt, after] : cases) {
     control = {};
     hold_keys(keys);
-    view_keys(&control, 20.0, 0.1);
+    view_keys(&control, 20.0, dt);
     EXPECT_DOUBLE_EQ(control.mx, after.mx);
     EXPECT_DOUBLE_EQ(control.my, after.my);
     EXPECT_DOUBLE_EQ(control.yaw, after.yaw);

@@ -110,6 +110,41 @@ PlatformOpen try_open(const PlatformWindowRequest &request, const PixelFormat &f
   return stage;
 }
 
+PlatformOpen try_formats(const PlatformWindowRequest &request) {
+  if (SDL_GL_LoadLibrary(nullptr) != 0) {
+    take_fault();
+    return PlatformOpen::no_context;
+  }
+  PlatformOpen stage = PlatformOpen::no_pixel_format;
+  for (const PixelFormat &format : formats) {
+    stage = try_open(request, format);
+    if (stage == PlatformOpen::ok) break;
+  }
+  return stage;
+}
+
+// Xlib's function of this name, without its headers.
+using XErrorHandler = int (*)(void *display, void *error);
+using XSetErrorHandler = XErrorHandler (*)(XErrorHandler handler);
+
+int ignore_x_error(void *, void *) {
+  return 0;
+}
+
+// SDL probes GLX with a context whose X errors it doesn't catch, and Xlib would end the program for
+// them. The same errors of the true context come back as SDL's.
+PlatformOpen try_formats_on_x11(const PlatformWindowRequest &request) {
+  void *xlib = SDL_LoadObject("libX11.so.6");
+  const auto set_handler = reinterpret_cast<XSetErrorHandler>(
+      xlib != nullptr ? SDL_LoadFunction(xlib, "XSetErrorHandler") : nullptr);
+  if (set_handler == nullptr) return try_formats(request);
+  const XErrorHandler before = set_handler(ignore_x_error);
+  const PlatformOpen stage = try_formats(request);
+  set_handler(before);
+  SDL_UnloadObject(xlib);
+  return stage;
+}
+
 // Windows are made hidden or shown by window managers as they like, and a size asked for isn't
 // always the size given, so the true one is looked at in every round of messages.
 void follow_client_size() {
@@ -258,17 +293,9 @@ void platform_monitors(GrowList *out) {
 }
 
 PlatformOpen platform_open(const PlatformWindowRequest *request) {
-  if (SDL_GL_LoadLibrary(nullptr) != 0) {
-    take_fault();
-    return PlatformOpen::no_context;
-  }
   size_told = {request->client_width, request->client_height};
-  PlatformOpen stage = PlatformOpen::no_pixel_format;
-  for (const PixelFormat &format : formats) {
-    stage = try_open(*request, format);
-    if (stage == PlatformOpen::ok) break;
-  }
-  return stage;
+  const bool on_x11 = std::strcmp(SDL_GetCurrentVideoDriver(), "x11") == 0;
+  return on_x11 ? try_formats_on_x11(*request) : try_formats(*request);
 }
 
 const char *platform_fault() {

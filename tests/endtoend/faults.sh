@@ -19,8 +19,11 @@ expect_fault "no display" "Window Creation Error." "display" \
 
 desktop_start
 expect_fault "no such display" "Window Creation Error." "display" env DISPLAY=:987 "$VOREL"
-on_windows || expect_fault "no OpenGL library" "Can't Create A GL Rendering Context." "OpenGL" \
-  env SDL_OPENGL_LIBRARY=/nonexistent/libGL.so "$VOREL"
+if ! on_windows; then
+  for lack in SDL_OPENGL_LIBRARY=/nonexistent/libGL.so LIBGL_DRIVERS_PATH=/nonexistent LIBGL_ALWAYS_INDIRECT=1; do
+    expect_fault "$lack" "Can't Create A GL Rendering Context." "OpenGL" env "$lack" "$VOREL"
+  done
+fi
 expect_fault "an old OpenGL" \
   "OpenGL version 2.0 or higher required for shaders; you have version 1.4" "2.0 is needed" \
   env MESA_GL_VERSION_OVERRIDE=1.4 "$VOREL"

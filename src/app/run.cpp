@@ -67,9 +67,11 @@ bool run_start(Run *run) {
   start_settings(run);
   rand_seed(clock_ticks());
   projection_is_2d = 0;
+  const bool spans = screen_width == -1;
   if (gfx_open(screen_width, screen_height, window_title) == 0) {
-    report_sentence("the resolution in \"config.txt\" has no width or no height, so there is no "
-                    "window");
+    report_sentence("the resolution in \"config.txt\" has %s, so there is no window: set it to "
+                    "\"auto\" or to a size such as \"800x600\"",
+                    spans ? "no monitor that is there" : "no width or no height");
     Settings_free(&run->settings);
     return false;
   }
@@ -84,9 +86,7 @@ bool run_start(Run *run) {
   if (windowed == 0) gfx_mouse_recentre(nullptr, nullptr);
   run->last_clock = gfx_clock();
   if (screen_width == 0) {
-    report_sentence(
-        "the resolution in \"config.txt\" names no monitor that is there, or the window "
-        "has no width for another reason");
+    report_sentence("the window has no width: check the resolution in \"config.txt\"");
     report_fatal("Vorel", 92, // the report's fixed number
                  "GRAPHICS() macro not called at LOOP start, or no resolution specified");
   }
@@ -126,7 +126,7 @@ bool run_end(Run *run) {
 int run_program() {
   platform_begin();
   Run run;
-  if (!run_start(&run)) return 0;
+  if (!run_start(&run)) return 1;
   // A close request drops the context at once, in the very first pump too.
   while (gfx_context_alive() && run_frame(&run))
     recovery_frame(&run);

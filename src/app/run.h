@@ -24,8 +24,8 @@ struct Run {
   double last_clock; // seconds, of gfx_clock
 };
 
-// Reads the settings, opens the window and resumes or makes the session. False if the resolution
-// came out empty.
+// Reads the settings, opens the window and resumes or makes the session. False, after a sentence,
+// if the resolution came out empty.
 bool run_start(Run *run);
 
 // One frame; false when it was the last: the window was closed, or Q or Escape is down.

@@ -109,7 +109,7 @@ int32_t gfx_open(int32_t width_request, int32_t height_request, const char *titl
     fail(failure_of(PlatformOpen::no_window), "no display could be reached",
          "start Vorel inside a graphical session");
   PlatformWindowRequest request = plan_window(width_request, height_request);
-  if (screen_height == 0 || screen_width == 0) return 0;
+  if (screen_height <= 0 || screen_width <= 0) return 0;
   request.title = title;
   std::memset(key_state, 0, sizeof key_state);
   std::memset(key_state_prev, 0, sizeof key_state_prev);

@@ -14,7 +14,8 @@ extern int32_t fullscreen_offset_y;
 extern uint8_t projection_is_2d; // 1: gfx_resize sets pixel space; 0: the perspective default
 
 // Opens the window by the coded request and sets the initial GL state. 1 when window and context
-// stand; 0 when the resolution came out empty. A display, window or context that can't be had is a
+// stand; 0 when the resolution came out empty or below 0, which monitors that are not there also
+// lead to. A display, window or context that can't be had is a
 // fatal report, after one sentence to the user.
 int32_t gfx_open(int32_t width_request, int32_t height_request, const char *title);
 

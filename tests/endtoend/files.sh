@@ -117,6 +117,10 @@ end_run
 said 'font_fmod.dat" can.t be read'
 rmdir font_fmod.dat
 
-printf 'Resolution: 800X600\n' >config.txt
-"$VOREL" >vorel.out 2>vorel.err || fail "status $? without a resolution"
-said "no width or no height"
+for resolution in 800X600 -5x-5 'span 2'; do
+  status=0
+  printf 'Resolution: %s\n' "$resolution" >config.txt
+  timeout 30 "$VOREL" >vorel.out 2>vorel.err || status=$?
+  [ $status -eq 1 ] || fail "status $status at $resolution"
+  said "no window"
+done

@@ -16,6 +16,7 @@
 #include "render/apply_view.h"
 #include "render/shader_procs.h"
 #include "support/clock.h"
+#include "support/file.h"
 #include "support/random.h"
 #include "support/report.h"
 #include "world/camera.h"
@@ -124,6 +125,7 @@ bool run_end(Run *run) {
 }
 
 int run_program() {
+  file_open_standard_streams();
   platform_begin();
   Run run;
   if (!run_start(&run)) return 1;

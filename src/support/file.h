@@ -92,6 +92,11 @@ std::string file_data_root();
 // Whether the open file is the one that stands under this name.
 bool file_is_at(FILE *stream, const std::string &name);
 
+// Opens the standard streams that the program was started without on the null device: the next
+// files and connections would take their descriptors, and get what is meant for the user. To be
+// called first of all.
+void file_open_standard_streams();
+
 // From here on, for the whole process, makes a write beyond the system's limits fail, where it
 // would otherwise end the program.
 void file_survive_limits();

@@ -55,6 +55,11 @@ bool file_is_at(FILE *stream, const std::string &name) {
          open_file.st_dev == named.st_dev && open_file.st_ino == named.st_ino;
 }
 
+void file_open_standard_streams() {
+  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; stream++)
+    if (fcntl(stream, F_GETFD) < 0 && open("/dev/null", O_RDWR) != stream) return;
+}
+
 void file_survive_limits() {
   std::signal(SIGXFSZ, SIG_IGN);
 }

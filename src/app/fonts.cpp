@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <string>
+#include <vector>
 
 #include "support/file.h"
 #include "support/report.h"
@@ -22,30 +24,36 @@ bool write_font(const uint8_t *bytes, uint32_t size) {
   return file_replace_end(&file, std::fwrite(bytes, 1, size, file.stream) == size);
 }
 
-// Uses the drawn font without a file. `reason` is a number of errno's.
-void build_drawn(const char *trouble, int reason, const uint8_t *bytes, uint32_t size) {
-  report_sentence("the font file \"%s\" %s (%s); its font has been made without it", font_path,
-                  trouble, std::strerror(reason));
+// Uses the drawn font without a file.
+void build_drawn(const std::string &trouble, const uint8_t *bytes, uint32_t size) {
+  report_sentence("the font file \"%s\" %s; its font has been made without it", font_path,
+                  trouble.c_str());
   font_build(bytes, size, font_name);
+}
+
+std::string with_cause(const char *trouble, int cause) {
+  return std::string(trouble) + " (" + std::strerror(cause) + ")";
 }
 
 } // namespace
 
 void start_fonts() {
   font_build(normal_font.data(), normal_font_size, "normal");
-  FILE *file = file_open(font_path);
-  if (file != nullptr) {
-    std::fclose(file);
+  std::vector<uint8_t> held;
+  const bool read = font_file_read(font_path, &held);
+  const int cause = errno;
+  if (read && !held.empty()) {
     loadfont(font_path, font_name);
     return;
   }
-  const int reason = errno;
   uint32_t size = 0;
   uint8_t *bytes = fmod_generate(&size);
-  if (reason != ENOENT)
-    build_drawn("can't be read", reason, bytes, size);
+  if (read)
+    build_drawn("is empty", bytes, size);
+  else if (cause != ENOENT)
+    build_drawn(with_cause("can't be read", cause), bytes, size);
   else if (!write_font(bytes, size))
-    build_drawn("could not be written", errno, bytes, size);
+    build_drawn(with_cause("could not be written", errno), bytes, size);
   else
     loadfont(font_path, font_name);
   std::free(bytes);

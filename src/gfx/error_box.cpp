@@ -1,18 +1,21 @@
 #include "gfx/error_box.h"
 
-#include <cstdio>
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
+#include <string>
 
 #include "gfx/platform.h"
 #include "gfx/window.h"
+#include "support/file.h"
+#include "support/report.h"
 
 void gfx_log_error(const char *text) {
   char stamp[platform_date_size];
   platform_date(stamp);
-  std::FILE *log = std::fopen("graphics_error.log", "at");
-  if (log == nullptr) return;
-  std::fprintf(log, "%s %s\n", stamp, text);
-  std::fclose(log);
+  const std::string line = std::string(stamp) + " " + text;
+  if (!file_append_line("graphics_error.log", line.c_str()))
+    report_sentence("\"graphics_error.log\" could not be written (%s)", std::strerror(errno));
 }
 
 void gfx_warning_box(const char *text) {

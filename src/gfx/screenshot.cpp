@@ -12,6 +12,7 @@
 #include "gfx/window.h"
 #include "support/bytes.h"
 #include "support/clock.h"
+#include "support/file.h"
 #include "support/report.h"
 
 namespace {
@@ -53,12 +54,12 @@ bool write_file(const void *pixels, int32_t width, int32_t height, const char *p
   if (file == nullptr) return false;
   const size_t size = row_length(width) * static_cast<size_t>(height);
   const bool written = std::fwrite(header, 1, sizeof header, file) == sizeof header &&
-                       std::fwrite(pixels, 1, size, file) == size && std::fflush(file) == 0;
+                       std::fwrite(pixels, 1, size, file) == size;
+  if (file_close_written(file, written)) return true;
   const int reason = errno;
-  std::fclose(file);
-  if (!written) std::remove(path);
+  std::remove(path);
   errno = reason;
-  return written;
+  return false;
 }
 
 // The path with the text behind its last dot replaced, where there is one behind the first

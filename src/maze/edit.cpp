@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "support/file.h"
 #include "support/report.h"
 
 [[maybe_unused]] static bool has_node(const Maze *maze, int32_t i) {
@@ -145,6 +146,7 @@ int32_t Maze_dump(const Maze *maze, const char *path, const char *title) {
     std::fprintf(file, "\n");
     kind = dump_faults(file, node, i, kind);
   }
-  std::fclose(file);
-  return kind;
+  if (file_close_written(file, std::ferror(file) == 0)) return kind;
+  report_sentence("cannot append the maze's tables to \"%s\"", path);
+  return -1;
 }

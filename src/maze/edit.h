@@ -41,5 +41,5 @@ Maze *Maze_weld(const Maze *a, const Maze *b);
 
 // Appends the neighbour tables to the text file `path` under a title. Returns 0 if no node is
 // joined to itself or to another twice, else 1 or 2 for the kind of fault found last; -1, with a
-// sentence to the user, if the file can't be opened.
+// sentence to the user, if the file can't be written.
 int32_t Maze_dump(const Maze *maze, const char *path, const char *title);

@@ -1,9 +1,12 @@
 #include "render/shader_program.h"
 
-#include <cstdio>
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
 
 #include "render/shader_procs.h"
+#include "support/file.h"
+#include "support/report.h"
 #include "support/strings.h"
 
 const char *shader_error_log = "shader_error.log";
@@ -45,11 +48,10 @@ void shader_log_failure(GLuint object, int32_t is_program) {
     gl2.get_shader_iv(object, GL_COMPILE_STATUS, &good);
   }
   if (good != 0) return;
-  FILE *file = std::fopen(shader_error_log, "at");
-  if (file == nullptr) return; // a folder that can't be written to gets no log
   char *log = shader_info_log(object, is_program);
-  std::fprintf(file, "%s\n", log);
-  std::fclose(file);
+  if (!file_append_line(shader_error_log, log))
+    report_sentence("a shader failed, and \"%s\" could not be written (%s)", shader_error_log,
+                    std::strerror(errno));
   std::free(log);
 }
 

@@ -107,9 +107,9 @@ bool file_replace_end(FileReplacement *file, bool complete, FileFlush flush) {
               (flush == FileFlush::later || file_sync(file->stream));
   int cause = errno;
   const bool ours = file_is_at(file->stream, file->temporary);
-  if (!ours) { // another program took it for a leftover, and may have its own there now
+  if (!ours && done) { // another program can have taken it for a leftover
     done = false;
-    cause = EBUSY;
+    cause = errno;
   }
   if (std::fclose(file->stream) != 0 && done) {
     done = false;
@@ -125,6 +125,19 @@ bool file_replace_end(FileReplacement *file, bool complete, FileFlush flush) {
   if (ours) fs::remove(path_of(file->temporary), ignored);
   errno = cause;
   return false;
+}
+
+bool file_close_written(FILE *stream, bool complete) {
+  const bool written = complete && std::fflush(stream) == 0;
+  const int cause = errno;
+  const bool closed = std::fclose(stream) == 0;
+  if (!written) errno = cause;
+  return written && closed;
+}
+
+bool file_append_line(const char *path, const char *text) {
+  FILE *file = file_stream(path, "at");
+  return file != nullptr && file_close_written(file, std::fprintf(file, "%s\n", text) >= 0);
 }
 
 std::string file_free_name(const std::string &stem, const char *ending) {

@@ -31,6 +31,13 @@ enum class FileFlush { wait, later };
 // a failure that errno tells already; the target is then as it was before.
 bool file_replace_end(FileReplacement *file, bool complete, FileFlush flush = FileFlush::wait);
 
+// Closes a file that was written. False, with errno of the first failure, if not all of it reached
+// the file or `complete` is not set, which is for a failure that errno tells already.
+bool file_close_written(FILE *stream, bool complete);
+
+// Appends a line of text to a file, which is made if there is none. False, with errno, on failure.
+bool file_append_line(const char *path, const char *text);
+
 // `stem`, "-N" and `ending` with the smallest N from 1 up that no file has.
 std::string file_free_name(const std::string &stem, const char *ending);
 
@@ -89,7 +96,8 @@ void file_sync_begin(FILE *stream);
 // The parent of this program's data folder, as the user's settings have it; empty if there is none.
 std::string file_data_root();
 
-// Whether the open file is the one that stands under this name.
+// Whether the open file is the one of this name. False, with errno, if it isn't or that can't be
+// told: EBUSY if the name is gone or another file's.
 bool file_is_at(FILE *stream, const std::string &name);
 
 // Opens the standard streams that the program was started without on the null device: the next

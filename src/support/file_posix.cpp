@@ -51,8 +51,14 @@ void file_sync_begin(FILE *stream) {
 
 bool file_is_at(FILE *stream, const std::string &name) {
   struct stat open_file, named;
-  return fstat(fileno(stream), &open_file) == 0 && lstat(name.c_str(), &named) == 0 &&
-         open_file.st_dev == named.st_dev && open_file.st_ino == named.st_ino;
+  if (fstat(fileno(stream), &open_file) != 0) return false;
+  if (lstat(name.c_str(), &named) != 0) {
+    if (errno == ENOENT) errno = EBUSY;
+    return false;
+  }
+  if (open_file.st_dev == named.st_dev && open_file.st_ino == named.st_ino) return true;
+  errno = EBUSY;
+  return false;
 }
 
 void file_open_standard_streams() {

@@ -56,7 +56,9 @@ bool file_sync(FILE *stream) {
 // Nobody can rename or delete what is open, so that a name that is there is still its own.
 bool file_is_at(FILE *, const std::string &name) {
   std::error_code error;
-  return std::filesystem::exists(path_of(name), error);
+  if (std::filesystem::exists(path_of(name), error)) return true;
+  errno = EBUSY;
+  return false;
 }
 
 void file_sync_begin(FILE *) {} // the system begins by itself

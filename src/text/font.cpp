@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -108,20 +109,6 @@ void upload_atlas(Font *font, const GlyphRecord *records, uint32_t count) {
   sharpen_levels(font);
 }
 
-// What the file holds, as far as it can be read and a font can be long.
-std::vector<uint8_t> read_font_file(const char *path) {
-  std::vector<uint8_t> bytes;
-  FILE *file = file_open(path);
-  if (file == nullptr) return bytes;
-  std::fseek(file, 0, SEEK_END);
-  const long length = std::ftell(file);
-  std::rewind(file);
-  bytes.resize(std::min(length > 0 ? static_cast<size_t>(length) : 0, greatest_file));
-  bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file));
-  std::fclose(file);
-  return bytes;
-}
-
 Font *build(const GlyphRecord *glyphs, uint32_t count, const char *name) {
   Font *font = font_new(name);
   int32_t limit = 0;
@@ -177,8 +164,25 @@ Font *font_build(const uint8_t *records, uint32_t size, const char *name) {
   return build(glyphs.data(), glyph_records(records, size, glyphs.data()), name);
 }
 
+bool font_file_read(const char *path, std::vector<uint8_t> *bytes) {
+  bytes->clear();
+  FILE *file = file_open(path);
+  if (file == nullptr) return false;
+  uint8_t part[1 << 16];
+  for (size_t got = 1; got > 0 && bytes->size() < greatest_file;) {
+    got = std::fread(part, 1, sizeof part, file);
+    bytes->insert(bytes->end(), part, part + got);
+  }
+  const bool read = std::ferror(file) == 0;
+  const int cause = errno;
+  std::fclose(file);
+  errno = cause;
+  return read;
+}
+
 void loadfont(const char *path, const char *name) {
-  const std::vector<uint8_t> bytes = read_font_file(path);
+  std::vector<uint8_t> bytes;
+  font_file_read(path, &bytes); // as far as it can be
   std::array<GlyphRecord, font_codes> glyphs;
   const uint32_t count =
       glyph_records(bytes.data(), static_cast<uint32_t>(bytes.size()), glyphs.data());

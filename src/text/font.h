@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "support/list.h"
 #include "text/font_file.h"
@@ -56,6 +57,10 @@ FontStyle font_style_of(const Font *font);
 // record that the end cuts off, and all behind it, count as missing. A picture too tall for a
 // texture is a fatal report. Of two fonts with one name the earlier is found.
 Font *font_build(const uint8_t *records, uint32_t size, const char *name);
+
+// Reads the bytes of a font file, as many as a font can have. False, with errno, if not all can be
+// read.
+bool font_file_read(const char *path, std::vector<uint8_t> *bytes);
 
 // Builds a font from a file. One that can't be read or holds no whole record is a fatal report.
 void loadfont(const char *path, const char *name);

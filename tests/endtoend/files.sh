@@ -117,11 +117,15 @@ rm font_fmod.dat
 vorel_start
 quit_cleanly
 cmp font_fmod.dat font.dat || fail "the font file drawn anew is another one"
-rm font_fmod.dat && mkdir font_fmod.dat
-vorel_start
-end_run
-said 'font_fmod.dat" can.t be read'
-rmdir font_fmod.dat
+rm font_fmod.dat
+for make in mkdir touch 'ln -s /proc/self/mem'; do # the last can be opened and not read
+  $make font_fmod.dat
+  vorel_start
+  end_run
+  said 'font_fmod.dat" \(can.t be read\|is empty\)'
+  [ ! -f font_fmod.dat ] || [ ! -s font_fmod.dat ] || fail "the font file was written over"
+  rm -r font_fmod.dat
+done
 
 for resolution in 800X600 -5x-5 'span 2'; do
   status=0

@@ -88,9 +88,12 @@ TEST_F(Screenshot, TheBmpGoesOnlyForAPngThatIsNew) {
   bmp_write(pixels.data(), 4, 4, ".x", 1);
   EXPECT_TRUE(fs::exists("bare.png") && fs::exists(".x.png"));
   fs::create_directory("taken.bmp");
-  testing::internal::CaptureStderr();
-  bmp_write(pixels.data(), 4, 4, "taken.bmp", 1);
-  EXPECT_NE(testing::internal::GetCapturedStderr().find("\"taken.bmp\""), std::string::npos);
+  fs::create_symlink("/dev/full", "full.bmp");
+  for (const char *path : {"taken.bmp", "full.bmp"}) {
+    testing::internal::CaptureStderr();
+    bmp_write(pixels.data(), 4, 4, path, 1);
+    EXPECT_NE(testing::internal::GetCapturedStderr().find(path), std::string::npos);
+  }
 }
 
 TEST_F(Screenshot, TheNumberComesFromTheClock) {

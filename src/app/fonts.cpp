@@ -24,13 +24,6 @@ bool write_font(const uint8_t *bytes, uint32_t size) {
   return file_replace_end(&file, std::fwrite(bytes, 1, size, file.stream) == size);
 }
 
-// Uses the drawn font without a file.
-void build_drawn(const std::string &trouble, const uint8_t *bytes, uint32_t size) {
-  report_sentence("the font file \"%s\" %s; its font has been made without it", font_path,
-                  trouble.c_str());
-  font_build(bytes, size, font_name);
-}
-
 std::string with_cause(const char *trouble, int cause) {
   return std::string(trouble) + " (" + std::strerror(cause) + ")";
 }
@@ -39,22 +32,25 @@ std::string with_cause(const char *trouble, int cause) {
 
 void start_fonts() {
   font_build(normal_font.data(), normal_font_size, "normal");
-  std::vector<uint8_t> held;
-  const bool read = font_file_read(font_path, &held);
+  std::vector<uint8_t> bytes;
+  const bool read = font_file_read(font_path, &bytes);
   const int cause = errno;
-  if (read && !held.empty()) {
-    loadfont(font_path, font_name);
+  if (read && !bytes.empty()) {
+    font_build_file(bytes, font_path, font_name);
     return;
   }
   uint32_t size = 0;
-  uint8_t *bytes = fmod_generate(&size);
+  uint8_t *drawn = fmod_generate(&size);
+  std::string trouble;
   if (read)
-    build_drawn("is empty", bytes, size);
+    trouble = "is empty";
   else if (cause != ENOENT)
-    build_drawn(with_cause("can't be read", cause), bytes, size);
-  else if (!write_font(bytes, size))
-    build_drawn(with_cause("could not be written", errno), bytes, size);
-  else
-    loadfont(font_path, font_name);
-  std::free(bytes);
+    trouble = with_cause("can't be read", cause);
+  else if (!write_font(drawn, size))
+    trouble = with_cause("could not be written", errno);
+  if (!trouble.empty())
+    report_sentence("the font file \"%s\" %s; its font has been made without it", font_path,
+                    trouble.c_str());
+  font_build(drawn, size, font_name);
+  std::free(drawn);
 }

@@ -180,20 +180,24 @@ bool font_file_read(const char *path, std::vector<uint8_t> *bytes) {
   return read;
 }
 
-void loadfont(const char *path, const char *name) {
-  std::vector<uint8_t> bytes;
-  font_file_read(path, &bytes); // as far as it can be
+void font_build_file(const std::vector<uint8_t> &bytes, const char *path, const char *name) {
   std::array<GlyphRecord, font_codes> glyphs;
   const uint32_t count =
       glyph_records(bytes.data(), static_cast<uint32_t>(bytes.size()), glyphs.data());
   if (count == 0) {
     report_sentence("the font file \"%s\" can't be read or holds no font; once it is deleted, the "
-                    "program makes it anew",
+                    "program makes a new one",
                     path);
     const std::string words = "loadfont: '" + std::string(path) + "' not found";
     report_fatal(report_source, 1454, words.c_str()); // the report's fixed number
   }
   build(glyphs.data(), count, name);
+}
+
+void loadfont(const char *path, const char *name) {
+  std::vector<uint8_t> bytes;
+  font_file_read(path, &bytes); // as far as it can be
+  font_build_file(bytes, path, name);
 }
 
 Font *font_copy(const Font *source) {

@@ -62,7 +62,11 @@ Font *font_build(const uint8_t *records, uint32_t size, const char *name);
 // read.
 bool font_file_read(const char *path, std::vector<uint8_t> *bytes);
 
-// Builds a font from a file. One that can't be read or holds no whole record is a fatal report.
+// Builds a font from the bytes of a file, of which `path` is the name for reports. Bytes without a
+// whole record are a fatal report.
+void font_build_file(const std::vector<uint8_t> &bytes, const char *path, const char *name);
+
+// The same from a file. One that can't be read or holds no whole record is a fatal report.
 void loadfont(const char *path, const char *name);
 
 // A new registered entry with all that the source has, its texture too.

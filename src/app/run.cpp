@@ -17,6 +17,7 @@
 #include "render/shader_procs.h"
 #include "support/clock.h"
 #include "support/file.h"
+#include "support/memory.h"
 #include "support/random.h"
 #include "support/report.h"
 #include "world/camera.h"
@@ -126,6 +127,7 @@ bool run_end(Run *run) {
 
 int run_program() {
   file_open_standard_streams();
+  memory_begin();
   platform_begin();
   Run run;
   if (!run_start(&run)) return 1;

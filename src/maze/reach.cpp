@@ -4,9 +4,10 @@
 #include <cstdlib>
 
 #include "maze/edit.h"
+#include "support/memory.h"
 
 static uint8_t *zeroed_bytes(const Maze *maze) {
-  return static_cast<uint8_t *>(std::calloc(maze->nodes.count, 1));
+  return static_cast<uint8_t *>(memory_zeroed(maze->nodes.count));
 }
 
 // One of the searches: `reached` is its queue and its record at once, `cursor` the first entry

@@ -6,6 +6,7 @@
 
 #include "render/shader_procs.h"
 #include "support/file.h"
+#include "support/memory.h"
 #include "support/report.h"
 #include "support/strings.h"
 
@@ -30,7 +31,7 @@ char *shader_info_log(GLuint object, int32_t is_program) {
     str_dup_into(&log, "No information log");
     return log;
   }
-  log = static_cast<char *>(std::calloc(static_cast<size_t>(size), 1));
+  log = static_cast<char *>(memory_zeroed(static_cast<size_t>(size)));
   if (is_program != 0) {
     gl2.get_program_info_log(object, size, nullptr, log);
   } else {

@@ -4,12 +4,18 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "support/memory.h"
+
 uint32_t growlist_initial_capacity = 1;
 
 namespace {
 
+size_t block_size(const GrowList *list, uint32_t capacity) {
+  return static_cast<size_t>(capacity) * list->elemsize;
+}
+
 void *new_block(const GrowList *list, uint32_t capacity) {
-  return std::malloc(static_cast<size_t>(capacity) * list->elemsize);
+  return memory_block(block_size(list, capacity));
 }
 
 void *row_address(const GrowList *list, uint32_t index) {
@@ -80,7 +86,7 @@ uint32_t GrowList_append_many(GrowList *list, const void *row_block, uint32_t m)
 
 bool GrowList_reserve(GrowList *list, uint32_t capacity) {
   if (capacity <= list->capacity) return true;
-  void *fresh = new_block(list, capacity);
+  void *fresh = std::malloc(block_size(list, capacity));
   if (fresh == nullptr) return false;
   std::free(take_block(list, fresh, capacity));
   return true;

@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <type_traits>
 
-// The one container of the system: an untyped array of fixed-size rows. Rows are moved as plain
+// The one container of the system: an untyped array of fixed-size rows. Where there is no memory to
+// grow into, the program ends (support/memory.h). Rows are moved as plain
 // bytes, so a row type must be trivially copyable, and they are named by index, since any append
 // or removal can move them all.
 struct GrowList {

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "support/file.h"
+#include "support/memory.h"
 #include "support/strings.h"
 
 namespace {
@@ -17,7 +18,7 @@ char *trimmed_copy(const char *from, const char *to) {
   while (from < to && ascii_space(to[-1]))
     to--;
   const size_t length = static_cast<size_t>(to - from);
-  char *copy = static_cast<char *>(std::malloc(length + 1));
+  char *copy = static_cast<char *>(memory_block(length + 1));
   std::memcpy(copy, from, length);
   copy[length] = '\0';
   return copy;

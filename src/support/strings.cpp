@@ -3,9 +3,11 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "support/memory.h"
+
 size_t str_dup_into(char **slot, const char *text) {
   const size_t length = std::strlen(text);
-  *slot = static_cast<char *>(std::malloc(length + 1));
+  *slot = static_cast<char *>(memory_block(length + 1));
   std::memcpy(*slot, text, length + 1);
   return length;
 }
@@ -46,7 +48,7 @@ static char *read_until(FILE *stream, const char *ends, int *ending) {
   for (int c = std::fgetc(stream); c != EOF && std::strchr(ends, c) == nullptr;
        c = std::fgetc(stream)) // which finds a NUL too
     length++;
-  char *text = static_cast<char *>(std::malloc(length + 1));
+  char *text = static_cast<char *>(memory_block(length + 1));
   std::fsetpos(stream, &start);
   text[std::fread(text, 1, length, stream)] = '\0';
   *ending = std::fgetc(stream);

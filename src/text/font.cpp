@@ -13,6 +13,7 @@
 #include "gfx/gl.h"
 #include "gfx/texture.h"
 #include "support/file.h"
+#include "support/memory.h"
 #include "support/random.h"
 #include "support/report.h"
 #include "support/strings.h"
@@ -35,8 +36,7 @@ constexpr int32_t measured_code = 'C';
 constexpr size_t greatest_file = size_t{font_codes} * (glyph_header + 255 * 255);
 
 Font *font_new(const char *name) {
-  Font *font = static_cast<Font *>(std::calloc(1, sizeof(Font)));
-  if (font == nullptr) std::abort();
+  Font *font = static_cast<Font *>(memory_zeroed(sizeof(Font)));
   str_dup_into(&font->name, name);
   font->base = font;
   font->width_scale = 1.0F;

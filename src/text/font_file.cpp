@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "support/memory.h"
+
 namespace {
 
 constexpr uint8_t mirror_x = 1;
@@ -168,8 +170,7 @@ uint8_t *font_generate(const uint8_t *table, uint32_t table_size, float tile_wid
     at += glyph_header + codes;
   }
   *out_size = static_cast<uint32_t>(file.size());
-  uint8_t *result = static_cast<uint8_t *>(std::malloc(file.size() + 1)); // never of size 0
-  if (result == nullptr) std::abort();
+  uint8_t *result = static_cast<uint8_t *>(memory_block(file.size()));
   if (!file.empty()) std::memcpy(result, file.data(), file.size());
   return result;
 }

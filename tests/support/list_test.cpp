@@ -1,11 +1,29 @@
 #include "support/list.h"
 
 #include <algorithm>
+#include <new>
 #include <random>
 #include <span>
 #include <vector>
 
 #include <gtest/gtest.h>
+
+#include "support/memory.h"
+
+extern "C" const char *__asan_default_options() {
+  return "allocator_may_return_null=1";
+}
+
+TEST(GrowList, NoMemoryEndsTheProgramInASentence) {
+  auto grow = [] {
+    memory_begin();
+    growlist_initial_capacity = UINT32_MAX;
+    GrowList list;
+    GrowList_init(&list, UINT32_MAX);
+  };
+  EXPECT_EXIT(grow(), testing::ExitedWithCode(1), "vorel: there is no memory");
+  EXPECT_EXIT((memory_begin(), std::get_new_handler()()), testing::ExitedWithCode(1), "no memory");
+}
 
 // A plain list changes alongside, and the capacity is kept in whole numbers: fifths and quarters.
 TEST(GrowList, FollowsAPlainListThroughRandomChanges) {

@@ -100,6 +100,10 @@ std::string file_data_root();
 // told: EBUSY if the name is gone or another file's.
 bool file_is_at(FILE *stream, const std::string &name);
 
+// Whether parts of the open file have no place on the disk, so that it can be far longer than what
+// was ever written. False where the file system can't tell.
+bool file_has_holes(FILE *stream);
+
 // Opens the standard streams that the program was started without on the null device: the next
 // files and connections would take their descriptors, and get what is meant for the user. To be
 // called first of all.

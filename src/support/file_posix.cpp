@@ -61,6 +61,15 @@ bool file_is_at(FILE *stream, const std::string &name) {
   return false;
 }
 
+bool file_has_holes(FILE *stream) {
+  const int file = fileno(stream);
+  const off_t place = lseek(file, 0, SEEK_CUR);
+  const off_t hole = lseek(file, 0, SEEK_HOLE); // the end counts as one
+  const off_t end = lseek(file, 0, SEEK_END);
+  lseek(file, place, SEEK_SET);
+  return hole >= 0 && hole < end;
+}
+
 void file_open_standard_streams() {
   for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; stream++)
     if (fcntl(stream, F_GETFD) < 0 && open("/dev/null", O_RDWR) != stream) return;

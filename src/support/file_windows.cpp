@@ -120,6 +120,17 @@ bool file_rename(const std::string &from, const std::string &to, FileFlush) {
   return false;
 }
 
+// A file can be sparse by name alone, and one that is packed takes less than its length too.
+bool file_has_holes(FILE *stream) {
+  const HANDLE file = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
+  FILE_BASIC_INFO basic = {};
+  FILE_STANDARD_INFO standard = {};
+  return GetFileInformationByHandleEx(file, FileBasicInfo, &basic, sizeof basic) != 0 &&
+         (basic.FileAttributes & FILE_ATTRIBUTE_SPARSE_FILE) != 0 &&
+         GetFileInformationByHandleEx(file, FileStandardInfo, &standard, sizeof standard) != 0 &&
+         standard.AllocationSize.QuadPart < standard.EndOfFile.QuadPart;
+}
+
 void file_open_standard_streams() {} // files and connections don't take their place
 
 void file_survive_limits() {} // there are none that end a program

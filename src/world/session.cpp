@@ -137,7 +137,9 @@ SessionLoad World_load(World *world, const char *path) {
   if (file == nullptr) return errno == ENOENT ? SessionLoad::absent : SessionLoad::unreadable;
   SessionLoad result = SessionLoad::unreadable;
   const long size = file_size(file);
-  if (size >= 0) {
+  if (size >= 0 && file_has_holes(file)) { // no save leaves any, and they could fill the memory
+    result = SessionLoad::damaged;
+  } else if (size >= 0) {
     const auto buffer = std::make_unique_for_overwrite<uint8_t[]>(buffer_size);
     ByteReader in = file_reader(file, static_cast<size_t>(size), buffer.get(), buffer_size);
     result = World_read(world, &in) ? SessionLoad::loaded : fault_of(in);

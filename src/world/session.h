@@ -17,10 +17,11 @@ bool World_save(const World *world, const char *path);
 // ByteBlock whose rows are then the caller's. False, with errno, if there is no memory for them.
 bool World_serialise(const World *world, GrowList *blocks);
 
-// Makes the session of a file. What isn't sound in every part is `damaged`; the record is then left
-// alone, as it is if there is nothing to read. The user stands exactly on the place, every maze has
-// the default halfwidth, and there are no Roamers; a clock, view, camera or zoom that isn't finite,
-// a clock below 0 and a zoom that isn't above 0 get the value of a new session.
+// Makes the session of a file. What isn't sound in every part or has holes on the disk is
+// `damaged`; the record is then left alone, as it is if there is nothing to read. The user stands
+// exactly on the place, every maze has the default halfwidth, and there are no Roamers; a clock,
+// view, camera or zoom that isn't finite, a clock below 0 and a zoom that isn't above 0 get the
+// value of a new session.
 SessionLoad World_load(World *world, const char *path);
 
 // The bytes of the file.

@@ -20,6 +20,15 @@ TEST_F(File, KeepsItsPermissionsAndLinks) {
   EXPECT_EQ(file_free_name((folder / "old").c_str(), ""), folder / "old-2");
 }
 
+TEST_F(File, HolesAreFound) {
+  EXPECT_TRUE(replace(file, "first"));
+  FILE *stream = file_open(path.c_str());
+  EXPECT_FALSE(file_has_holes(stream));
+  fs::resize_file(file, 1 << 20);
+  EXPECT_TRUE(file_has_holes(stream));
+  std::fclose(stream);
+}
+
 TEST_F(File, PipesAreNotWaitedFor) {
   ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
   EXPECT_TRUE(file_open(path.c_str()) == nullptr && errno == ENOTSUP);

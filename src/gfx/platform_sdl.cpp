@@ -8,6 +8,7 @@
 
 #include <SDL.h>
 
+#include "gfx/display.h"
 #include "gfx/input.h"
 #include "gfx/window.h"
 #include "support/report.h"
@@ -19,6 +20,7 @@ SDL_GLContext context;
 char fault[512];
 uint32_t buttons_held;   // as the button events tell
 PlatformPoint size_told; // the client size that gfx_resize knows
+bool frame_settled;      // whether the window has no frame, or one that was kept on the desktop
 
 struct PixelFormat {
   int depth_bits, alpha_bits;
@@ -60,11 +62,34 @@ bool is_whole_monitor(const MonitorRect &area) {
   return false;
 }
 
+// The display at the corner of the desktop, which is the one that changes its mode.
+int corner_display() {
+  for (int i = SDL_GetNumVideoDisplays() - 1; i > 0; i--) {
+    const MonitorRect rect = monitor(i);
+    if (rect.left <= 0 && rect.right > 0 && rect.top <= 0 && rect.bottom > 0) return i;
+  }
+  return 0;
+}
+
+// Asked for a mode that the display lacks, the library would take a larger one.
+bool has_mode(int32_t width, int32_t height) {
+  const int display = corner_display();
+  for (int i = SDL_GetNumDisplayModes(display) - 1; i >= 0; i--) {
+    SDL_DisplayMode mode = {};
+    if (SDL_GetDisplayMode(display, i, &mode) == 0 && mode.w == width && mode.h == height)
+      return true;
+  }
+  return false;
+}
+
+// Always on top is asked for here, since the library ignores it once a window is fullscreen.
 uint32_t window_flags(const PlatformWindowRequest &request) {
   if (request.framed) return SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE;
-  if (request.change_display_mode) return SDL_WINDOW_OPENGL | SDL_WINDOW_FULLSCREEN;
-  if (is_whole_monitor(request.outer)) return SDL_WINDOW_OPENGL | SDL_WINDOW_FULLSCREEN_DESKTOP;
-  return SDL_WINDOW_OPENGL | SDL_WINDOW_BORDERLESS | SDL_WINDOW_ALWAYS_ON_TOP;
+  const uint32_t flags = SDL_WINDOW_OPENGL | SDL_WINDOW_ALWAYS_ON_TOP;
+  if (request.change_display_mode && has_mode(request.client_width, request.client_height))
+    return flags | SDL_WINDOW_FULLSCREEN;
+  if (is_whole_monitor(request.outer)) return flags | SDL_WINDOW_FULLSCREEN_DESKTOP;
+  return flags | SDL_WINDOW_BORDERLESS;
 }
 
 SDL_Window *make_window(const PlatformWindowRequest &request, uint32_t flags) {
@@ -153,6 +178,27 @@ void follow_client_size() {
   if (size.x == size_told.x && size.y == size_told.y) return;
   size_told = size;
   gfx_resize(size.x, size.y);
+}
+
+PlatformPoint centre(const MonitorRect &rect) {
+  return {rect.left + (rect.right - rect.left) / 2, rect.top + (rect.bottom - rect.top) / 2};
+}
+
+// The sides of the window's frame are not known before the window is there.
+void keep_frame_on_desktop() {
+  int top = 0, left = 0, bottom = 0, right = 0;
+  if (frame_settled || SDL_GetWindowBordersSize(window, &top, &left, &bottom, &right) != 0) return;
+  if (top + left + bottom + right == 0) return; // not known yet
+  frame_settled = true;
+  PlatformMetrics metrics = platform_metrics();
+  metrics.frame_width = left;
+  metrics.frame_height = bottom;
+  metrics.caption_height = top - bottom;
+  const MonitorRect now = platform_window_rect();
+  const MonitorRect kept =
+      display_framed_outer({screen_width, screen_height}, metrics, centre(now));
+  if (kept.left != now.left || kept.top != now.top)
+    SDL_SetWindowPosition(window, kept.left + left, kept.top + top);
 }
 
 uint32_t button_bits(uint32_t sdl_mask) {
@@ -294,6 +340,7 @@ void platform_monitors(GrowList *out) {
 
 PlatformOpen platform_open(const PlatformWindowRequest *request) {
   size_told = {request->client_width, request->client_height};
+  frame_settled = !request->framed;
   const bool on_x11 = std::strcmp(SDL_GetCurrentVideoDriver(), "x11") == 0;
   return on_x11 ? try_formats_on_x11(*request) : try_formats(*request);
 }
@@ -332,6 +379,7 @@ bool platform_messages() {
     window_message(event);
   }
   follow_client_size();
+  keep_frame_on_desktop();
   return false;
 }
 

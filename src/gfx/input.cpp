@@ -16,6 +16,7 @@ char typed_text[512];
 uint8_t key_state[384];
 uint8_t key_state_prev[384];
 uint8_t alt_tabbed;
+uint8_t window_active;
 
 namespace {
 
@@ -24,6 +25,31 @@ constexpr uint32_t wheel_bits = mouse_wheel_forward | mouse_wheel_backward;
 constexpr size_t typed_limit = 499;
 constexpr int32_t word_mask = 0xFFFF; // places left of or above the window read as large numbers
 constexpr uint8_t down_bit = 0x80;
+
+// Releases from now on go to another program.
+void leave_window() {
+  mouse_buttons &= wheel_bits;
+  mouse_event_buttons = 0;
+  std::memset(key_state, 0, sizeof key_state);
+  if (windowed != 0) return;
+  platform_show_cursor(true);
+  if (!platform_is_minimised()) platform_minimise();
+}
+
+// The way that the cursor has gone meanwhile is not steering.
+void enter_window() {
+  alt_tabbed = 0; // some systems never report that a window was minimised
+  if (windowed != 0) return;
+  platform_show_cursor(false);
+  gfx_mouse_recentre(nullptr, nullptr);
+}
+
+void follow_focus() {
+  const uint8_t active = platform_has_focus() && !platform_is_minimised() ? 1 : 0;
+  if (active == window_active) return;
+  window_active = active;
+  active != 0 ? enter_window() : leave_window();
+}
 
 } // namespace
 
@@ -42,13 +68,14 @@ uint32_t gfx_pump() {
     quit_requested = 1;
     return quit_requested;
   }
+  follow_focus();
   // The keys stay as they are while minimised, so that none seems pressed or let go.
   std::memcpy(key_state_prev, key_state, sizeof key_state);
   if (platform_is_minimised()) {
     alt_tabbed = 0;
     return quit_requested;
   }
-  if (alt_tabbed == 0 && windowed == 0) platform_keep_on_top();
+  if (alt_tabbed == 0 && windowed == 0 && window_active != 0) platform_keep_on_top();
   platform_key_snapshot(key_state);
   // Minimising may take the system several pumps: asked again until it is done.
   if (key_down(vk_alt) && key_down(vk_tab)) alt_tabbed = 1;

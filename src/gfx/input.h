@@ -38,13 +38,15 @@ extern char typed_text[512];        // queue of typed characters, at most 499
 extern uint8_t key_state[384];      // bit 0x80: the key is down
 extern uint8_t key_state_prev[384]; // one pump earlier
 extern uint8_t alt_tabbed;          // Alt+Tab was seen and the window is not yet minimised
+extern uint8_t window_active;       // the window has the focus and is not minimised
 
 // Whether a key is down, and whether it went down in the latest pump.
 bool key_down(int32_t key);
 bool key_pressed(int32_t key);
 
 // Takes all waiting messages and brings the key tables up to date; never blocks. Returns
-// quit_requested.
+// quit_requested. A window that loses the focus forgets its buttons and keys; a fullscreen one is
+// minimised and leaves the mouse to others until it is back.
 uint32_t gfx_pump();
 
 // The oldest typed character, taken out of the queue; 0 if there is none.

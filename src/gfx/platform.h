@@ -86,6 +86,7 @@ bool platform_messages();
 bool platform_is_minimised();
 void platform_minimise();
 void platform_keep_on_top();
+bool platform_has_focus();
 
 // Bit 0x80 of each byte tells that the key of that virtual-key code is down.
 void platform_key_snapshot(uint8_t keys[256]);

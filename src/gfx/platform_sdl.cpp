@@ -18,7 +18,6 @@ namespace {
 SDL_Window *window;
 SDL_GLContext context;
 char fault[512];
-uint32_t buttons_held;   // as the button events tell
 PlatformPoint size_told; // the client size that gfx_resize knows
 bool frame_settled;      // whether the window has no frame, or one that was kept on the desktop
 
@@ -209,17 +208,27 @@ uint32_t button_bits(uint32_t sdl_mask) {
   return bits;
 }
 
-// Motion carries the buttons. One held since before the window was there has sent no event.
+// The true state: a button pressed before the window was there, or released outside it, has sent
+// no event.
+uint32_t buttons_held() {
+  return button_bits(SDL_GetGlobalMouseState(nullptr, nullptr));
+}
+
 void motion_message(const SDL_MouseMotionEvent &motion) {
-  uint32_t held = buttons_held;
-  if (mouse_wait_release != 0) held |= button_bits(SDL_GetGlobalMouseState(nullptr, nullptr));
-  input_mouse_message(held, motion.x, motion.y);
+  input_mouse_message(buttons_held(), motion.x, motion.y);
 }
 
 void button_message(const SDL_MouseButtonEvent &button) {
-  uint32_t bit = button_bits(SDL_BUTTON(button.button));
-  buttons_held = button.state == SDL_PRESSED ? buttons_held | bit : buttons_held & ~bit;
-  input_mouse_message(buttons_held, button.x, button.y);
+  const uint32_t bit = button_bits(SDL_BUTTON(button.button));
+  const uint32_t others = buttons_held() & ~bit;
+  input_mouse_message(button.state == SDL_PRESSED ? others | bit : others, button.x, button.y);
+}
+
+// The library drops the press of a button whose last release it missed.
+void follow_buttons() {
+  if (SDL_GetMouseFocus() != window) return;
+  const uint32_t held = buttons_held();
+  if (held != mouse_event_buttons) input_mouse_message(held, mouse_x, mouse_y);
 }
 
 void wheel_message(const SDL_MouseWheelEvent &wheel) {
@@ -301,6 +310,8 @@ void platform_dpi_aware() {
 bool platform_connect() {
   // A click that brings the window to the front counts as a click.
   SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
+  SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0"); // gfx_pump does, in every fullscreen
+  SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
   if (SDL_Init(SDL_INIT_VIDEO) != 0) {
     take_fault();
     return false;
@@ -378,6 +389,7 @@ bool platform_messages() {
     }
     window_message(event);
   }
+  follow_buttons();
   follow_client_size();
   keep_frame_on_desktop();
   return false;
@@ -391,10 +403,11 @@ void platform_minimise() {
   SDL_MinimizeWindow(window);
 }
 
-void platform_keep_on_top() {
-  // The window manager is told once; the window remembers it.
-  if ((SDL_GetWindowFlags(window) & SDL_WINDOW_ALWAYS_ON_TOP) == 0)
-    SDL_SetWindowAlwaysOnTop(window, SDL_TRUE);
+// Window managers do so by the window's flags.
+void platform_keep_on_top() {}
+
+bool platform_has_focus() {
+  return (SDL_GetWindowFlags(window) & SDL_WINDOW_INPUT_FOCUS) != 0;
 }
 
 MonitorRect platform_window_rect() {

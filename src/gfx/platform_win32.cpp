@@ -67,8 +67,21 @@ bool window_message(UINT message, LPARAM lparam) {
   }
 }
 
+// Releases from now on go to another program. Only Caps Lock and its like stay on.
+void forget_held_keys() {
+  constexpr BYTE lock_bit = 1;
+  BYTE keys[256];
+  if (GetKeyboardState(keys) == FALSE) return;
+  for (BYTE &key : keys)
+    key &= lock_bit;
+  SetKeyboardState(keys);
+}
+
 bool key_message(UINT message, WPARAM wparam) {
   switch (message) {
+  case WM_KILLFOCUS:
+    forget_held_keys();
+    return false;
   case WM_CHAR:
     input_char_message(static_cast<uint32_t>(wparam & 0xFF));
     return true;
@@ -360,6 +373,12 @@ void platform_minimise() {
 
 void platform_keep_on_top() {
   SetWindowPos(window_handle, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE);
+}
+
+// No window at all is in front for a moment while others change places.
+bool platform_has_focus() {
+  const HWND front = GetForegroundWindow();
+  return (front != nullptr ? front : GetActiveWindow()) == window_handle;
 }
 
 void platform_key_snapshot(uint8_t keys[256]) {

@@ -56,33 +56,32 @@ TEST_F(ViewControlTest, ZoomByWheelAndKeys) {
   }
 }
 
-TEST_F(ViewControlTest, AWindowSteersOnlyWhileAButtonIsHeld) {
-  const auto steered = [] {
+// A window steers while a button is held, with the cursor hidden; the whole screen always, but not
+// while another program has the cursor.
+TEST_F(ViewControlTest, SteeringTakesTheWayFromTheMiddle) {
+  const struct {
+    bool full, active;
+    uint32_t was, held;
+    bool steers;
+    int hidden; // by this frame
+  } cases[] = {{false, true, 0, 0, false, 0},
+               {false, true, 0, mouse_left, true, 1},
+               {false, true, mouse_left, mouse_right, true, 0},
+               {false, true, mouse_left, 0, false, -1},
+               {true, true, 0, 0, true, 0},
+               {true, false, 0, mouse_left, false, 0}};
+  for (const auto &[full, active, was, held, steers, hidden] : cases) {
+    SetUp();
+    windowed = full ? 0 : 1;
+    window_active = active ? 1 : 0;
+    mouse_buttons_prev = was;
+    mouse_buttons = held;
     int32_t dx = 7, dy = 7;
     view_mouse_step(&dx, &dy);
-    return std::pair(dx, dy);
-  };
-  EXPECT_EQ(steered(), std::pair(0, 0));
-  EXPECT_EQ(fake.cursor.x, 530) << "the cursor is the user's";
-  mouse_buttons = mouse_left;
-  EXPECT_EQ(steered(), std::pair(30, -10))
-      << "the first frame takes the way to the middle as it is";
-  EXPECT_EQ(fake.cursor_hidden, 1);
-  mouse_buttons_prev = mouse_left;
-  EXPECT_EQ(steered(), std::pair(0, 0)) << "the cursor was put back in the middle";
-  EXPECT_EQ(fake.cursor_hidden, 1) << "hidden once";
-  mouse_buttons = 0;
-  steered();
-  EXPECT_EQ(fake.cursor_hidden, 0);
-  mouse_buttons_prev = 0;
-  windowed = 0; // the whole screen always steers, but not while minimised
-  fake.cursor = {530, 340};
-  EXPECT_EQ(steered(), std::pair(30, -10));
-  EXPECT_EQ(fake.cursor_hidden, 0) << "hidden since the start, not counted again";
-  fake.cursor = {0, 0};
-  fake.minimised = true;
-  EXPECT_EQ(steered(), std::pair(0, 0));
-  EXPECT_EQ(fake.cursor.x, 0);
+    EXPECT_EQ(std::pair(dx, dy), steers ? std::pair(30, -10) : std::pair(0, 0));
+    EXPECT_EQ(fake.cursor.x, steers ? 500 : 530);
+    EXPECT_EQ(fake.cursor_hidden, hidden);
+  }
 }
 
 TEST_F(ViewControlTest, TheRightButtonTurnsFromItsSecondFrame) {

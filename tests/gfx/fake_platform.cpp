@@ -16,7 +16,7 @@ void fake_start() {
   fullscreen_offset_x = fullscreen_offset_y = 0;
   mouse_wait_release = 1;
   gesture_hook = nullptr;
-  alt_tabbed = windowed = 0;
+  alt_tabbed = windowed = window_active = 0;
   projection_is_2d = 1;
   std::memset(key_state, 0, sizeof key_state);
   std::memset(key_state_prev, 0, sizeof key_state_prev);
@@ -48,6 +48,10 @@ void platform_swap_buffers() {}
 void platform_swap_interval(int32_t) {}
 bool platform_messages() {
   return fake.messages && fake.messages();
+}
+void platform_wait(int32_t) {}
+bool platform_has_focus() {
+  return fake.focused;
 }
 bool platform_is_minimised() {
   return fake.minimised;

@@ -13,7 +13,7 @@ struct FakePlatform {
   PlatformMetrics metrics = {1920, 1080, {0, 0, 1920, 1080}, 0, 0, 0};
   std::vector<MonitorRect> monitors = {{0, 0, 1920, 1080}};
   std::function<bool()> messages; // runs inside platform_messages; true is the system's quit
-  bool minimised = false;
+  bool minimised = false, focused = true;
   std::vector<uint8_t> keys_down;
   MonitorRect window_rect = {};
   PlatformPoint cursor = {};

@@ -1,5 +1,7 @@
 #include "gfx/input.h"
 
+#include <utility>
+
 #include <gtest/gtest.h>
 
 #include "gfx/fake_platform.h"
@@ -42,20 +44,43 @@ TEST(Input, TypedTextIsAQueueOf499Bytes) {
   EXPECT_TRUE(gfx_next_typed_char() == 0xE9 && gfx_next_typed_char() == 0);
 }
 
-TEST(Input, KeyEdgesLastOnePumpAndFreezeWhileMinimised) {
+TEST(Input, KeyEdgesLastOnePump) {
   fake_start();
   pump({'M', 255});
   EXPECT_TRUE(key_pressed('M') && key_down('M') && key_pressed(255));
   pump({'M', 'A'});
   EXPECT_TRUE(!key_pressed('M') && key_down('M') && !key_down(255));
-  fake.minimised = true;
-  pump({'B'});
-  EXPECT_TRUE(!key_pressed('A') && key_down('A') && !key_down('B'));
   fake.messages = [] { return true; }; // the system's quit, at once and for good
-  fake.minimised = false;
   EXPECT_TRUE(pump({'B'}) == 1 && !key_down('B'));
   fake.messages = nullptr;
   EXPECT_EQ(pump({}), 1u);
+}
+
+// By another window or by being minimised. What is released meanwhile must not stay held, and the
+// mouse of a fullscreen window is free until it returns.
+TEST(Input, ALostFocusReleasesKeysButtonsAndMouse) {
+  for (const auto &[full, minimised] : {std::pair{1, 0}, {1, 1}, {0, 0}, {0, 1}}) {
+    fake_start();
+    windowed = full != 0 ? 0 : 1;
+    fake.cursor = {70, 70};
+    pump({'A'});
+    EXPECT_TRUE(fake.cursor.x == (full != 0 ? 0 : 70) && fake.cursor_hidden == full);
+    input_mouse_message(0, 5, 5);
+    input_mouse_message(mouse_left, 5, 5);
+    fake.minimised = minimised != 0;
+    fake.focused = minimised != 0;
+    fake.cursor = {70, 70};
+    for (int i = 0; i < 2; i++)
+      pump(std::vector<uint8_t>(static_cast<size_t>(minimised), 'B')); // not looked at
+    EXPECT_TRUE(!key_down('A') && !key_down('B') && mouse_buttons == 0 && fake.cursor.x == 70);
+    EXPECT_TRUE(fake.cursor_hidden == 0 && fake.on_top_asked == full);
+    EXPECT_EQ(fake.minimise_asked, full * (1 - minimised));
+    fake.focused = true;
+    fake.minimised = false;
+    pump({'B'});
+    EXPECT_TRUE(fake.cursor.x == (full != 0 ? 0 : 70) && fake.cursor_hidden == full);
+    EXPECT_TRUE(key_pressed('B'));
+  }
 }
 
 // Asked for in every pump until it is done; a fullscreen window stays on top but for that time.

@@ -73,6 +73,17 @@ vorel_has_keyboard() {
   [ "$(xdotool getwindowfocus 2>/dev/null)" = "$vorel_window" ]
 }
 
+vorel_minimised() {
+  [ -z "$(xdotool search --onlyvisible --name '^Vorel' 2>/dev/null)" ]
+}
+
+# Brings a minimised window back.
+vorel_return() {
+  wmctrl -i -a "$vorel_window"
+  desktop_wait "the window's return" vorel_has_keyboard
+  sleep 1
+}
+
 # hold SECONDS KEY...: keys held down together; input is polled, so a short tap could be missed.
 hold() {
   local seconds=$1 key

@@ -27,6 +27,7 @@
 namespace {
 
 constexpr const char *window_title = "Vorel [Kestrin 2018-20]";
+constexpr int32_t minimised_wait = 100; // milliseconds, at most, between frames that nobody sees
 
 // The frame time in seconds, which also moves the session clock on.
 double pass_time(Run *run) {
@@ -45,6 +46,11 @@ void take_input(Run *run, double dt) {
   view_mouse_step(&dx, &dy);
   view_mouse_steer(&run->control, world->zoom, dx, dy);
   view_keys(&run->control, world->zoom, dt);
+}
+
+void draw_frame(Run *run, double dt) {
+  scene_draw(&run->world, run->stereo_mode, run->stereo_swap, run->stereo_depth);
+  overlay_draw(&run->world, run->helpstate, dt);
 }
 
 Run *unsaved; // the run that has a session to lose; null if there is none
@@ -98,20 +104,23 @@ bool run_start(Run *run) {
 
 bool run_frame(Run *run) {
   World *world = &run->world;
+  const bool seen = !platform_is_minimised();
   const double dt = pass_time(run);
   take_input(run, dt);
   World_turn_view(world, run->control.yaw, &run->control.pitch);
   World_step_roamers(world, dt);
   World_move(world, run->control.mx, run->control.my);
   World_chase(world, dt);
-  World_apply_view(world);
+  if (seen) World_apply_view(world);
   keys_switches(run);
-  scene_draw(world, run->stereo_mode, run->stereo_swap, run->stereo_depth);
-  overlay_draw(world, run->helpstate, dt);
+  if (seen) draw_frame(run, dt);
   keys_new_maze(world);
   relax_frame(&run->relaxation, world->cur.maze, dt, key_down('R'), key_down('E'));
   keys_screenshot();
-  gfx_swap(0);
+  if (seen)
+    gfx_swap(0);
+  else
+    platform_wait(minimised_wait);
   return gfx_pump() == 0 && !keys_quit();
 }
 

@@ -83,6 +83,9 @@ void platform_swap_interval(int32_t frames);
 // asked the program to quit.
 bool platform_messages();
 
+// Waits until there is a message or the time is over.
+void platform_wait(int32_t milliseconds);
+
 bool platform_is_minimised();
 void platform_minimise();
 void platform_keep_on_top();

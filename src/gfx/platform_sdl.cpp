@@ -395,6 +395,10 @@ bool platform_messages() {
   return false;
 }
 
+void platform_wait(int32_t milliseconds) {
+  SDL_WaitEventTimeout(nullptr, milliseconds);
+}
+
 bool platform_is_minimised() {
   return (SDL_GetWindowFlags(window) & SDL_WINDOW_MINIMIZED) != 0;
 }

@@ -363,6 +363,11 @@ bool platform_messages() {
   return false;
 }
 
+void platform_wait(int32_t milliseconds) {
+  MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(milliseconds), QS_ALLINPUT,
+                              MWMO_INPUTAVAILABLE);
+}
+
 bool platform_is_minimised() {
   return IsIconic(window_handle) != FALSE;
 }

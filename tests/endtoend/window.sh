@@ -1,11 +1,15 @@
-# The picture follows the window's size, and a minimised window comes back.
+# The window keeps to the desktop and the picture to the window. A minimised window costs nothing and
+# comes back as it was, with neither key nor button held; one of the whole screen gives way.
 . "$(dirname "$0")/lib.sh"
 desktop_start
+xdotool mousemove 640 955
 vorel_start
 
 # "auto" in a window is 0.6 of the screen's height, at 4:3.
 eval "$(xdotool getwindowgeometry --shell "$vorel_window")"
 [ "$WIDTH $HEIGHT" = "768 576" ] || fail "the window is $WIDTH by $HEIGHT"
+eval "$(xdotool mousemove --window "$vorel_window" 0 0 getmouselocation --shell)"
+[ $((Y + HEIGHT)) -le 960 ] || fail "the window ends below the screen, at $((Y + HEIGHT))"
 
 # ink FILE: percent of the pixels that show something.
 ink() {
@@ -21,12 +25,58 @@ shot wide.png
 convert wide.png -gravity East -crop 300x500+0+0 +repage right.png
 [ "$(ink right.png)" -ge 2 ] || fail "the picture does not fill the resized window"
 
+# expect_same WHAT: the picture is that of the last look.
+expect_same() {
+  shot now.png
+  changed=$(pixels_changed last.png now.png)
+  [ "$changed" -lt 1000 ] || fail "$changed pixels changed: $1"
+}
+
+# processor_time: of the program, in hundredths of a second.
+processor_time() {
+  awk '{ print $14 + $15 }' "/proc/$vorel_job/stat"
+}
+
+# expect_idle: takes less than a tenth of a processor.
+expect_idle() {
+  local before
+  before=$(processor_time)
+  sleep 3
+  [ $(($(processor_time) - before)) -lt 30 ] || fail "busy while minimised"
+}
+
+xdotool mousemove --window "$vorel_window" 500 250 mousedown 1
+sleep 0.5
+look
+xdotool keydown f # which shows the area that can be reached
 xdotool windowminimize --sync "$vorel_window"
+xdotool keyup f mouseup 1
 sleep 1
 vorel_running || fail "ended when minimised"
-wmctrl -i -a "$vorel_window"
-desktop_wait "the window's return" vorel_has_keyboard
+expect_idle
+vorel_return
+xdotool mousemove_relative -- 90 0
 sleep 1
-shot back.png
-[ "$(pixels_changed wide.png back.png)" -lt 1000 ] || fail "another picture after the return"
+expect_same "a key or a button stays held"
+quit_cleanly
+
+# A size that is no mode of the display is a part of the screen.
+printf 'Windowed: N\nResolution: 800x600\n' >config.txt
+vorel_start
+eval "$(xdotool getwindowgeometry --shell "$vorel_window")"
+[ "$X $Y $WIDTH $HEIGHT" = "0 0 800 600" ] || fail "the window is $WIDTH by $HEIGHT at $X, $Y"
+ladder
+look
+display -size 200x200 xc:red & # another program
+other=$!
+desktop_wait "the window to give way" vorel_minimised
+expect_idle
+xdotool mousemove 1200 200
+sleep 0.5
+[[ $(xdotool getmouselocation) = "x:1200 y:200 "* ]] || fail "the mouse is held"
+kill "$other"
+vorel_return
+expect_same "the way of the mouse was taken for steering"
+xdotool mousemove_relative -- 90 0
+expect_change 300 "the mouse after the return"
 quit_cleanly

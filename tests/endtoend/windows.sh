@@ -102,16 +102,10 @@ xdotool key alt+space
 xdotool key F10
 hold 0.5 x
 expect_change 1000 "zooming out after Alt+Space and F10"
-window=$vorel_window
-minimised() {
-  ! vorel_window_found
-}
 xdotool keydown Alt_L keydown Tab
-desktop_wait "the window to go" minimised
+desktop_wait "the window to go" vorel_minimised
 xdotool keyup Tab keyup Alt_L
-vorel_window=$window
-wmctrl -i -a "$vorel_window"
-desktop_wait "the window's return" vorel_has_keyboard
+vorel_return
 hold 0.5 z
 expect_change 1000 "zooming in after the return"
 quit_cleanly

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+
 #include "text/font.h"
 
 // The program's two fonts in a context without a display, "normal" current.
@@ -9,3 +12,6 @@ struct Fonts {
 
 // Builds them if there are no fonts. In any case the frame is cleared.
 Fonts fonts_for_test();
+
+// A hash of bytes (FNV-1a), for results that are pinned.
+uint64_t digest(const void *bytes, size_t size);

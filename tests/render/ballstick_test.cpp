@@ -9,8 +9,6 @@
 
 #include "gfx/gl.h"
 #include "lamps.h"
-#include "maze/attachment.h"
-#include "maze/visit.h"
 #include "picture.h"
 #include "render/apply_view.h"
 #include "render/plot.h"
@@ -192,31 +190,6 @@ TEST(BallStick, EachPixelShowsWhatItsRayMeets) {
       EXPECT_GT(covered, 100) << what;
     }
   }
-}
-
-TEST(BallStick, OnlyAStepBetweenLevelsDropsTheLists) {
-  Scene scene;
-  Maze *other = scenario_path(2);
-  scenario_hold(scene.root, 3, other);
-  const auto lists = [](Maze *maze) {
-    return std::pair{Attachment_find(maze, "ballstick_ballslist"),
-                     Attachment_find(maze, "ballstick_stickslist")};
-  };
-  const std::pair<intptr_t, intptr_t> none = {0, 0};
-  scene.draw({0, 0, 16}, {0.01, 0, 0});
-  const auto kept = lists(scene.room), other_kept = lists(other);
-  EXPECT_TRUE(kept.first != 0 && kept.second != 0 && other_kept.first != 0);
-  Pos_mark_usertime(scene.room, 1, scene.room, 0, 100);
-  scene.draw({0, 0, 16}, {0.01, 0, 0});
-  EXPECT_EQ(lists(scene.room), kept);
-  EXPECT_EQ(scene.room->attachments.count, 2u);
-  Pos_mark_usertime(scene.room, 0, scene.root, 0, 100);
-  EXPECT_TRUE(lists(scene.room) == none && lists(scene.root) == none);
-  EXPECT_EQ(lists(other), other_kept);
-  // Both doors are crossed now, and the room shows it.
-  const Picture picture = scene.draw(inner[2] + Vec3{0.01, 0, 5}, inner[2]);
-  const uint32_t colour = picture_colour(picture, picture_width / 2, picture_height / 2);
-  EXPECT_GT(colour_green(colour), colour_red(colour)) << std::hex << colour;
 }
 
 } // namespace

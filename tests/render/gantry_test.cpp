@@ -12,9 +12,7 @@
 #include "gfx/offscreen.h"
 #include "gfx/projection.h"
 #include "gfx/window.h"
-#include "maze/attachment.h"
 #include "maze/edit.h"
-#include "maze/visit.h"
 #include "lamps.h"
 #include "picture.h"
 #include "render/apply_view.h"
@@ -235,24 +233,6 @@ TEST(Gantry, PlateIsLitAlongTheRoadFromBothSides) {
     Maze_destroy(maze, 1);
   }
   plot_type = plot_light = 0;
-}
-
-TEST(Gantry, ListsAreMadeOnceAndDroppedByAStepBetweenLevels) {
-  ThreeLevels t = scenario_three_levels();
-  const World world = world_from_above(t.root, {t.root, 0});
-  picture_begin();
-  gantry_plot(t.root, &world, 0);
-  gantry_plot(t.root, &world, 0);
-  Pos_mark_usertime(t.n2, 0, t.n2, 1, 1);
-  Pos_mark_usertime(t.root, 0, t.m1, 0, 1);
-  for (const Maze *maze : {t.root, t.m1, t.m2, t.n2, t.n3}) {
-    const bool stepped = maze == t.root || maze == t.m1;
-    EXPECT_NE(Attachment_find(maze, "EdgeAngleRecs"), 0);
-    EXPECT_EQ(Attachment_find(maze, "gantrylist") == 0, stepped);
-    EXPECT_EQ(maze->attachments.count, stepped ? 1u : 2u);
-  }
-  EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
-  Maze_destroy(t.root, 1);
 }
 
 } // namespace

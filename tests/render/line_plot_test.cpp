@@ -5,9 +5,7 @@
 #include <cmath>
 
 #include "gfx/gl.h"
-#include "maze/attachment.h"
 #include "maze/edit.h"
-#include "maze/visit.h"
 #include "picture.h"
 #include "render/age_colour.h"
 #include "render/apply_view.h"
@@ -182,53 +180,22 @@ TEST(LinePlot, EdgesBetweenLevelsAreDrawnOnceAndContainersNot) {
   EXPECT_COLOUR(picture, -1, 0.4, ring(maze_default_colour)); // the container's place: no disc
 }
 
-TEST(LinePlot, BrokenBorderColoursTheRoomOnly) {
-  Rooms rooms;
-  rooms.left->bordermask = 1;
-  picture_begin();
-  World_apply_view(&rooms.world);
-  plot_world(&rooms.world);
-  const Picture picture = picture_take();
-  // One door of two is crossed.
-  EXPECT_COLOUR(picture, -1.5, 0.4, ring(0xC0A040));
-  EXPECT_COLOUR(picture, 2.5, 0.4, ring(maze_default_colour));
-  EXPECT_COLOUR(picture, 6.5, 0.4, ring(maze_default_colour));
-}
-
-TEST(LinePlot, EachLevelHasItsOwnHalfWidth) {
+// The left room is narrow, and one of its two doors is crossed.
+TEST(LinePlot, EachLevelHasItsOwnHalfWidthAndBorder) {
   Rooms rooms;
   rooms.left->halfwidth = 0.25;
+  rooms.left->bordermask = 1;
   rooms.world.cur = {rooms.left, 1};
   picture_begin();
   World_apply_view(&rooms.world);
   plot_world(&rooms.world);
   const Picture picture = picture_take();
-  EXPECT_COLOUR(picture, -1.5, 0.2, ring(maze_default_colour));
+  EXPECT_COLOUR(picture, -1.5, 0.2, ring(0xC0A040));
   EXPECT_COLOUR(picture, -1.5, 0.4, 0u);
+  EXPECT_COLOUR(picture, 2.5, 0.2, ring(maze_default_colour));
   EXPECT_COLOUR(picture, 6.5, 0.4, ring(maze_default_colour));
   EXPECT_COLOUR(picture, 1, 0.2, 0xFFFFFFu); // the marker, on a door of that level
   EXPECT_COLOUR(picture, 1, 0.4, 0u);
-}
-
-TEST(LinePlot, ListsAreMadeOnceAndDroppedByAStep) {
-  Rooms rooms;
-  picture_begin();
-  World_apply_view(&rooms.world);
-  plot_world(&rooms.world);
-  const auto lists = [](Maze *maze) { return Attachment_find(maze, "lists"); };
-  const intptr_t root_lists = lists(rooms.root);
-  ASSERT_NE(root_lists, 0);
-  ASSERT_NE(lists(rooms.left), 0);
-  ASSERT_NE(lists(rooms.right), 0);
-  Pos_mark_usertime(rooms.left, 0, rooms.left, 1, rooms.world.time);
-  EXPECT_EQ(lists(rooms.left), 0);
-  Pos_mark_usertime(rooms.left, 1, rooms.right, 0, rooms.world.time);
-  EXPECT_EQ(lists(rooms.right), 0);
-  plot_world(&rooms.world);
-  EXPECT_NE(lists(rooms.left), 0);
-  EXPECT_EQ(lists(rooms.root), root_lists);
-  EXPECT_EQ(rooms.root->attachments.count, 1u);
-  EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 
 } // namespace

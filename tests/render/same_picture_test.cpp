@@ -381,6 +381,53 @@ TEST(SamePicture, OfEachPlotAfterCrossings) {
   Maze_destroy(world.root, 1);
 }
 
+// Each plot makes its own attachments, once. Lines go with each step, other lists with a step
+// between levels, and what depends on places alone stays.
+TEST(SamePicture, AttachmentsAreKeptUntilAStepChangesThem) {
+  constexpr const char *names[] = {"lists",      "ballstick_ballslist", "ballstick_stickslist",
+                                   "gantrylist", "EdgeAngleRecs",       "voronoilist",
+                                   "voronoi"};
+  const struct {
+    Plot plot;
+    const char *made; // a digit for each name: the steps of the two that drop it
+  } rows[] = {
+      {plots[0], "3------"}, {plots[1], "-22----"}, {plots[2], "---20--"}, {plots[5], "-----20"}};
+  for (const auto &[plot, made] : rows) {
+    const ThreeLevels t = scenario_three_levels();
+    World world = {};
+    world.view = mat3_identity;
+    world.root = t.root;
+    world.cur = {t.root, 0};
+    world.camera.z = 9;
+    draw_slabs(&world, plot.ours);
+    const auto values = [&] {
+      std::vector<intptr_t> all;
+      for (const Maze *maze : {t.n2, t.root, t.m1, t.m2})
+        for (const char *name : names)
+          all.push_back(Attachment_find(maze, name));
+      return all;
+    };
+    const std::vector<intptr_t> first = values();
+    draw_slabs(&world, plot.ours);
+    EXPECT_EQ(values(), first) << plot.name;
+    Pos_mark_usertime(t.n2, 0, t.n2, 1, 1);
+    Pos_mark_usertime(t.root, 0, t.m1, 0, 1);
+    const std::vector<intptr_t> last = values();
+    for (size_t i = 0; i < last.size(); i++) {
+      const size_t maze = i / std::size(names); // one step in the first, one between the next two
+      const char drops = made[i % std::size(names)];
+      EXPECT_EQ(first[i] != 0, drops != '-') << plot.name << i;
+      const bool dropped = maze == 0 ? drops == '3' : maze < 3 && drops >= '2';
+      EXPECT_EQ(last[i], dropped ? 0 : first[i]) << plot.name << i;
+    }
+    draw_slabs(&world, plot.ours);
+    const std::vector<intptr_t> again = values();
+    for (size_t i = 0; i < again.size(); i++)
+      EXPECT_TRUE(last[i] != 0 ? again[i] == last[i] : (again[i] != 0) == (first[i] != 0)) << i;
+    Maze_destroy(t.root, 1);
+  }
+}
+
 // Steps change few bodies of many; other changes move all of them, or add and remove some.
 TEST(SamePicture, LinesOfALargeMazeAfterEachChange) {
   rand_seed(5);

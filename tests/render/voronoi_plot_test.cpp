@@ -11,7 +11,6 @@
 #include "gfx/gl.h"
 #include "maze/attachment.h"
 #include "maze/edit.h"
-#include "maze/visit.h"
 #include "picture.h"
 #include "render/age_colour.h"
 #include "render/apply_view.h"
@@ -202,7 +201,7 @@ TEST(VoronoiPlot, ModesHaveTheirLightAndTheirAges) {
       2);
 }
 
-TEST(VoronoiPlot, ContainersAreLeftToTheirMazesAndStepsDropWhatIsOld) {
+TEST(VoronoiPlot, ContainersAreLeftToTheirMazes) {
   Corridors scene;
   Maze *below = scenario_path(3);
   below->halfwidth = 0.5;
@@ -215,17 +214,6 @@ TEST(VoronoiPlot, ContainersAreLeftToTheirMazesAndStepsDropWhatIsOld) {
   const Picture picture = scene.draw(1);
   EXPECT_EQ(picture_colour(picture, pixel_x(4), pixel_y(8)), 0U);           // the container's cell
   EXPECT_EQ(picture_colour(picture, pixel_x(12), pixel_y(0.1)), 0xC08040U); // a cell in it
-  const auto list = [](Maze *maze) { return Attachment_find(maze, "voronoilist"); };
-  const GrowList *cells = voronoi_cells(below);
-  Pos_mark_usertime(below, 0, below, 1, 100);
-  EXPECT_NE(list(below), 0);
-  Pos_mark_usertime(below, 0, scene.maze, 2, 100);
-  EXPECT_EQ(list(below), 0);
-  EXPECT_EQ(list(scene.maze), 0);
-  plot_world(&scene.world);
-  EXPECT_NE(list(below), 0);
-  EXPECT_EQ(voronoi_cells(below), cells);
-  EXPECT_EQ(Attachment_find(below, "lists"), 0); // no other plot ran
 }
 
 TEST(Disc, PairsAreAtRightAnglesAndDiscsHaveTheirSize) {

@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <string>
@@ -12,6 +11,7 @@
 #include "gfx/window.h"
 #include "support/bytes.h"
 #include "support/clock.h"
+#include "support/command.h"
 #include "support/file.h"
 #include "support/report.h"
 
@@ -24,6 +24,7 @@ constexpr uint32_t image_size_field = 200208;
 constexpr uint32_t pixels_per_metre = 2834;
 constexpr double numbers_per_second = 3.3333333333333335;
 constexpr int64_t numbers = 100000;
+constexpr int32_t conversion_limit = 10000; // milliseconds
 
 size_t row_length(int32_t width) {
   return (static_cast<size_t>(width) * 3 + 3) & ~size_t{3};
@@ -83,9 +84,13 @@ void convert_file(const std::string &path) {
   const auto before = written_at(png);
   std::string command = "magick -quality 95 \"";
   command.append(path).append("\" \"").append(png).append("\"");
-  // What the shell says doesn't matter: the file tells whether it worked.
-  [[maybe_unused]] const int status = std::system(command.c_str());
-  if (written_at(png) != before) std::remove(path.c_str());
+  const bool ended = command_run(command, conversion_limit);
+  if (!ended)
+    report_sentence("the command \"magick\" took longer than %d seconds and was ended; the picture "
+                    "is \"%s\"",
+                    conversion_limit / 1000, path.c_str());
+  // The file tells whether it worked; what was cut off is only half a picture.
+  if (written_at(png) != before) std::remove(ended ? path.c_str() : png.c_str());
 }
 
 } // namespace

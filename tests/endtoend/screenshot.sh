@@ -24,11 +24,20 @@ shots=$(ls Vorel_*.png)
 shot now.png
 [ "$(pixels_changed last.png now.png)" -eq 0 ] || fail "Ctrl and S moved the user"
 [ ! -e "${shots%.png}.bmp" ] || fail "the BMP of a PNG stays"
-printf '#!/bin/sh\nexit 0\n' >bin/magick
-! on_windows || echo '@exit 0' >magick.bat
+# A converter that hangs is ended with all that it has started, and the program hears the end meanwhile.
+printf '#!/bin/sh\nsleep 100 &\necho $! >converter\nwait\n' >bin/magick
+! on_windows || printf ':again\r\n@goto again\r\n' >magick.bat
 hold 0.4 Control_L s
-sleep 1
+desktop_wait "the picture" eval 'ls Vorel_*.bmp >/dev/null 2>&1'
+if on_windows; then
+  leave q
+else
+  kill -TERM "$vorel_job"
+  vorel_wait_end
+  ! grep -qs '^State:.[^Z]' "/proc/$(cat converter)/status" || fail "the converter still runs"
+fi
+[ "$vorel_status" -eq 0 ] || fail "status $vorel_status after a converter that hangs"
+grep -q '"magick" took longer' vorel.err || fail "no word of the converter"
 bmp=$(ls Vorel_*.bmp) || fail "no BMP without a converter"
 [ "$(stat -c %s "$bmp")" -gt 200000 ] || fail "the BMP is short"
 [ "$(head -c 2 "$bmp")" = BM ] || fail "the BMP has no signature"
-quit_cleanly

@@ -1,0 +1,47 @@
+#include "support/command.h"
+
+#include <chrono>
+#include <csignal>
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "support/clock.h"
+
+namespace {
+
+constexpr int32_t pause = 10;       // milliseconds between two looks
+constexpr int32_t last_wait = 1000; // milliseconds for the system to remove what was killed
+
+bool ends_within(pid_t child, int32_t limit) {
+  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(limit);
+  while (waitpid(child, nullptr, WNOHANG) == 0) {
+    if (std::chrono::steady_clock::now() >= end) return false;
+    clock_sleep(pause);
+  }
+  return true;
+}
+
+// Starts the shell in a process group of its own. False if it can't be started.
+bool start_shell(std::string line, pid_t *child) {
+  char name[] = "sh";
+  char option[] = "-c";
+  char *const arguments[] = {name, option, line.data(), nullptr};
+  posix_spawnattr_t attributes;
+  posix_spawnattr_init(&attributes);
+  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
+  const int fault = posix_spawn(child, "/bin/sh", nullptr, &attributes, arguments, environ);
+  posix_spawnattr_destroy(&attributes);
+  return fault == 0;
+}
+
+} // namespace
+
+bool command_run(const std::string &line, int32_t limit) {
+  pid_t child = 0;
+  if (!start_shell(line, &child) || ends_within(child, limit)) return true;
+  kill(-child, SIGKILL);
+  ends_within(child, last_wait);
+  return false;
+}

@@ -118,7 +118,9 @@ TEST(Window, FailureTellsTheUserThenEndsTheProgram) {
       fake_start();
       std::fflush(stdout);
       dup2(STDERR_FILENO, STDOUT_FILENO);
-      report_sleep = [](int32_t milliseconds) { std::printf("waited %d\n", milliseconds); };
+      report_sleep = [](int32_t milliseconds) {
+        std::fprintf(stderr, "waited %d\n", milliseconds);
+      };
       fake.has_display = c.has_display;
       fake.open_result = c.result;
       gfx_open(640, 480, "t");

@@ -15,14 +15,12 @@ extern "C" const char *__asan_default_options() {
 }
 
 TEST(GrowList, NoMemoryEndsTheProgramInASentence) {
-  auto grow = [] {
-    memory_begin();
-    growlist_initial_capacity = UINT32_MAX;
-    GrowList list;
-    GrowList_init(&list, UINT32_MAX);
-  };
-  EXPECT_EXIT(grow(), testing::ExitedWithCode(1), "vorel: there is no memory");
-  EXPECT_EXIT((memory_begin(), std::get_new_handler()()), testing::ExitedWithCode(1), "no memory");
+  memory_begin();
+  growlist_initial_capacity = UINT32_MAX;
+  GrowList list;
+  EXPECT_EXIT(GrowList_init(&list, UINT32_MAX), testing::ExitedWithCode(1), "vorel: .* no memory");
+  EXPECT_EXIT(std::get_new_handler()(), testing::ExitedWithCode(1), "vorel: .* no memory");
+  growlist_initial_capacity = 1;
 }
 
 // A plain list changes alongside, and the capacity is kept in whole numbers: fifths and quarters.

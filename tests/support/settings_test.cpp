@@ -59,10 +59,7 @@ TEST(Settings, MarksBeforeTheTextAreNoPartOfIt) {
                          "c: d");
   EXPECT_EQ(saved(&list), "a: b\n\xEF\xBB\xBF"
                           "c: d\n");
-  for (const std::string &wide : {std::string("\xFF\xFE"
-                                              "a\0:\0",
-                                              6),
-                                  std::string("\xFE\xFF", 2)}) {
+  for (const char *wide : {"\xFF\xFE:", "\xFE\xFF"}) {
     std::ofstream(path, std::ios::binary) << wide;
     EXPECT_TRUE(!Settings_load(&list, path.c_str(), ':') && errno == EILSEQ);
     Settings_free(&list);

@@ -316,8 +316,7 @@ void fixed_discs(Maze *maze, const World *world) {
     const Vec3 u = unit(v) * maze->halfwidth, c = p + u * 1.5;
     billboard_disc(p - u, maze->halfwidth, white | colour_adjust(colour, 64, 64, 64),
                    world->camera);
-    billboard_disc({static_cast<float>(c.x), static_cast<float>(c.y), static_cast<float>(c.z)},
-                   static_cast<float>(0.6 * maze->halfwidth),
+    billboard_disc(single_precision(c), static_cast<float>(0.6 * maze->halfwidth),
                    white | colour_adjust(colour, -64, -64, -64), world->camera);
   }
   glEnd();

@@ -97,9 +97,9 @@ void node_discs(Pos here, const World *world) {
       visit_colour(maze_nodes(here.maze)[here.node].self, here, Pos_null, world);
   const bool user = Pos_equal(here, world->cur);
   billboard_disc(p - towards, halfwidth, user ? colour_white : lighter(colour), eye);
-  const Vec3f front = rounded(p + towards * disc_before);
-  billboard_disc({front.x, front.y, front.z}, static_cast<float>(inner_part * halfwidth),
-                 user ? colour_white : darker(colour), eye);
+  billboard_disc(single_precision(p + towards * disc_before),
+                 static_cast<float>(inner_part * halfwidth), user ? colour_white : darker(colour),
+                 eye);
 }
 
 bool is_plain(Pos pos) {

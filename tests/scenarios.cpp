@@ -5,6 +5,7 @@
 
 #include "maze/edit.h"
 #include "maze/pos.h"
+#include "maze/walk.h"
 #include "support/random.h"
 
 static void add_node(Maze *maze, Vec3 p) {
@@ -75,6 +76,16 @@ ThreeLevels scenario_three_levels() {
   return t;
 }
 
+Maze *scenario_deep(int32_t levels) {
+  Maze *root = scenario_path(2);
+  for (int32_t level = 1; level < levels; level++) {
+    Maze *above = scenario_path(2);
+    scenario_hold(above, 1, root);
+    root = above;
+  }
+  return root;
+}
+
 static Maze *nested(int32_t depth, double spacing, Vec3 centre) {
   Maze *maze = scenario_grid(4, 4, spacing, centre);
   for (const int32_t i : {5, 6, 10}) { // no doors: those lie on the rim
@@ -102,7 +113,7 @@ static const char *edge_fault(const Maze *maze, int32_t i, uint32_t r, bool doub
   return same ? nullptr : "halves differ";
 }
 
-const char *scenario_fault(const Maze *maze, bool doubled) {
+static const char *maze_fault(const Maze *maze, bool doubled) {
   for (int32_t i = 0; i < maze_count(maze); i++) {
     const MazeNode &node = maze_nodes(maze)[i];
     if (node.degree > MAZE_MAX_DEGREE) return "degree";
@@ -114,7 +125,12 @@ const char *scenario_fault(const Maze *maze, bool doubled) {
     if (below->nodes.count < node.degree) return "too few doors";
     for (uint32_t r = 0; r < node.degree; r++)
       if (maze_nodes(below)[r].submaze) return "a container as a door";
-    if (const char *fault = scenario_fault(below, doubled)) return fault;
   }
+  return nullptr;
+}
+
+const char *scenario_fault(const Maze *root, bool doubled) {
+  for (const Maze *maze = root; maze; maze = Maze_next(root, maze))
+    if (const char *fault = maze_fault(maze, doubled)) return fault;
   return nullptr;
 }

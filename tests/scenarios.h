@@ -32,5 +32,8 @@ ThreeLevels scenario_three_levels();
 // world and aligned, `depth` levels of them (1 for the root alone).
 Maze *scenario_nested(int32_t depth);
 
+// `levels` mazes of two nodes, each but the last with the next one in its node 1.
+Maze *scenario_deep(int32_t levels);
+
 // Null if the tree is well formed, else what is wrong. Doubled edges pass if `doubled` says so.
-const char *scenario_fault(const Maze *maze, bool doubled = false);
+const char *scenario_fault(const Maze *root, bool doubled = false);

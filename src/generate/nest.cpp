@@ -7,6 +7,7 @@
 #include "generate/transform.h"
 #include "maze/edit.h"
 #include "maze/pos.h"
+#include "maze/walk.h"
 #include "support/random.h"
 #include "support/strings.h"
 
@@ -19,26 +20,8 @@ void bring_to(const Maze *maze, int32_t i, Maze *room) {
   Maze_translate(room, node_position(maze_nodes(maze)[i]), 0);
 }
 
-} // namespace
-
-void Maze_settle(Maze *maze, int32_t i, Maze *room) {
-  room->parent = maze;
-  room->parentnode = i;
-  Maze_align_doors(room);
-  Maze_carve(room); // keeps the numbering, and with it the doors
-  maze_nodes(maze)[i].submaze = room;
-}
-
-void Maze_nest(Maze *maze, double probability, double size, SubmazeGenerator generator) {
-  Maze_scale(maze, size, 0);
-  bool leaf = true;
-  for (int32_t i = maze_count(maze); i-- > 0;) {
-    Maze *below = maze_nodes(maze)[i].submaze;
-    if (below == nullptr) continue;
-    leaf = false;
-    Maze_nest(below, probability, size, generator);
-  }
-  if (!leaf) return;
+// Nests mazes in the nodes of a single leaf maze.
+void nest_leaf(Maze *maze, double probability, double size, SubmazeGenerator generator) {
   for (int32_t i = maze_count(maze); i-- > 0;) {
     if (!(rand_real(1.0) < probability)) continue;
     // A door stays a plain node, so that the way through it stays a place.
@@ -49,7 +32,7 @@ void Maze_nest(Maze *maze, double probability, double size, SubmazeGenerator gen
   }
 }
 
-void Maze_label_tree(Maze *maze) {
+void label_below(Maze *maze) {
   int32_t count = 0;
   for (int32_t i = 0; i < maze_count(maze); ++i) {
     Maze *below = maze_nodes(maze)[i].submaze;
@@ -58,6 +41,30 @@ void Maze_label_tree(Maze *maze) {
     std::snprintf(number, sizeof number, maze->name ? ".%02d" : "%d", ++count);
     const std::string label = (maze->name ? maze->name : "") + std::string(number);
     string_assign(&below->name, label.c_str());
-    Maze_label_tree(below);
   }
+}
+
+} // namespace
+
+void Maze_settle(Maze *maze, int32_t i, Maze *room) {
+  room->parent = maze;
+  room->parentnode = i;
+  Maze_align_doors(room);
+  Maze_carve(room); // keeps the numbering, and with it the doors
+  maze_nodes(maze)[i].submaze = room;
+}
+
+void Maze_nest(Maze *root, double probability, double size, SubmazeGenerator generator) {
+  for (Maze *maze = root; maze != nullptr;) {
+    Maze *next = Maze_next(root, maze); // before there are new mazes below
+    Maze_scale(maze, size, 0);
+    if (Maze_held_before(maze, maze_count(maze)) == nullptr)
+      nest_leaf(maze, probability, size, generator);
+    maze = next;
+  }
+}
+
+void Maze_label_tree(Maze *root) {
+  for (Maze *maze = root; maze != nullptr; maze = Maze_next(root, maze))
+    label_below(maze);
 }

@@ -11,8 +11,8 @@ void Maze_settle(Maze *maze, int32_t i, Maze *room);
 // probability: made by `generator` for `size`, turned in line with the node's edges, its doors
 // aligned, carved. All mazes of the tree are first spread by `size` to make room. The mazes must be
 // carved already, and what the generator makes must have as many nodes as a node has rows.
-void Maze_nest(Maze *maze, double probability, double size, SubmazeGenerator generator);
+void Maze_nest(Maze *root, double probability, double size, SubmazeGenerator generator);
 
 // Labels all mazes below: the maze's own name and ".01", ".02", ... in order of their nodes, or
 // "1", "2", ... below a maze without a name.
-void Maze_label_tree(Maze *maze);
+void Maze_label_tree(Maze *root);

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "maze/walk.h"
 #include "support/colour.h"
 
 namespace {
@@ -22,26 +23,22 @@ void colour_edge(MazeNode *nodes, int32_t i, uint32_t row, ColourFunction fn) {
 
 } // namespace
 
-void Maze_paint(Maze *maze, uint32_t colour, int32_t recursive) {
-  for (int32_t i = maze_count(maze); i-- > 0;) {
+void Maze_paint(Maze *root, uint32_t colour, int32_t recursive) {
+  Maze_each_node(root, recursive, [colour](Maze *maze, int32_t i) {
     MazeNode &node = maze_nodes(maze)[i];
     node.self.colour = colour;
     for (uint32_t row = node.degree; row-- > 0;)
       node.edge[row].colour = colour;
-    if (recursive != 0 && node.submaze != nullptr) Maze_paint(node.submaze, colour, recursive);
-  }
+  });
 }
 
-void Maze_colour_field(Maze *maze, ColourFunction fn, int32_t recursive) {
-  MazeNode *nodes = maze_nodes(maze);
-  for (int32_t i = maze_count(maze); i-- > 0;) {
-    MazeNode &node = nodes[i];
-    const Vec3 p = node_position(node);
-    node.self.colour = fn(p);
-    for (uint32_t row = node.degree; row-- > 0;)
-      if (node.nbr[row] < i) colour_edge(nodes, i, row, fn);
-    if (recursive != 0 && node.submaze != nullptr) Maze_colour_field(node.submaze, fn, recursive);
-  }
+void Maze_colour_field(Maze *root, ColourFunction fn, int32_t recursive) {
+  Maze_each_node(root, recursive, [fn](Maze *maze, int32_t i) {
+    MazeNode *nodes = maze_nodes(maze);
+    nodes[i].self.colour = fn(node_position(nodes[i]));
+    for (uint32_t row = nodes[i].degree; row-- > 0;)
+      if (nodes[i].nbr[row] < i) colour_edge(nodes, i, row, fn);
+  });
 }
 
 uint32_t colour_field_sine(Vec3 p) {

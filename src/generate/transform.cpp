@@ -1,23 +1,23 @@
 #include "generate/transform.h"
 
 #include <algorithm>
-#include <cassert>
 #include <cmath>
+#include <limits>
 
+#include "maze/walk.h"
 #include "support/mat3.h"
 
 namespace {
 
-// Puts every node where `change` sends its place, the node before its submaze.
-template <typename Change> void move_nodes(Maze *maze, int32_t recursive, const Change &change) {
-  for (int32_t i = maze_count(maze); i-- > 0;) {
+// Puts every node where `change` sends its place.
+template <typename Change> void move_nodes(Maze *root, int32_t recursive, const Change &change) {
+  Maze_each_node(root, recursive, [&change](Maze *maze, int32_t i) {
     MazeNode &node = maze_nodes(maze)[i];
     const Vec3 p = change(node_position(node));
     node.x = p.x;
     node.y = p.y;
     node.z = p.z;
-    if (recursive != 0 && node.submaze != nullptr) move_nodes(node.submaze, recursive, change);
-  }
+  });
 }
 
 double warp_coordinate(double c) {
@@ -30,6 +30,23 @@ Vec3 lower(Vec3 a, Vec3 b) {
 
 Vec3 upper(Vec3 a, Vec3 b) {
   return {std::max(a.x, b.x), std::max(a.y, b.y), std::max(a.z, b.z)};
+}
+
+void unite(TreeBounds *bounds, Vec3 low, Vec3 high) {
+  bounds->min = lower(bounds->min, low);
+  bounds->max = upper(bounds->max, high);
+}
+
+// Of the plain nodes and node 0 of one maze.
+TreeBounds own_bounds(const Maze *maze) {
+  constexpr double limit = std::numeric_limits<double>::infinity();
+  TreeBounds bounds = {{limit, limit, limit}, {-limit, -limit, -limit}};
+  const MazeNode *nodes = maze_nodes(maze);
+  if (maze_count(maze) > 0) bounds.min = bounds.max = node_position(nodes[0]);
+  for (int32_t i = maze_count(maze); i-- > 0;)
+    if (nodes[i].submaze == nullptr)
+      unite(&bounds, node_position(nodes[i]), node_position(nodes[i]));
+  return bounds;
 }
 
 } // namespace
@@ -63,18 +80,32 @@ Vec3 warp_position(Vec3 p) {
   return {warp_coordinate(p.x), warp_coordinate(p.y), warp_coordinate(p.z)};
 }
 
-void Maze_bounds(const Maze *maze, Vec3 *min, Vec3 *max) {
-  assert(maze_count(maze) > 0);
-  const MazeNode *nodes = maze_nodes(maze);
-  *min = node_position(nodes[0]);
-  *max = *min;
-  for (int32_t i = maze_count(maze); i-- > 0;) {
-    Vec3 low = node_position(nodes[i]);
-    Vec3 high = low;
-    if (nodes[i].submaze != nullptr) Maze_bounds(nodes[i].submaze, &low, &high);
-    *min = lower(*min, low);
-    *max = upper(*max, high);
+std::vector<TreeBounds> Maze_tree_bounds(const Maze *root) {
+  struct Held {
+    const Maze *maze;
+    size_t holder; // row of the maze that holds it
+  };
+  std::vector<Held> order;
+  std::vector<TreeBounds> tree;
+  std::vector<Held> stack = {{root, 0}};
+  while (!stack.empty()) {
+    order.push_back(stack.back());
+    stack.pop_back();
+    const Maze *maze = order.back().maze;
+    for (int32_t i = 0; i < maze_count(maze); ++i)
+      if (maze_nodes(maze)[i].submaze != nullptr)
+        stack.push_back({maze_nodes(maze)[i].submaze, tree.size()});
+    tree.push_back(own_bounds(maze));
   }
+  for (size_t k = tree.size(); k-- > 1;)
+    unite(&tree[order[k].holder], tree[k].min, tree[k].max);
+  return tree;
+}
+
+void Maze_bounds(const Maze *root, Vec3 *min, Vec3 *max) {
+  const TreeBounds all = Maze_tree_bounds(root)[0];
+  *min = all.min;
+  *max = all.max;
 }
 
 void Maze_centre(Maze *maze) {

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "maze/walk.h"
 #include "support/strings.h"
 
 // The last row of that name, or -1.
@@ -33,9 +34,6 @@ void Attachment_drop(Maze *maze, const char *name) {
 }
 
 void Attachment_drop_tree(Maze *maze, const char *name) {
-  Attachment_drop(maze, name);
-  for (int32_t i = maze_count(maze); i-- > 0;) {
-    Maze *below = maze_nodes(maze)[i].submaze;
-    if (below) Attachment_drop_tree(below, name);
-  }
+  for (Maze *at = maze; at; at = Maze_next(maze, at))
+    Attachment_drop(at, name);
 }

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "maze/attachment.h"
+#include "maze/walk.h"
 #include "support/strings.h"
 
 // The records of destroyed mazes, newest first. They are never released, so that a stale address
@@ -38,13 +39,7 @@ static void release_attachments(Maze *maze) {
   GrowList_free(&maze->attachments);
 }
 
-void Maze_destroy(Maze *maze, int32_t recursive) {
-  if (recursive) {
-    for (int32_t i = maze_count(maze); i-- > 0;) {
-      Maze *below = maze_nodes(maze)[i].submaze;
-      if (below) Maze_destroy(below, 1);
-    }
-  }
+static void destroy_one(Maze *maze) {
   GrowList_free(&maze->nodes);
   std::free(maze->name);
   maze->name = nullptr;
@@ -52,6 +47,24 @@ void Maze_destroy(Maze *maze, int32_t recursive) {
   maze->parent = nullptr;
   maze->pool_next = destroyed;
   destroyed = maze;
+}
+
+// The first maze to go of the tree under `maze`.
+static Maze *deepest(Maze *maze) {
+  while (Maze *below = Maze_held_before(maze, maze_count(maze)))
+    maze = below;
+  return maze;
+}
+
+void Maze_destroy(Maze *maze, int32_t recursive) {
+  Maze *at = recursive ? deepest(maze) : maze;
+  while (at != maze) {
+    Maze *above = at->parent;
+    Maze *beside = Maze_held_before(above, at->parentnode);
+    destroy_one(at);
+    at = beside ? deepest(beside) : above;
+  }
+  destroy_one(maze);
 }
 
 // Takes over the rows of `source` with its capacity and tuning, but not its mirror.
@@ -63,19 +76,7 @@ static void copy_nodes(GrowList *list, const GrowList *source) {
   GrowList_append_many(list, source->data, source->count);
 }
 
-// Replaces the submazes of the nodes from `first` on, which are shared with some source, by copies
-// that belong to this maze.
-static void own_submazes(Maze *maze, int32_t first) {
-  for (int32_t i = maze_count(maze); i-- > first;) {
-    MazeNode &node = maze_nodes(maze)[i];
-    if (!node.submaze) continue;
-    node.submaze = Maze_copy(node.submaze, 1);
-    node.submaze->parent = maze;
-    node.submaze->parentnode = i;
-  }
-}
-
-Maze *Maze_copy(const Maze *maze, int32_t recursive) {
+static Maze *copy_one(const Maze *maze) {
   Maze *copy = Maze_new();
   copy_nodes(&copy->nodes, &maze->nodes);
   copy->parent = maze->parent;
@@ -84,7 +85,22 @@ Maze *Maze_copy(const Maze *maze, int32_t recursive) {
   copy->bordermask = maze->bordermask;
   copy->halfwidth = maze->halfwidth;
   if (maze->name) str_dup_into(&copy->name, maze->name);
-  if (recursive) own_submazes(copy, 0);
+  return copy;
+}
+
+// Replaces the submaze of a node, which is shared with some source, by a shallow copy that belongs
+// to this maze.
+static void own_submaze(Maze *maze, int32_t i) {
+  MazeNode &node = maze_nodes(maze)[i];
+  if (!node.submaze) return;
+  node.submaze = copy_one(node.submaze);
+  node.submaze->parent = maze;
+  node.submaze->parentnode = i;
+}
+
+Maze *Maze_copy(const Maze *maze, int32_t recursive) {
+  Maze *copy = copy_one(maze);
+  if (recursive) Maze_each_node(copy, 1, own_submaze);
   return copy;
 }
 
@@ -95,8 +111,9 @@ void Maze_append(Maze *a, const Maze *b) {
     MazeNode &node = maze_nodes(a)[i];
     for (uint32_t r = node.degree; r-- > 0;)
       node.nbr[r] += first;
+    own_submaze(a, i);
+    if (node.submaze) Maze_each_node(node.submaze, 1, own_submaze);
   }
-  own_submazes(a, first);
 }
 
 Maze *Maze_merged(const Maze *a, const Maze *b) {

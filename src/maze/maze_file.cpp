@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "maze/pos.h"
 #include "support/strings.h"
@@ -13,7 +14,6 @@ constexpr size_t node_head = 28; // bytes of the place and the degree
 constexpr size_t edge_size = 24;
 constexpr size_t smallest_node = 53; // bytes of a node without rows or a submaze
 constexpr size_t smallest_tail = 9;  // of a maze: `visited`, `bordermask`, the name's NUL
-constexpr int32_t deepest = 100;     // levels; far beyond any tree that is ever made
 
 uint8_t *put_edge(uint8_t *at, const MazeEdge &edge) {
   at = put_number(at, edge.colour);
@@ -22,7 +22,7 @@ uint8_t *put_edge(uint8_t *at, const MazeEdge &edge) {
   return put_number(at, edge.roamertime);
 }
 
-void write_node(const MazeNode &node, ByteWriter *out, const Maze *current) {
+void write_node(const MazeNode &node, ByteWriter *out) {
   uint8_t bytes[smallest_node + MAZE_MAX_DEGREE * (4 + edge_size)];
   uint8_t *at = bytes;
   for (const double coordinate : {node.x, node.y, node.z})
@@ -35,7 +35,20 @@ void write_node(const MazeNode &node, ByteWriter *out, const Maze *current) {
   at = put_edge(at, node.self);
   at = put_number(at, static_cast<uint8_t>(node.submaze != nullptr ? 1 : 0));
   write_bytes(out, bytes, static_cast<size_t>(at - bytes));
-  if (node.submaze != nullptr) Maze_write(node.submaze, out, current);
+}
+
+// What stands before the nodes of a maze.
+void write_head(const Maze *maze, ByteWriter *out, const Maze *current) {
+  write_number(out, static_cast<uint8_t>(maze == current ? 1 : 0));
+  write_number(out, maze->nodes.count);
+}
+
+// What stands behind them.
+void write_tail(const Maze *maze, ByteWriter *out) {
+  write_number(out, maze->visited);
+  write_number(out, maze->bordermask);
+  const char *name = maze->name != nullptr ? maze->name : "";
+  write_bytes(out, name, std::strlen(name) + 1);
 }
 
 MazeEdge edge_at(const uint8_t *bytes) {
@@ -92,79 +105,110 @@ bool rows_are_sound(const Maze *maze) {
   return true;
 }
 
-// What the levels above ask of a maze and its record.
+// A maze whose record is being read.
 struct Level {
-  uint32_t doors; // the first so many nodes are there and plain
-  int32_t depth;
-  size_t owed; // bytes that must be left behind the record for the levels above
+  Maze *maze;
+  uint32_t count; // of nodes in the record
+  uint32_t doors; // of these, the first so many must be plain
+  size_t owed;    // bytes that must be left behind the record for the levels above
 };
 
-Maze *read_record(ByteReader *in, Maze **current, const Level &level);
+struct MazeReader {
+  ByteReader *in;
+  std::vector<Level> levels; // the root first
+  Maze *current;             // the maze with its flag set; null until it is met
+  MazeNode node;             // what stands behind the rows in use has no meaning
+};
 
-// Reads the nodes of a maze and all mazes below.
-void read_nodes(ByteReader *in, Maze *maze, uint32_t count, Maze **current, const Level &level) {
-  MazeNode node = {}; // what stands behind the rows in use has no meaning
-  for (uint32_t i = 0; i < count; i++) {
-    const bool holds = read_node(in, &node);
-    if (holds && i < level.doors) in->failed = true;
-    if (in->failed) return;
-    if (holds) {
-      const size_t owed = level.owed + (count - i - 1) * smallest_node + smallest_tail;
-      node.submaze = read_record(in, current, {node.degree, level.depth + 1, owed});
-      if (node.submaze == nullptr) return;
-      node.submaze->parent = maze;
-      node.submaze->parentnode = static_cast<int32_t>(i);
-    }
-    GrowList_append(&maze->nodes, &node);
-  }
-}
-
-// Null, with `failed` set, if the record is not sound. Since what is owed to the levels above
-// counts too, all the nodes for which there is room at any moment could stand in the file.
-Maze *read_record(ByteReader *in, Maze **current, const Level &level) {
+// Reads what stands before the nodes of a maze and makes a level of it, or sets `failed` if the
+// record can't be right. Since what is owed to the levels above counts too, all the nodes for which
+// there is room at any moment could stand in the file.
+Maze *begin_maze(MazeReader *reader, uint32_t doors, size_t owed) {
+  ByteReader *in = reader->in;
   const bool is_current = is_set(in, read_u8(in));
   const uint32_t count = read_u32(in);
   const size_t left = bytes_left(in);
-  const size_t owed = level.owed + smallest_tail;
-  const bool possible = count > 0 && count <= INT32_MAX && count >= level.doors && left >= owed &&
-                        count <= (left - owed) / smallest_node && level.depth < deepest &&
-                        !(is_current && *current != nullptr);
-  if (in->failed || !possible) {
-    in->failed = true;
-    return nullptr;
-  }
+  const size_t kept = owed + smallest_tail;
+  const bool possible = count <= INT32_MAX && count >= doors && left >= kept &&
+                        count <= (left - kept) / smallest_node &&
+                        !(is_current && reader->current != nullptr);
+  if (!possible) in->failed = true;
+  if (in->failed) return nullptr;
   Maze *maze = Maze_new();
-  if (is_current) *current = maze;
+  if (is_current) reader->current = maze;
   in->out_of_memory = !GrowList_reserve(&maze->nodes, count);
-  if (in->out_of_memory)
-    in->failed = true;
-  else
-    read_nodes(in, maze, count, current, level);
-  maze->visited = read_i32(in);
-  maze->bordermask = read_u32(in);
-  read_name(in, &maze->name);
-  if (!in->failed && rows_are_sound(maze)) return maze;
-  in->failed = true;
-  Maze_destroy(maze, 1);
-  return nullptr;
+  if (in->out_of_memory) in->failed = true;
+  reader->levels.push_back({maze, count, doors, owed});
+  return maze;
+}
+
+void begin_submaze(MazeReader *reader, uint32_t holder) {
+  const Level above = reader->levels.back();
+  const size_t owed = above.owed + (above.count - holder - 1) * smallest_node + smallest_tail;
+  Maze *below = begin_maze(reader, reader->node.degree, owed);
+  if (below == nullptr) return;
+  below->parent = above.maze;
+  below->parentnode = static_cast<int32_t>(holder);
+  maze_nodes(above.maze)[holder].submaze = below;
+}
+
+// Reads nodes of the deepest level to its end, or to the first one that holds a maze.
+void read_nodes(MazeReader *reader) {
+  const Level level = reader->levels.back();
+  for (uint32_t i = level.maze->nodes.count; i < level.count; i++) {
+    const bool holds = read_node(reader->in, &reader->node);
+    if (holds && i < level.doors) reader->in->failed = true;
+    if (reader->in->failed) return;
+    GrowList_append(&level.maze->nodes, &reader->node);
+    if (holds) return begin_submaze(reader, i);
+  }
+}
+
+void end_maze(MazeReader *reader) {
+  Maze *maze = reader->levels.back().maze;
+  maze->visited = read_i32(reader->in);
+  maze->bordermask = read_u32(reader->in);
+  read_name(reader->in, &maze->name);
+  if (!rows_are_sound(maze)) reader->in->failed = true;
+  reader->levels.pop_back();
 }
 
 } // namespace
 
-void Maze_write(const Maze *maze, ByteWriter *out, const Maze *current) {
-  write_number(out, static_cast<uint8_t>(maze == current ? 1 : 0));
-  write_number(out, maze->nodes.count);
-  for (int32_t i = 0; i < maze_count(maze); i++)
-    write_node(maze_nodes(maze)[i], out, current);
-  write_number(out, maze->visited);
-  write_number(out, maze->bordermask);
-  const char *name = maze->name != nullptr ? maze->name : "";
-  write_bytes(out, name, std::strlen(name) + 1);
+void Maze_write(const Maze *root, ByteWriter *out, const Maze *current) {
+  const Maze *maze = root;
+  write_head(maze, out, current);
+  for (int32_t i = 0;;) {
+    if (i < maze_count(maze)) {
+      const MazeNode &node = maze_nodes(maze)[i++];
+      write_node(node, out);
+      if (node.submaze == nullptr) continue;
+      maze = node.submaze;
+      i = 0;
+      write_head(maze, out, current);
+    } else {
+      write_tail(maze, out);
+      if (maze == root) return;
+      i = maze->parentnode + 1;
+      maze = maze->parent;
+    }
+  }
 }
 
 Maze *Maze_read(ByteReader *in, Maze **current) {
-  Maze *found = nullptr;
-  Maze *maze = read_record(in, &found, {0, 0, 0});
-  if (maze != nullptr && found != nullptr) *current = found;
-  return maze;
+  MazeReader reader = {in, {}, nullptr, {}};
+  Maze *root = begin_maze(&reader, 0, 0);
+  while (!in->failed && !reader.levels.empty()) {
+    const Level &level = reader.levels.back();
+    if (level.maze->nodes.count < level.count)
+      read_nodes(&reader);
+    else
+      end_maze(&reader);
+  }
+  if (in->failed) {
+    if (root != nullptr) Maze_destroy(root, 1);
+    return nullptr;
+  }
+  if (reader.current != nullptr) *current = reader.current;
+  return root;
 }

@@ -1,5 +1,8 @@
 #include "render/fixed_plot.h"
 
+#include <vector>
+
+#include "generate/transform.h"
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
 #include "maze/pos.h"
@@ -171,9 +174,8 @@ void line_pass(Maze *maze, const GrowList &runs, const World *world, int32_t all
   if (plot_smooth_lines != 0) smooth_lines_off();
 }
 
-void plot_tree(Maze *maze, const World *world, int32_t all_levels, const Sight &sight) {
-  if (maze->name != nullptr) maze_label(maze);
-  const MazeList *lists = all_levels != 0 ? line_lists_known(maze) : nullptr;
+void plot_maze(Maze *maze, const MazeList *lists, const World *world, int32_t all_levels,
+               const Sight &sight) {
   GrowList runs = runs_in_sight(maze, lists, sight);
   if (runs.count > 0) {
     ribbon_pass(maze, runs, world, all_levels);
@@ -181,16 +183,32 @@ void plot_tree(Maze *maze, const World *world, int32_t all_levels, const Sight &
     line_pass(maze, runs, world, all_levels);
   }
   GrowList_free(&runs);
-  if (all_levels == 0) return;
-  if (lists != nullptr) {
-    for (uint32_t i = 0; i < lists->below.count; i++)
-      plot_tree(rows<MazeBelow>(lists->below)[i].maze, world, 1, sight);
+}
+
+// Puts the mazes that a maze holds on the stack, the last holder's on top.
+void push_below(const Maze *maze, const MazeList *lists, std::vector<Maze *> *stack) {
+  if (lists != nullptr) { // no nodes to look through
+    for (uint32_t i = lists->below.count; i-- > 0;)
+      stack->push_back(rows<MazeBelow>(lists->below)[i].maze);
     return;
   }
-  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
-    Maze *submaze = maze_nodes(maze)[i].submaze;
-    if (submaze != nullptr) plot_tree(submaze, world, 1, sight);
-  }
+  for (int32_t i = 0; i < maze_count(maze); i++)
+    if (Maze *submaze = maze_nodes(maze)[i].submaze) stack->push_back(submaze);
+}
+
+// Labels the mazes of a tree, which come in the order of Maze_next. The first name computes the
+// bounds of all mazes below it at once.
+struct Labels {
+  std::vector<TreeBounds> bounds;
+  size_t next; // of these, the box of the next maze
+};
+
+void label(Labels *labels, const Maze *maze) {
+  if (labels->next == labels->bounds.size()) *labels = {{}, 0};
+  if (labels->bounds.empty() && maze->name != nullptr) labels->bounds = Maze_tree_bounds(maze);
+  if (labels->bounds.empty()) return;
+  const TreeBounds &box = labels->bounds[labels->next++];
+  if (maze->name != nullptr) maze_label_at(maze->name, box.min, box.max);
 }
 
 } // namespace
@@ -209,6 +227,16 @@ void billboard_disc(Vec3 centre, double radius, uint32_t colour, Vec3 eye) {
   }
 }
 
-void fixed_plot(Maze *maze, const World *world, int32_t all_levels) {
-  plot_tree(maze, world, all_levels, sight_now());
+void fixed_plot(Maze *root, const World *world, int32_t all_levels) {
+  const Sight sight = sight_now();
+  Labels labels = {{}, 0};
+  std::vector<Maze *> stack = {root};
+  while (!stack.empty()) {
+    Maze *maze = stack.back();
+    stack.pop_back();
+    const MazeList *lists = all_levels != 0 ? line_lists_known(maze) : nullptr;
+    label(&labels, maze);
+    plot_maze(maze, lists, world, all_levels, sight);
+    if (all_levels != 0) push_below(maze, lists, &stack);
+  }
 }

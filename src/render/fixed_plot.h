@@ -12,7 +12,7 @@
 
 // Draws a maze, and with `all_levels` all below it too, each with its name above it. Without, edges
 // are those of the maze's own rows.
-void fixed_plot(Maze *maze, const World *world, int32_t all_levels);
+void fixed_plot(Maze *root, const World *world, int32_t all_levels);
 
 // A disc at right angles to the direction of the eye, within GL_QUADS under the program of discs.
 // Nothing is seen of it where the eye is its centre.

@@ -24,10 +24,15 @@ void print(double x, double y, double z, const std::string &text, double cell) {
 } // namespace
 
 void maze_label(const Maze *maze) {
-  font_apply("fmod");
   Vec3 low, high;
   Maze_bounds(maze, &low, &high);
-  const std::string name = maze->name;
+  maze_label_at(maze->name, low, high);
+}
+
+void maze_label_at(const char *text, Vec3 low, Vec3 high) {
+  if (low.x > high.x) return;
+  font_apply("fmod");
+  const std::string name = text;
   const size_t first = name.find('.');
   const size_t second = first == std::string::npos ? first : name.find('.', first + 1);
   const std::string first_part = name.substr(0, second);

@@ -163,26 +163,50 @@ void unite(MazeBounds *bounds, const MazeBounds &other) {
   bounds->halfwidth = std::max(bounds->halfwidth, other.halfwidth);
 }
 
-// Looks only where something is missing or may be, somewhere below.
-MazeList *complete(Maze *maze, const MazeListKind &kind, const World *world) {
-  MazeList *list = find_or_make(maze, kind, 1, world);
-  if (list->complete) return list;
+// The bounds without all below.
+void start_bounds(MazeList *list) {
   list->all = {box_empty, 0};
   for (uint32_t k = 0; k < list->chunks.count; k++)
     unite(&list->all, rows<MazeChunk>(list->chunks)[k].bounds);
-  for (uint32_t i = 0; i < list->below.count; i++) {
-    MazeBelow &row = rows<MazeBelow>(list->below)[i];
-    if (row.list == nullptr || !row.list->complete) {
-      row.list = complete(row.maze, kind, world);
-      assert(row.list->above == nullptr || row.list->above == list);
-      row.list->above = list;
-      row.list->place = i;
+}
+
+// The list of the maze in row i, made if it is missing.
+MazeList *list_below(MazeList *list, uint32_t i, const World *world) {
+  MazeBelow &row = rows<MazeBelow>(list->below)[i];
+  if (row.list != nullptr) return row.list;
+  row.list = find_or_make(row.maze, *list->kind, 1, world);
+  assert(row.list->above == nullptr);
+  row.list->above = list;
+  row.list->place = i;
+  return row.list;
+}
+
+void take_bounds(MazeList *list, uint32_t i) {
+  MazeBelow &row = rows<MazeBelow>(list->below)[i];
+  row.bounds = row.list->all;
+  unite(&list->all, row.bounds);
+}
+
+// Looks only where something is missing or may be, somewhere below.
+MazeList *complete(Maze *maze, const MazeListKind &kind, const World *world) {
+  MazeList *root = find_or_make(maze, kind, 1, world);
+  MazeList *list = root;
+  if (!list->complete) start_bounds(list);
+  for (uint32_t i = 0; !root->complete;) {
+    if (i == list->below.count) {
+      list->complete = true;
+      if (list == root) break;
+      i = list->place;
+      list = list->above;
+    } else if (MazeList *below = list_below(list, i, world); below->complete) {
+      take_bounds(list, i++);
+    } else {
+      list = below;
+      i = 0;
+      start_bounds(list);
     }
-    row.bounds = row.list->all;
-    unite(&list->all, row.bounds);
   }
-  list->complete = true;
-  return list;
+  return root;
 }
 
 void call_chunks(const MazeView &view, MazeList *list, int32_t pass) {
@@ -199,23 +223,39 @@ void call_passes(const MazeView &view, MazeList *list, int32_t pass) {
     call_chunks(view, list, each);
 }
 
-// Whether the marker comes among these lists and those below.
-bool holds_marker(const MazeView &view, const MazeList *list) {
-  if (view.kind->marker == nullptr) return false;
-  const Maze *maze = view.world->cur.maze;
-  while (maze != nullptr && maze != list->maze)
-    maze = maze->parent;
-  return maze != nullptr;
+// Sets `has_user` from the user's list up. Only a kind with a marker asks for it.
+void set_has_user(const MazeView &view, bool has_user) {
+  if (view.kind->marker == nullptr) return;
+  for (MazeList *list = maze_list_known(view.world->cur.maze, *view.kind); list != nullptr;
+       list = list->above)
+    list->has_user = has_user;
 }
 
-void call_tree(const MazeView &view, MazeList *list, const MazeBounds &bounds, int32_t pass) {
-  if (!maze_view_shows(view, bounds) && !holds_marker(view, list)) return;
+bool is_called(const MazeView &view, const MazeList *list, const MazeBounds &bounds) {
+  return maze_view_shows(view, bounds) || (view.kind->marker != nullptr && list->has_user);
+}
+
+void call_one(const MazeView &view, MazeList *list, int32_t pass) {
   call_passes(view, list, pass);
   if (view.kind->marker != nullptr && view.world->cur.maze == list->maze)
     view.kind->marker(view.world);
-  for (uint32_t i = 0; i < list->below.count; i++) {
-    const MazeBelow &row = rows<MazeBelow>(list->below)[i];
-    call_tree(view, row.list, row.bounds, pass);
+}
+
+void call_tree(const MazeView &view, MazeList *root, int32_t pass) {
+  if (!is_called(view, root, root->all)) return;
+  call_one(view, root, pass);
+  MazeList *list = root;
+  for (uint32_t i = 0; list != root || i < root->below.count;) {
+    if (i == list->below.count) {
+      i = list->place + 1;
+      list = list->above;
+      continue;
+    }
+    const MazeBelow &row = rows<MazeBelow>(list->below)[i++];
+    if (!is_called(view, row.list, row.bounds)) continue;
+    call_one(view, row.list, pass);
+    list = row.list;
+    i = 0;
   }
 }
 
@@ -268,7 +308,9 @@ void maze_list_call(Maze *root, const MazeListKind &kind, int32_t pass, int32_t 
   MazeList *list = maze_list(root, kind, all_levels, world);
   const MazeView view = maze_view(root, kind, world);
   if (all_levels == 0) return call_passes(view, list, pass);
-  call_tree(view, list, list->all, pass);
+  set_has_user(view, true);
+  call_tree(view, list, pass);
+  set_has_user(view, false);
 }
 
 void maze_list_emit(Maze *maze, const MazeListKind &kind, int32_t pass, int32_t all_levels) {

@@ -91,6 +91,7 @@ struct MazeList {
   MazeList *above; // the list that has this one in its row `place`; null if none has
   uint32_t place;
   bool complete;  // all below is there and in `all`
+  bool has_user;  // the user's maze is this one or below; kept only while a walk needs it
   MazeBounds all; // with all mazes below
 };
 

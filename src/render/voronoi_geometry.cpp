@@ -8,6 +8,7 @@
 #include "generate/transform.h"
 #include "maze/attachment.h"
 #include "maze/pos.h"
+#include "maze/walk.h"
 #include "render/bucket_grid.h"
 
 namespace {
@@ -312,23 +313,18 @@ GrowList *new_cells(uint32_t count) {
   return cells;
 }
 
-BucketGrid grid_of_nodes(const Maze *maze) {
+BucketGrid grid_of_nodes(const Maze *maze, const TreeBounds &bounds) {
   BucketGrid grid;
-  Vec3 low, high;
-  Maze_bounds(maze, &low, &high);
-  bucket_grid_new(&grid, low, high, maze_count(maze));
+  bucket_grid_new(&grid, bounds.min, bounds.max, maze_count(maze));
   for (int32_t i = maze_count(maze); i-- > 0;)
     bucket_grid_add(&grid, node_position(maze_nodes(maze)[i]), i);
   return grid;
 }
 
-} // namespace
-
-void voronoi_build(Maze *maze, int32_t across_levels) {
-  Attachment_drop(maze, cells_name);
+void build(Maze *maze, const TreeBounds &bounds, int32_t across_levels) {
   GrowList *cells = new_cells(maze->nodes.count);
   if (maze->nodes.count > 0) {
-    BucketGrid grid = grid_of_nodes(maze);
+    BucketGrid grid = grid_of_nodes(maze, bounds);
     const CutOrder order = order_cuts(&grid, maze->nodes.count);
     Cut cut;
     for (int32_t i = maze_count(maze); i-- > 0;) {
@@ -340,6 +336,22 @@ void voronoi_build(Maze *maze, int32_t across_levels) {
     bucket_grid_free(&grid);
   }
   Attachment_add(maze, cells_name, reinterpret_cast<intptr_t>(cells), cells_destroy);
+}
+
+} // namespace
+
+void voronoi_build(Maze *maze, int32_t across_levels) {
+  Attachment_drop(maze, cells_name);
+  TreeBounds bounds;
+  Maze_bounds(maze, &bounds.min, &bounds.max);
+  build(maze, bounds, across_levels);
+}
+
+void voronoi_build_missing(Maze *root, int32_t across_levels) {
+  const std::vector<TreeBounds> bounds = Maze_tree_bounds(root);
+  size_t k = 0;
+  for (Maze *maze = root; maze != nullptr; maze = Maze_next(root, maze), k++)
+    if (voronoi_cells(maze) == nullptr) build(maze, bounds[k], across_levels);
 }
 
 const GrowList *voronoi_cells(const Maze *maze) {

@@ -22,6 +22,10 @@ struct VoronoiCorner {
 // neighbours aren't joined; without it all rows of the node count.
 void voronoi_build(Maze *maze, int32_t across_levels);
 
+// The same for all mazes of a tree that have no cells yet. The bounds, which take in all mazes
+// below, are computed once for all.
+void voronoi_build_missing(Maze *root, int32_t across_levels);
+
 // The cells of a maze, of GrowList of VoronoiCorner, one for each node, corners clockwise from
 // above; null if they have not been computed.
 const GrowList *voronoi_cells(const Maze *maze);

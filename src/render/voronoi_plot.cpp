@@ -60,7 +60,7 @@ void collect_layer(const MazeRun &run, const Layer &layer, GrowList *faces, Box 
 
 void collect(const MazeRun &run, GrowList *parts, Box *box) {
   if (voronoi_cells(run.maze) == nullptr) // what moves nodes drops the lists too
-    voronoi_build(run.maze, 1);
+    voronoi_build_missing(run.maze, 1);
   for (int32_t k = 0; k < most_layers && layers[voronoi_mode][k].shape != nullptr; k++)
     collect_layer(run, layers[voronoi_mode][k], &parts[k], box);
 }

@@ -24,11 +24,17 @@ void World_new_maze(World *world, int32_t mode) {
 }
 
 Pos World_first_place(Maze *root) {
-  Maze *maze = root;
-  // A node that holds a submaze is no place to stand on.
-  while (maze_nodes(maze)[0].submaze != nullptr)
-    maze = maze_nodes(maze)[0].submaze;
-  return {maze, 0};
+  Pos pos = {root, 0};
+  for (;;) {
+    if (pos.node < maze_count(pos.maze)) {
+      Maze *below = maze_nodes(pos.maze)[pos.node].submaze;
+      if (below == nullptr) return pos;
+      pos = {below, 0};
+    } else {
+      if (pos.maze == root) return Pos_null;
+      pos = {pos.maze->parent, pos.maze->parentnode + 1};
+    }
+  }
 }
 
 void World_free(World *world) {

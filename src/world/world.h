@@ -40,8 +40,8 @@ void World_new_maze(World *world, int32_t mode);
 // Puts the camera straight behind the user's place, at the distance of the zoom.
 void World_place_camera(World *world);
 
-// Where a walk through a tree starts: node 0 of its root or, where that holds a submaze, of the
-// first maze below that has a plain node 0. Every maze on the way must have nodes.
+// Where the user starts in a tree: the first plain node, where the nodes of a submaze come in the
+// place of their holder. Pos_null if there is none.
 Pos World_first_place(Maze *root);
 
 // Destroys the tree and releases the list of Roamers.

@@ -86,7 +86,8 @@ TEST(Shape, BoundsCoverPlainNodesAndTheFirstOfEachMaze) {
   place({t.root, 1}, {-100, 0, 0}); // a container, and not the first node
   place({t.n2, 2}, {2, -4, 7});
   scenario_hold(t.n3, 0, scenario_path(6));
-  place({t.n3, 0}, {-9, 0, 0}); // a container, but the first node
+  scenario_hold(t.m2, 1, Maze_new()); // adds nothing
+  place({t.n3, 0}, {-9, 0, 0});       // a container, but the first node
   Vec3 low, high;
   Maze_bounds(t.root, &low, &high);
   EXPECT_EQ(length(low - Vec3{-9, -4, 0}) + length(high - Vec3{5, 0, 7}), 0.0);

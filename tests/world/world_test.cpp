@@ -29,6 +29,8 @@ TEST(World, TheFirstPlaceIsThePlainNodeBelowAllFirstNodes) {
   scenario_hold(world.root, 0, one);
   scenario_hold(one, 0, two);
   EXPECT_TRUE(Pos_equal(World_first_place(world.root), {two, 0}));
+  scenario_hold(two, 0, Maze_new());
+  EXPECT_TRUE(Pos_equal(World_first_place(world.root), {two, 1}));
 }
 
 } // namespace

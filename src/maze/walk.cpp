@@ -1,0 +1,15 @@
+#include "maze/walk.h"
+
+Maze *Maze_held_before(const Maze *maze, int32_t end) {
+  const MazeNode *nodes = maze_nodes(maze);
+  for (int32_t i = end; i-- > 0;)
+    if (nodes[i].submaze) return nodes[i].submaze;
+  return nullptr;
+}
+
+Maze *Maze_next(const Maze *root, const Maze *maze) {
+  Maze *next = Maze_held_before(maze, maze_count(maze));
+  for (; !next && maze != root; maze = maze->parent)
+    next = Maze_held_before(maze->parent, maze->parentnode);
+  return next;
+}

@@ -65,6 +65,17 @@ for number in 1 2; do
   end_run
 done
 
+# A session of 10,000 nodes of which the disk has five bytes.
+sparse_session() {
+  printf '\1\20\47\0\0' >maze_save.dat
+  truncate -s 530162 maze_save.dat
+  vorel_start
+  said "damaged"
+  ladder
+  end_run
+}
+on_windows || sparse_session # not a sparse file there
+
 # A file may have 64 KiB here, and the ladder and the font need more.
 full_disk() {
   cp maze_save.dat whole.dat

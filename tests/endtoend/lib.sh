@@ -4,12 +4,13 @@ set -euo pipefail
 rm -rf ./endtoend-run
 mkdir endtoend-run
 cd endtoend-run
-export XDG_DATA_HOME=$PWD/data # not the real user's
 
 # Whether the program under test is the Windows one, which an emulator runs.
 on_windows() {
   [ -n "${VOREL_EMULATED:-}" ]
 }
+
+on_windows || export XDG_DATA_HOME=$PWD/data # not the real user's
 
 # lines FILE: a text of the program's, whose lines end in the way of its system.
 lines() {

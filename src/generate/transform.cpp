@@ -37,15 +37,25 @@ void unite(TreeBounds *bounds, Vec3 low, Vec3 high) {
   bounds->max = upper(bounds->max, high);
 }
 
-// Of the plain nodes and node 0 of one maze.
-TreeBounds own_bounds(const Maze *maze) {
+struct Held {
+  const Maze *maze;
+  size_t holder; // row of the maze that holds it
+};
+
+// The bounds of the plain nodes and node 0 of one maze, which is row `here`; puts the mazes that it
+// holds on the stack, the last holder's on top.
+TreeBounds own_bounds(const Maze *maze, size_t here, std::vector<Held> *stack) {
   constexpr double limit = std::numeric_limits<double>::infinity();
   TreeBounds bounds = {{limit, limit, limit}, {-limit, -limit, -limit}};
   const MazeNode *nodes = maze_nodes(maze);
   if (maze_count(maze) > 0) bounds.min = bounds.max = node_position(nodes[0]);
-  for (int32_t i = maze_count(maze); i-- > 0;)
+  for (int32_t i = 0; i < maze_count(maze); ++i) {
+    const Vec3 p = node_position(nodes[i]);
     if (nodes[i].submaze == nullptr)
-      unite(&bounds, node_position(nodes[i]), node_position(nodes[i]));
+      unite(&bounds, p, p);
+    else
+      stack->push_back({nodes[i].submaze, here});
+  }
   return bounds;
 }
 
@@ -81,24 +91,17 @@ Vec3 warp_position(Vec3 p) {
 }
 
 std::vector<TreeBounds> Maze_tree_bounds(const Maze *root) {
-  struct Held {
-    const Maze *maze;
-    size_t holder; // row of the maze that holds it
-  };
-  std::vector<Held> order;
   std::vector<TreeBounds> tree;
+  std::vector<size_t> holders; // of each row
   std::vector<Held> stack = {{root, 0}};
   while (!stack.empty()) {
-    order.push_back(stack.back());
+    const Held next = stack.back();
     stack.pop_back();
-    const Maze *maze = order.back().maze;
-    for (int32_t i = 0; i < maze_count(maze); ++i)
-      if (maze_nodes(maze)[i].submaze != nullptr)
-        stack.push_back({maze_nodes(maze)[i].submaze, tree.size()});
-    tree.push_back(own_bounds(maze));
+    holders.push_back(next.holder);
+    tree.push_back(own_bounds(next.maze, tree.size(), &stack));
   }
   for (size_t k = tree.size(); k-- > 1;)
-    unite(&tree[order[k].holder], tree[k].min, tree[k].max);
+    unite(&tree[holders[k]], tree[k].min, tree[k].max);
   return tree;
 }
 

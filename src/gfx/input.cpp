@@ -28,6 +28,7 @@ constexpr uint8_t down_bit = 0x80;
 
 // Releases from now on go to another program.
 void leave_window() {
+  if (mouse_event_buttons != 0) mouse_wait_release = 1; // its release may never be seen
   mouse_buttons &= wheel_bits;
   mouse_event_buttons = 0;
   std::memset(key_state, 0, sizeof key_state);

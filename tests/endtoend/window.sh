@@ -71,9 +71,9 @@ display -size 200x200 xc:red & # another program
 other=$!
 desktop_wait "the window to give way" vorel_minimised
 expect_idle
-xdotool mousemove 1200 200
+xdotool mousemove 700 100
 sleep 0.5
-[[ $(xdotool getmouselocation) = "x:1200 y:200 "* ]] || fail "the mouse is held"
+[[ $(xdotool getmouselocation) = "x:700 y:100 "* ]] || fail "the mouse is held"
 kill "$other"
 vorel_return
 expect_same "the way of the mouse was taken for steering"

@@ -11,10 +11,8 @@ sleep 0.5
 shot now.png
 [ "$(pixels_changed last.png now.png)" -eq 0 ] || fail "the picture moves by itself"
 
-hold 0.4 x
-expect_change 300 "X, zooming out"
-hold 0.4 z
-expect_change 300 "Z, zooming in"
+hold_changes 300 "X, zooming out" 0.4 x
+hold_changes 300 "Z, zooming in" 0.4 z
 xdotool mousemove --window "$vorel_window" 200 200
 xdotool click 5
 expect_change 300 "the wheel turned backward"
@@ -35,16 +33,12 @@ drag() {
 }
 drag 1
 expect_change 300 "the left button, moving"
-hold 0.3 Control_L Up
-expect_change 300 "Ctrl and Up, tilting"
-hold 0.3 Control_L Right
-expect_change 300 "Ctrl and Right, turning"
-hold 0.4 g
-expect_change 300 "G, the grid"
-hold 0.4 p
-expect_change 300 "P, plain lines"
-hold 0.4 g
-expect_change 300 "G again, no grid"
+hold_changes 300 "Ctrl and Up, tilting" 0.3 Control_L Up
+hold_changes 300 "Ctrl and Right, turning" 0.3 Control_L Right
+hold_changes 300 "G, the grid" 0.4 g
+hold_changes 300 "P, plain lines" 0.4 p
+hold_changes 300 "P again, antialiased lines" 0.4 p
+hold_changes 300 "G again, no grid" 0.4 g
 
 drag 3
 expect_change 300 "the right button, turning"
@@ -55,16 +49,13 @@ hold 2 Left           # and to the corridor's start
 sleep 1.5
 look
 for key in d a Right Left d; do
-  hold 0.5 $key
-  expect_change 300 "$key, along the corridor"
+  hold_changes 300 "$key, along the corridor" 0.5 $key
 done
-hold 0.2 Control_L Left
-expect_change 300 "Ctrl and Left, turning"
+hold_changes 300 "Ctrl and Left, turning" 0.2 Control_L Left
 hold 0.58 Control_L Left
 sleep 1
 look
 for key in w s Up Down; do
-  hold 0.5 $key
-  expect_change 300 "$key, along the corridor after a quarter turn"
+  hold_changes 300 "$key, along the corridor after a quarter turn" 0.5 $key
 done
 quit_cleanly

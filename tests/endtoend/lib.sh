@@ -49,6 +49,14 @@ expect_change() {
   mv now.png last.png
 }
 
+# hold_changes LEAST WHAT SECONDS KEY...: the keys, held for so long, change more than so many pixels.
+hold_changes() {
+  local least=$1 what=$2
+  shift 2
+  hold "$@"
+  expect_change "$least" "$what"
+}
+
 # Ends the program by Q and expects that it had nothing to say.
 quit_cleanly() {
   leave q

@@ -7,19 +7,14 @@ vorel_start
 ladder
 look
 cp last.png ladder.png
-hold 0.6 Shift_L n
-expect_change 2000 "Shift+N, a patchwork,"
+hold_changes 2000 "Shift+N, a patchwork," 0.6 Shift_L n
 ladder
 look
 [ "$(pixels_changed ladder.png last.png)" -lt 500 ] || fail "another ladder than the first"
 
 # Along the corridor and through the left door into the first room: the view has followed.
-hold 1.5 Right
-expect_change 2000 "the way into the first room"
-hold 1 r
-expect_change 500 "R"
-hold 0.3 e
-expect_change 500 "E"
-hold 0.6 n
-expect_change 500 "N"
+hold_changes 2000 "the way into the first room" 1.5 Right
+hold_changes 500 "R" 1 r
+hold_changes 500 "E" 0.3 e
+hold_changes 500 "N" 0.6 n
 quit_cleanly

@@ -8,19 +8,13 @@ hold 0.4 Control_L Up
 sleep 1.5
 look
 cp last.png lines.png
-hold 0.4 h
-expect_change 300 "H, the gantry"
-hold 0.4 h
-expect_change 300 "H again, balls and sticks"
-hold 0.4 l
-expect_change 0 "L, a light"
-hold 0.4 l
-expect_change 0 "L again, no light"
-hold 0.4 v
-expect_change 300 "V, the landscape"
+hold_changes 300 "H, the gantry" 0.4 h
+hold_changes 300 "H again, balls and sticks" 0.4 h
+hold_changes 0 "L, a light" 0.4 l
+hold_changes 0 "L again, no light" 0.4 l
+hold_changes 300 "V, the landscape" 0.4 v
 for mode in 0 1 2 3 4 5; do
-  hold 0.4 m
-  expect_change 300 "M to kind $mode"
+  hold_changes 300 "M to kind $mode" 0.4 m
 done
 hold 0.4 h # has no effect on the landscape
 sleep 0.5

@@ -11,17 +11,12 @@ look
 cp last.png mono.png
 # Each mode is another picture than the one before, and F4 and F6 change each.
 for mode in 1 2 3 4 5 6 7 8; do
-  hold 0.4 F3
-  expect_change 300 "F3 to mode $mode"
-  hold 0.4 F4
-  expect_change 100 "F4 in mode $mode"
-  hold 0.4 F4
-  expect_change 100 "F4 again in mode $mode"
+  hold_changes 300 "F3 to mode $mode" 0.4 F3
+  hold_changes 100 "F4 in mode $mode" 0.4 F4
+  hold_changes 100 "F4 again in mode $mode" 0.4 F4
 done
-hold 0.4 F6
-expect_change 100 "F6, more depth"
-hold 0.4 F5
-expect_change 100 "F5, less depth"
+hold_changes 100 "F6, more depth" 0.4 F6
+hold_changes 100 "F5, less depth" 0.4 F5
 hold 0.4 F3
 sleep 0.5
 shot now.png

@@ -11,8 +11,7 @@ lit() { # WxH+X+Y: how many pixels of the window's part are lit
 }
 [ "$(lit 200x14+0+0)" -gt 200 ] || fail "no prompt at the start"
 [ "$(lit 400x180+0+14)" -eq 0 ] || fail "more than the prompt at the start"
-hold 0.4 space
-expect_change 2000 "Space, the help"
+hold_changes 2000 "Space, the help" 0.4 space
 [ "$(lit 400x14+0+182)" -gt 200 ] || fail "the help has no fourteenth line"
 hold 1.2 Right # to the first room, and back to the start: a node to count
 hold 3 Left

@@ -82,11 +82,12 @@ TEST_F(RecoveryFile, EachRunHasItsOwnAndTheNewestIsResumed) {
     world.cur.node++;
     frames(run, recovery_period);
   }
-  fs::last_write_time(first.path, fs::last_write_time(second.path) - std::chrono::seconds(1));
-  std::ofstream("maze_save.recovery-7.dat") << "damaged";
-  ASSERT_NE(first.path, second.path);
+  const std::string older = first.path, newer = second.path;
+  ASSERT_NE(older, newer);
   kill(&first);
   kill(&second);
+  fs::last_write_time(older, fs::last_write_time(newer) - std::chrono::seconds(1));
+  std::ofstream("maze_save.recovery-7.dat") << "damaged";
   EXPECT_EQ(resume(), 2);
   EXPECT_TRUE(fs::exists("maze_save.beside-1.dat") && fs::exists("maze_save.damaged-1.dat"));
   Recovery_end(&second, false);
@@ -99,7 +100,8 @@ TEST_F(RecoveryFile, AFailureIsReportedOnceAndTriedAgain) {
   const fs::path gone = folder / "gone";
   fs::create_directory(gone);
   fs::current_path(gone);
-  fs::remove(gone);
+  std::error_code error;
+  if (!fs::remove(gone, error)) GTEST_SKIP() << "this system keeps a folder that is in use";
   testing::internal::CaptureStderr();
   world.cur.node = 1;
   frames(&first, recovery_period);

@@ -39,14 +39,16 @@ desktop_stop() {
   wait 2>/dev/null || true
 }
 
-# desktop_wait WHAT COMMAND...: until the command succeeds, for at most 30 seconds.
+desktop_patience=300 # tenths of a second
+
+# desktop_wait WHAT COMMAND...: until the command succeeds, for at most so long.
 desktop_wait() {
   local what=$1 tries=0
   shift
   until "$@"; do
     tries=$((tries + 1))
-    if [ $tries -gt 300 ]; then
-      echo "waited in vain for $what" >&2
+    if [ $tries -gt $desktop_patience ]; then
+      echo "gave up waiting for $what" >&2
       exit 1
     fi
     sleep 0.1

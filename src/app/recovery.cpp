@@ -14,9 +14,7 @@
 
 namespace {
 
-constexpr const char *first_name = "maze_save.recovery.dat";
-constexpr const char *name_stem = "maze_save.recovery"; // of further ones, which have numbers
-constexpr uint32_t blocks_per_frame = 32;               // of 64 KiB: about a millisecond
+constexpr double piece_time = 0.005; // seconds of a frame that go to writing
 
 // A recovery file that no run holds.
 struct Orphan {
@@ -25,23 +23,39 @@ struct Orphan {
   FileIdentity identity;
 };
 
-// The newest first.
-std::vector<Orphan> find_orphans() {
-  std::vector<std::string> names = file_numbered_names(name_stem, session_ending);
-  names.push_back(first_name);
-  std::vector<Orphan> orphans;
-  for (const std::string &name : names) {
-    FileLock *lock = file_lock(name);
-    if (lock != nullptr) orphans.push_back({name, lock, file_identity(name)});
+// Adds it to the list. A file without bytes was the mark of a run that was killed before its first
+// write.
+void add_orphan(std::vector<Orphan> *orphans, const std::string &path) {
+  FileLock *lock = file_lock(path);
+  const FileIdentity identity = file_identity(path);
+  if (lock != nullptr && identity.size > 0) {
+    orphans->push_back({path, lock, identity});
+    return;
   }
+  if (lock != nullptr) file_remove(path);
+  file_unlock(lock);
+  if (lock != nullptr || errno == EWOULDBLOCK || errno == ENOENT) return;
+  report_sentence("the recovery file \"%s\" can't be opened (%s); it is left alone", path.c_str(),
+                  std::strerror(errno));
+}
+
+// The newest first.
+std::vector<Orphan> lock_orphans() {
+  std::vector<std::string> names = file_numbered_names(recovery_stem, session_ending);
+  names.push_back(recovery_path);
+  std::vector<Orphan> orphans;
+  for (const std::string &name : names)
+    add_orphan(&orphans, name);
   std::sort(orphans.begin(), orphans.end(),
             [](const Orphan &a, const Orphan &b) { return a.identity.time > b.identity.time; });
   return orphans;
 }
 
 void rename_orphan(const Orphan &orphan, const char *stem, const char *reason) {
+  std::string aside = file_rename_free(orphan.path, stem, session_ending);
   file_unlock(orphan.lock);
-  const std::string aside = set_aside(orphan.path, stem);
+  if (aside.empty()) // some systems don't rename a locked file
+    aside = file_rename_free(orphan.path, stem, session_ending);
   if (aside.empty())
     report_sentence("the recovery file \"%s\" %s and can't be renamed (%s); it is left alone",
                     orphan.path.c_str(), reason, std::strerror(errno));
@@ -50,7 +64,7 @@ void rename_orphan(const Orphan &orphan, const char *stem, const char *reason) {
                     orphan.path.c_str(), reason, aside.c_str());
 }
 
-void take_over(Recovery *recovery, const Orphan &orphan) {
+void adopt(Recovery *recovery, const Orphan &orphan) {
   recovery->path = orphan.path;
   recovery->lock = orphan.lock;
   recovery->identity = orphan.identity;
@@ -62,7 +76,7 @@ void take_over(Recovery *recovery, const Orphan &orphan) {
 bool resume_orphan(Recovery *recovery, World *world, const Orphan &orphan) {
   switch (World_load(world, orphan.path.c_str())) {
   case SessionLoad::loaded:
-    take_over(recovery, orphan);
+    adopt(recovery, orphan);
     return true;
   case SessionLoad::damaged:
     rename_orphan(orphan, damaged_stem, "is damaged");
@@ -75,96 +89,125 @@ bool resume_orphan(Recovery *recovery, World *world, const Orphan &orphan) {
   }
 }
 
-// Another program can have put its own file there, or the user can have removed ours.
+// Another program can have replaced the file, or the user can have removed it.
 bool is_ours(const Recovery *recovery) {
-  const FileIdentity now = file_identity(recovery->path);
-  return now.exists && now == recovery->identity;
+  return recovery->identity.exists && file_identity(recovery->path) == recovery->identity;
 }
 
-void choose_path(Recovery *recovery) {
-  if (!recovery->path.empty() && is_ours(recovery)) return;
-  const bool taken = file_identity(first_name).exists;
-  recovery->path = taken ? file_free_name(name_stem, session_ending) : first_name;
-}
-
-// Some systems don't replace a file that is locked.
 void unlock(Recovery *recovery) {
   file_unlock(recovery->lock);
   recovery->lock = nullptr;
 }
 
-// After a write that was done or not.
-void settle(Recovery *recovery, bool written) {
-  const int cause = errno;
-  if (written) recovery->identity = file_identity(recovery->path);
-  if (is_ours(recovery)) recovery->lock = file_lock(recovery->path);
-  if (written) return;
-  recovery->changed = true;
-  if (recovery->failure_reported) return;
-  recovery->failure_reported = true;
-  report_sentence("the recovery file \"%s\" could not be written (%s); quit to save the session",
-                  recovery->path.c_str(), std::strerror(cause));
+void forget_file(Recovery *recovery) {
+  unlock(recovery);
+  recovery->identity = {};
+}
+
+// Makes an empty file under the first name that is free. False, with errno, on failure.
+bool create_file(Recovery *recovery) {
+  recovery->path = recovery_path;
+  FILE *file = file_create(recovery->path, false);
+  while (file == nullptr && errno == EEXIST) {
+    recovery->path = file_free_name(recovery_stem, session_ending);
+    file = file_create(recovery->path, false);
+  }
+  if (file == nullptr || std::fclose(file) != 0) return false;
+  recovery->lock = file_lock(recovery->path);
+  recovery->identity = file_identity(recovery->path);
+  return true;
+}
+
+// Opens the file's replacement. False, with errno, on failure.
+bool open_replacement(Recovery *recovery) {
+  if (!is_ours(recovery)) {
+    forget_file(recovery);
+    if (!create_file(recovery)) return false;
+  }
+  return file_replace_begin(&recovery->file, recovery->path.c_str(), false);
+}
+
+// Puts the replacement in place. The lock goes over to it before it has the name, where the system
+// lets an open file be locked and replaced. False, with errno, on failure.
+bool close_replacement(Recovery *recovery, bool complete, FileFlush flush) {
+  const int cause = errno; // of what is not complete
+  const bool ours = is_ours(recovery);
+  FileLock *next = file_lock(recovery->file.temporary);
+  if (next == nullptr) unlock(recovery);
+  errno = complete ? EBUSY : cause;
+  const bool done = file_replace_end(&recovery->file, complete && ours, flush);
+  const int fault = errno;
+  if (done && next != nullptr) unlock(recovery);
+  if (!done) file_unlock(next);
+  if (done && next != nullptr) recovery->lock = next;
+  if (recovery->lock == nullptr) recovery->lock = file_lock(recovery->path);
+  if (done) recovery->identity = file_identity(recovery->path);
+  if (recovery->lock == nullptr) forget_file(recovery); // the next write takes another name
+  errno = fault;
+  return done;
 }
 
 void free_blocks(Recovery *recovery) {
+  if (recovery->blocks.data == nullptr) return;
   for (uint32_t i = 0; i < recovery->blocks.count; i++)
     std::free(rows<ByteBlock>(recovery->blocks)[i].bytes);
   GrowList_free(&recovery->blocks);
 }
 
-void abandon_write(Recovery *recovery) {
-  if (recovery->file.stream == nullptr) return;
-  file_replace_end(&recovery->file, false);
-  free_blocks(recovery);
-  recovery->changed = true;
+void report_failure(Recovery *recovery) {
+  if (recovery->failure_reported) return;
+  recovery->failure_reported = true;
+  report_sentence("the recovery file \"%s\" could not be written (%s); quit to save the session",
+                  recovery->path.c_str(), std::strerror(errno));
 }
 
 void begin_write(Recovery *recovery, const World *world) {
-  abandon_write(recovery);
-  recovery->changed = false;
+  Recovery_abandon(recovery);
+  recovery->changed_again = false;
   recovery->last_write = gfx_clock();
   recovery->next_block = 0;
   GrowList_init(&recovery->blocks, sizeof(ByteBlock));
-  choose_path(recovery);
-  if (World_serialise(world, &recovery->blocks) &&
-      file_replace_begin(&recovery->file, recovery->path.c_str(), false))
-    return;
+  if (World_serialise(world, &recovery->blocks) && open_replacement(recovery)) return;
+  report_failure(recovery);
   free_blocks(recovery);
-  settle(recovery, false);
 }
 
 void end_write(Recovery *recovery, bool complete) {
-  const int cause = errno; // of what is not complete
+  const bool done = close_replacement(recovery, complete, FileFlush::later);
+  if (!done) report_failure(recovery);
+  recovery->changed = recovery->changed_again || !done;
   free_blocks(recovery);
-  unlock(recovery);
-  choose_path(recovery);
-  recovery->file.target = recovery->path;
-  errno = cause;
-  settle(recovery, file_replace_end(&recovery->file, complete, FileFlush::later));
+}
+
+// False, with errno, if it can't be written.
+bool write_next_block(Recovery *recovery) {
+  ByteBlock &block = rows<ByteBlock>(recovery->blocks)[recovery->next_block++];
+  const bool done = std::fwrite(block.bytes, 1, block.size, recovery->file.stream) == block.size;
+  std::free(block.bytes);
+  block.bytes = nullptr;
+  return done;
 }
 
 void write_piece(Recovery *recovery) {
-  const uint32_t end = std::min(recovery->next_block + blocks_per_frame, recovery->blocks.count);
-  FILE *stream = recovery->file.stream;
-  for (; recovery->next_block < end; recovery->next_block++) {
-    const ByteBlock block = rows<ByteBlock>(recovery->blocks)[recovery->next_block];
-    if (std::fwrite(block.bytes, 1, block.size, stream) != block.size) {
+  const double end = gfx_clock() + piece_time;
+  do {
+    if (!write_next_block(recovery)) {
       end_write(recovery, false);
       return;
     }
-  }
-  file_sync_begin(stream);
-  if (end == recovery->blocks.count) end_write(recovery, true);
+  } while (recovery->next_block < recovery->blocks.count && gfx_clock() < end);
+  file_sync_begin(recovery->file.stream);
+  if (recovery->next_block == recovery->blocks.count) end_write(recovery, true);
 }
 
-void remember(Recovery *recovery, const World *world) {
+void note_changes(Recovery *recovery, const World *world, bool moved) {
+  const bool changed = moved || recovery->root != world->root->serial ||
+                       !Pos_equal(recovery->cur, world->cur) || recovery->zoom != world->zoom;
+  recovery->changed |= changed;
+  recovery->changed_again |= changed;
   recovery->root = world->root->serial;
   recovery->cur = world->cur;
   recovery->zoom = world->zoom;
-}
-
-bool differs(const Recovery *recovery, const World *world) {
-  return !Pos_equal(recovery->cur, world->cur) || recovery->zoom != world->zoom;
 }
 
 } // namespace
@@ -172,7 +215,7 @@ bool differs(const Recovery *recovery, const World *world) {
 bool Recovery_resume(Recovery *recovery, World *world, const FileIdentity &session) {
   *recovery = {};
   bool resumed = false;
-  for (const Orphan &orphan : find_orphans()) {
+  for (const Orphan &orphan : lock_orphans()) {
     const bool recent = !session.exists || orphan.identity.time >= session.time;
     if (resumed || !recent)
       rename_orphan(orphan, beside_stem, "is older than the session that is resumed");
@@ -184,36 +227,44 @@ bool Recovery_resume(Recovery *recovery, World *world, const FileIdentity &sessi
 
 void Recovery_start(Recovery *recovery, const World *world) {
   recovery->last_write = gfx_clock();
-  remember(recovery, world);
+  note_changes(recovery, world, false);
+  recovery->changed = false;
 }
 
-void Recovery_frame(Recovery *recovery, const World *world, bool relaxed, bool hidden) {
+void Recovery_frame(Recovery *recovery, const World *world, bool moved, bool hidden) {
   const bool new_maze = recovery->root != world->root->serial;
-  const bool at_once = new_maze || (hidden && !recovery->was_hidden);
+  const bool just_hidden = hidden && !recovery->was_hidden;
   recovery->was_hidden = hidden;
-  recovery->changed |= new_maze || relaxed || differs(recovery, world);
-  remember(recovery, world);
-  const bool due = gfx_clock() - recovery->last_write >= recovery_period;
-  if (recovery->changed && (at_once || due)) begin_write(recovery, world);
+  note_changes(recovery, world, moved);
+  const bool writing = recovery->file.stream != nullptr;
+  const bool due = just_hidden || gfx_clock() - recovery->last_write >= recovery_period;
+  if (new_maze || (recovery->changed && due && !writing)) begin_write(recovery, world);
   if (recovery->file.stream != nullptr) write_piece(recovery);
 }
 
-void Recovery_write(Recovery *recovery, const World *world) {
-  abandon_write(recovery);
-  if (!recovery->changed) return;
-  recovery->changed = false;
-  unlock(recovery);
-  choose_path(recovery);
-  const bool written = World_save(world, recovery->path.c_str());
-  settle(recovery, written);
-  if (written)
-    report_sentence("the session has been written to \"%s\"; the next start resumes it",
-                    recovery->path.c_str());
+bool Recovery_write(Recovery *recovery, const World *world) {
+  static ByteWriter out; // there may be no memory left
+  Recovery_abandon(recovery);
+  note_changes(recovery, world, false);
+  if (!recovery->changed) return true;
+  if (!open_replacement(recovery)) return false;
+  out.file = recovery->file.stream;
+  out.failed = false;
+  World_write(world, &out);
+  recovery->changed = !close_replacement(recovery, !out.failed, FileFlush::wait);
+  return !recovery->changed;
+}
+
+void Recovery_abandon(Recovery *recovery) {
+  const bool writing = recovery->file.stream != nullptr;
+  if (writing) file_replace_end(&recovery->file, false);
+  free_blocks(recovery);
 }
 
 void Recovery_end(Recovery *recovery, bool saved) {
-  abandon_write(recovery);
-  const bool ours = !recovery->path.empty() && is_ours(recovery);
+  Recovery_abandon(recovery);
+  const bool remove = saved && is_ours(recovery);
+  const bool removed = remove && file_remove(recovery->path);
   unlock(recovery);
-  if (saved && ours) file_remove(recovery->path);
+  if (remove && !removed) file_remove(recovery->path); // some systems don't remove a locked file
 }

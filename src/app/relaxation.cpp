@@ -18,7 +18,7 @@ constexpr const char *stale[] = {"lists",        "ballstick_ballslist", "ballsti
 
 } // namespace
 
-void relax_frame(Relaxation *relaxation, Maze *maze, double dt, bool simplify, bool experiment) {
+bool relax_frame(Relaxation *relaxation, Maze *maze, double dt, bool simplify, bool experiment) {
   double &rate = relaxation->simplify_rate;
   if (simplify) {
     Maze_smooth(maze, std::min(std::min(dt, longest_step) * rate, 1.0));
@@ -30,7 +30,8 @@ void relax_frame(Relaxation *relaxation, Maze *maze, double dt, bool simplify, b
     Maze_smooth(maze, experiment_step);
     Maze_repel(maze, experiment_step);
   }
-  if (!simplify && !experiment) return;
+  if (!simplify && !experiment) return false;
   for (const char *name : stale)
     Attachment_drop_tree(maze, name);
+  return true;
 }

@@ -9,5 +9,6 @@ struct Relaxation {
 };
 
 // One frame of them: `simplify` and `experiment` tell which key is held, `dt` is the frame time in
-// seconds. Drops what plots keep of the maze and of all mazes below it if anything moved.
-void relax_frame(Relaxation *relaxation, Maze *maze, double dt, bool simplify, bool experiment);
+// seconds. Drops what plots keep of the maze and of all mazes below it if anything moved, which is
+// returned.
+bool relax_frame(Relaxation *relaxation, Maze *maze, double dt, bool simplify, bool experiment);

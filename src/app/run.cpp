@@ -55,17 +55,17 @@ void draw_frame(Run *run, double dt) {
 
 Run *unsaved; // the run that has a session to lose; null if there is none
 
-// The library of the window system ends the program when it loses its server, and so does a fatal
-// report.
 void save_unsaved() {
-  if (unsaved != nullptr && unsaved->world.root != nullptr)
-    Recovery_write(&unsaved->recovery, &unsaved->world);
+  Run *run = unsaved;
   unsaved = nullptr;
+  if (run != nullptr) save_for_recovery(run);
 }
 
-void recovery_frame(Run *run) {
-  const bool relaxed = key_down('R') || key_down('E');
-  Recovery_frame(&run->recovery, &run->world, relaxed, platform_is_minimised());
+// The library of the window system ends the program when it loses its server, and so does a fatal
+// report.
+void save_at_exit() {
+  memory_forbid_exit();
+  save_unsaved();
 }
 
 } // namespace
@@ -87,7 +87,8 @@ bool run_start(Run *run) {
   start_fonts();
   start_session(run);
   unsaved = run;
-  std::atexit(save_unsaved);
+  memory_save = save_unsaved;
+  std::atexit(save_at_exit);
   run->control = {};
   run->relaxation = {1.0};
   run->helpstate = 0;
@@ -115,7 +116,7 @@ bool run_frame(Run *run) {
   keys_switches(run);
   if (seen) draw_frame(run, dt);
   keys_new_maze(world);
-  relax_frame(&run->relaxation, world->cur.maze, dt, key_down('R'), key_down('E'));
+  run->moved = relax_frame(&run->relaxation, world->cur.maze, dt, key_down('R'), key_down('E'));
   keys_screenshot();
   if (seen)
     gfx_swap(0);
@@ -125,13 +126,14 @@ bool run_frame(Run *run) {
 }
 
 bool run_end(Run *run) {
-  const bool saved = save_session(run);
+  Recovery_abandon(&run->recovery);
+  const SessionPlace place = save_session(run);
   unsaved = nullptr;
-  Recovery_end(&run->recovery, saved);
+  Recovery_end(&run->recovery, place == SessionPlace::this_folder);
   World_free(&run->world);
   end_settings(run);
   gfx_close();
-  return saved;
+  return place != SessionPlace::nowhere;
 }
 
 int run_program() {
@@ -142,6 +144,6 @@ int run_program() {
   if (!run_start(&run)) return 1;
   // A close request drops the context at once, in the very first pump too.
   while (gfx_context_alive() && run_frame(&run))
-    recovery_frame(&run);
+    Recovery_frame(&run.recovery, &run.world, run.moved, platform_is_minimised());
   return run_end(&run) ? 0 : 1;
 }

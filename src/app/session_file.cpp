@@ -10,12 +10,12 @@
 
 namespace {
 
-// Keeps a session that can't be used from being written over by the end of this run. `instead`
-// tells what the run starts with.
+// Keeps a session that can't be used from being replaced at the end of this run. `instead` tells
+// what the run starts with.
 void keep_damaged(Run *run, const char *instead) {
-  const std::string aside = set_aside(session_path, damaged_stem);
-  run->keeps_session = !aside.empty();
-  if (run->keeps_session)
+  const std::string aside = file_rename_free(session_path, damaged_stem, session_ending);
+  run->may_replace_session = !aside.empty();
+  if (!aside.empty())
     report_sentence("the session in \"%s\" is damaged; it has been renamed to \"%s\", and %s",
                     session_path, aside.c_str(), instead);
   else
@@ -25,14 +25,14 @@ void keep_damaged(Run *run, const char *instead) {
 }
 
 void keep_unreadable(Run *run, const char *instead) {
-  run->keeps_session = false;
+  run->may_replace_session = false;
   report_sentence("the session in \"%s\" can't be read (%s); it is left alone, and %s",
                   session_path, std::strerror(errno), instead);
 }
 
 // Why the session must not go to its usual place; null if it may.
-const char *reason_for_another_place(const Run *run) {
-  if (!run->keeps_session) return "it is left alone";
+const char *reason_to_keep(const Run *run) {
+  if (!run->may_replace_session) return "it is left alone";
   const FileIdentity now = file_identity(session_path);
   if (now.exists && now != run->session) return "another program has written it";
   return nullptr;
@@ -44,45 +44,75 @@ bool save_in(const Run *run, const std::string &folder, std::string *path) {
 }
 
 // Saves under another name, in the first folder where that works.
-bool save_elsewhere(const Run *run, std::string *path) {
-  if (save_in(run, "", path)) return true;
+SessionPlace save_elsewhere(const Run *run, std::string *path) {
+  if (save_in(run, "", path)) return SessionPlace::this_folder;
   for (const std::string &folder : {file_data_folder(), file_temporary_folder()})
-    if (!folder.empty() && save_in(run, folder + "/", path)) return true;
-  return false;
+    if (!folder.empty() && save_in(run, folder + "/", path)) return SessionPlace::another_folder;
+  return SessionPlace::nowhere;
+}
+
+// Saves elsewhere after a failure at `path`, which errno tells.
+SessionPlace save_after_failure(const Run *run, const char *path) {
+  const std::string failure = std::strerror(errno);
+  std::string other;
+  const SessionPlace place = save_elsewhere(run, &other);
+  if (place == SessionPlace::nowhere)
+    report_sentence("the session could not be saved to \"%s\" (%s) or anywhere else; what was "
+                    "there is unchanged",
+                    path, failure.c_str());
+  else
+    report_sentence("the session could not be saved to \"%s\" (%s); it has been saved to \"%s\"",
+                    path, failure.c_str(), other.c_str());
+  return place;
+}
+
+SessionPlace save_beside(const Run *run, const char *reason) {
+  std::string path;
+  const SessionPlace place = save_elsewhere(run, &path);
+  if (place == SessionPlace::nowhere)
+    report_sentence("the session could not be saved anywhere (%s); what was there is unchanged",
+                    std::strerror(errno));
+  else
+    report_sentence("the session has been saved to \"%s\", not to \"%s\", since %s", path.c_str(),
+                    session_path, reason);
+  return place;
 }
 
 } // namespace
 
 void start_session(Run *run) {
-  run->keeps_session = true;
+  file_remove_leftovers(session_prefix);
+  run->may_replace_session = true;
   run->session = file_identity(session_path);
-  World recovered;
-  const bool resumed = Recovery_resume(&run->recovery, &recovered, run->session);
-  const char *instead = resumed ? "the recovery file is used instead" : "a new maze has been made";
   const SessionLoad result = World_load(&run->world, session_path);
+  const int cause = errno;
+  const bool loaded = result == SessionLoad::loaded;
+  World recovered;
+  const bool resumed =
+      Recovery_resume(&run->recovery, &recovered, loaded ? run->session : FileIdentity{});
+  const char *instead = resumed ? "the recovery file is used instead" : "a new maze has been made";
+  errno = cause;
   if (result == SessionLoad::damaged) keep_damaged(run, instead);
   if (result == SessionLoad::unreadable) keep_unreadable(run, instead);
-  if (result == SessionLoad::loaded && resumed) World_free(&run->world);
+  if (loaded && resumed) World_free(&run->world);
   if (resumed) run->world = recovered;
-  if (result != SessionLoad::loaded && !resumed) World_new(&run->world, 0);
+  if (!loaded && !resumed) World_new(&run->world, 0);
   Recovery_start(&run->recovery, &run->world);
 }
 
-bool save_session(const Run *run) {
-  const char *reason = reason_for_another_place(run);
-  if (reason == nullptr && World_save(&run->world, session_path)) return true;
-  const std::string failure = reason == nullptr ? std::strerror(errno) : "";
-  std::string path;
-  const bool saved = save_elsewhere(run, &path);
-  if (!saved)
-    report_sentence("the session could not be saved to \"%s\" (%s) or anywhere else; what was "
-                    "there is unchanged",
-                    session_path, reason == nullptr ? failure.c_str() : std::strerror(errno));
-  else if (reason == nullptr)
-    report_sentence("the session could not be saved to \"%s\" (%s); it has been saved to \"%s\"",
-                    session_path, failure.c_str(), path.c_str());
-  else
-    report_sentence("the session has been saved to \"%s\", not to \"%s\", since %s", path.c_str(),
-                    session_path, reason);
-  return saved;
+SessionPlace save_session(const Run *run) {
+  const char *reason = reason_to_keep(run);
+  if (reason != nullptr) return save_beside(run, reason);
+  if (World_save(&run->world, session_path)) return SessionPlace::this_folder;
+  return save_after_failure(run, session_path);
+}
+
+void save_for_recovery(Run *run) {
+  if (run->world.root == nullptr) return; // between two mazes
+  const bool changed = run->recovery.changed;
+  if (!Recovery_write(&run->recovery, &run->world))
+    save_after_failure(run, recovery_path);
+  else if (changed)
+    report_sentence("the session has been written to \"%s\"; the next start resumes it",
+                    run->recovery.path.c_str());
 }

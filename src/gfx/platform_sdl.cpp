@@ -283,14 +283,15 @@ void window_message(const SDL_Event &event) {
   }
 }
 
-// The library turns this signal into a request to quit.
-void request_quit(int) {
-  std::raise(SIGTERM);
+volatile std::sig_atomic_t end_signalled;
+
+void note_end_signal(int) {
+  end_signalled = 1;
 }
 
 // A signal that was ignored from the start stays so.
-void end_politely_on(int signal) {
-  if (std::signal(signal, request_quit) == SIG_IGN) std::signal(signal, SIG_IGN);
+void quit_on(int signal) {
+  if (std::signal(signal, note_end_signal) == SIG_IGN) std::signal(signal, SIG_IGN);
 }
 
 // Where there is no display the library falls back to drivers without one, in which the program
@@ -383,11 +384,12 @@ void platform_swap_interval(int32_t frames) {
 bool platform_messages() {
   SDL_Event event;
   while (SDL_PollEvent(&event) != 0) {
-    if (event.type == SDL_QUIT) {
-      gfx_close_requested();
-      return true;
-    }
+    if (event.type == SDL_QUIT) end_signalled = 1;
     window_message(event);
+  }
+  if (end_signalled != 0) {
+    gfx_close_requested();
+    return true;
   }
   follow_buttons();
   follow_client_size();
@@ -464,10 +466,11 @@ void platform_message_box(const char *caption, const char *text) {
     report_sentence("%s: %s", caption, text);
 }
 
-// The library's own clock and the like will do, and whoever starts programs sees their errors.
+// The library asks to quit on SIGINT and SIGTERM by itself. A pipe that nobody reads must not end
+// the program.
 void platform_begin() {
-  end_politely_on(SIGHUP);
-  end_politely_on(SIGQUIT);
+  quit_on(SIGHUP);
+  quit_on(SIGQUIT);
   std::signal(SIGPIPE, SIG_IGN);
 }
 

@@ -118,6 +118,8 @@ struct ByteWriter {
 
 // False, with errno, if there is no memory for it.
 inline bool keep_block(GrowList *blocks, const uint8_t *bytes, size_t size) {
+  const bool full = blocks->count == blocks->capacity;
+  if (full && !GrowList_reserve(blocks, 2 * blocks->capacity)) return false;
   const ByteBlock block = {static_cast<uint8_t *>(std::malloc(size)), size};
   if (block.bytes == nullptr) return false;
   std::memcpy(block.bytes, bytes, size);

@@ -30,7 +30,12 @@ bool start_shell(std::string line, pid_t *child) {
   char *const arguments[] = {name, option, line.data(), nullptr};
   posix_spawnattr_t attributes;
   posix_spawnattr_init(&attributes);
-  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
+  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGDEF);
+  sigset_t ignored_here;
+  sigemptyset(&ignored_here);
+  sigaddset(&ignored_here, SIGPIPE);
+  sigaddset(&ignored_here, SIGXFSZ);
+  posix_spawnattr_setsigdefault(&attributes, &ignored_here);
   const int fault = posix_spawn(child, "/bin/sh", nullptr, &attributes, arguments, environ);
   posix_spawnattr_destroy(&attributes);
   return fault == 0;

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdint>
+#include <cstring>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -11,7 +12,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int32_t most_links = 40;
+constexpr int32_t max_links = 40;
+constexpr const char *temporary_mark = ".new"; // behind the target's name, before the number
 
 // From UTF-8 on every system; a path takes plain characters for the system's own set.
 fs::path path_of(const std::string &name) {
@@ -27,9 +29,9 @@ std::string numbered(const std::string &stem, int32_t number, const char *ending
 std::string behind_links(const char *path) {
   fs::path at = path_of(path);
   std::error_code error;
-  for (int32_t links = 0; links < most_links && fs::is_symlink(at, error); links++)
+  for (int32_t links = 0; links < max_links && fs::is_symlink(at, error); links++)
     at = at.parent_path() / fs::read_symlink(at, error); // an absolute one replaces all
-  return at.string();
+  return file_utf8(at);
 }
 
 // Whether a temporary is left over from a program that was killed: no save takes so long.
@@ -38,11 +40,6 @@ bool is_leftover(const std::string &name) {
   const auto changed = fs::last_write_time(path_of(name), error);
   return !error && fs::is_regular_file(fs::symlink_status(path_of(name), error)) &&
          fs::file_time_type::clock::now() - changed > std::chrono::hours(1);
-}
-
-std::string utf8_of(const fs::path &path) {
-  const std::u8string text = path.u8string();
-  return std::string(text.begin(), text.end());
 }
 
 // Whether the name is the stem, "-", a number and the ending.
@@ -54,15 +51,19 @@ bool is_numbered(std::string_view name, std::string_view stem, std::string_view 
          middle.find_first_not_of("0123456789", 1) == std::string_view::npos;
 }
 
-void remove_leftovers(const std::string &stem) {
-  for (const std::string &name : file_numbered_names(stem, ""))
-    if (is_leftover(name)) file_remove(name);
+// Where the names in a folder are looked at.
+template <typename Visit> void each_name(const std::string &stem, const Visit &visit) {
+  const fs::path folder = path_of(stem).parent_path();
+  std::error_code error;
+  fs::directory_iterator at(folder.empty() ? fs::path(".") : folder, error);
+  for (; !error && at != fs::directory_iterator(); at.increment(error))
+    visit(file_utf8(at->path().filename()));
 }
 
 // Opens the first temporary name that no other program holds.
 void open_exclusively(FileReplacement *file, bool text) {
-  const std::string stem = file->target + ".new";
-  remove_leftovers(stem);
+  const std::string stem = file->target + temporary_mark;
+  file_remove_leftovers(file->target);
   for (int32_t number = 1;; number++) {
     file->temporary = numbered(stem, number, "");
     file->stream = file_create(file->temporary, text);
@@ -149,16 +150,30 @@ std::string file_free_name(const std::string &stem, const char *ending) {
 }
 
 std::vector<std::string> file_numbered_names(const std::string &stem, const char *ending) {
-  const fs::path path = path_of(stem);
-  const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
-  const std::string start = utf8_of(path.filename());
+  const std::string start = file_utf8(path_of(stem).filename());
   std::vector<std::string> names;
-  std::error_code error;
-  for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
-    const std::string name = utf8_of(at->path().filename());
+  each_name(stem, [&](const std::string &name) {
     if (is_numbered(name, start, ending)) names.push_back(stem + name.substr(start.size()));
-  }
+  });
   return names;
+}
+
+std::string file_rename_free(const std::string &name, const char *stem, const char *ending) {
+  const std::string free_name = file_free_name(stem, ending);
+  return file_rename(name, free_name) ? free_name : std::string();
+}
+
+void file_remove_leftovers(const std::string &prefix) {
+  const std::string start = file_utf8(path_of(prefix).filename());
+  std::vector<std::string> names;
+  each_name(prefix, [&](const std::string &name) {
+    const size_t mark = name.rfind(temporary_mark);
+    if (mark == std::string::npos || !name.starts_with(start)) return;
+    const std::string target = name.substr(0, mark + std::strlen(temporary_mark));
+    if (is_numbered(name, target, "")) names.push_back(prefix + name.substr(start.size()));
+  });
+  for (const std::string &name : names)
+    if (is_leftover(name)) file_remove(name);
 }
 
 std::string file_data_folder() {
@@ -167,13 +182,13 @@ std::string file_data_folder() {
   const fs::path folder = path_of(root) / "vorel";
   std::error_code error;
   fs::create_directories(folder, error);
-  return fs::is_directory(folder, error) ? utf8_of(folder) : std::string();
+  return fs::is_directory(folder, error) ? file_utf8(folder) : std::string();
 }
 
 std::string file_temporary_folder() {
   std::error_code error;
   const fs::path folder = fs::temp_directory_path(error);
-  return error ? std::string() : utf8_of(folder);
+  return error ? std::string() : file_utf8(folder);
 }
 
 bool file_remove(const std::string &name) {

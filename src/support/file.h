@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -44,6 +45,14 @@ std::string file_free_name(const std::string &stem, const char *ending);
 // The names of that form that files have, in no particular order; gaps in the numbers are allowed.
 std::vector<std::string> file_numbered_names(const std::string &stem, const char *ending);
 
+// Gives a file a name of that form that no file has, which is returned; empty, with errno, if it
+// can't be renamed.
+std::string file_rename_free(const std::string &name, const char *stem, const char *ending);
+
+// Removes temporary files that killed programs left behind more than an hour ago: those for targets
+// whose names begin with `prefix`. Their numbers can have gaps.
+void file_remove_leftovers(const std::string &prefix);
+
 // The folder for the user's data of this program, which is made if it is not there; empty if there
 // is none. And the one for temporary files.
 std::string file_data_folder();
@@ -75,6 +84,9 @@ FileLock *file_lock(const std::string &name);
 
 // Ends a lock; null is allowed. On some systems a locked file can't be renamed or replaced.
 void file_unlock(FileLock *lock);
+
+// A path in UTF-8; what can't be converted becomes a mark.
+std::string file_utf8(const std::filesystem::path &path);
 
 // Opens a file by its name in UTF-8, as std::fopen does. Null, with errno, if it can't be.
 FILE *file_stream(const std::string &name, const char *mode);

@@ -27,6 +27,10 @@ struct FileLock {
   int descriptor;
 };
 
+std::string file_utf8(const std::filesystem::path &path) {
+  return path.string();
+}
+
 FILE *file_stream(const std::string &name, const char *mode) {
   return std::fopen(name.c_str(), mode);
 }
@@ -88,8 +92,9 @@ FileIdentity file_identity(const std::string &name) {
 
 // A file system without locks has no way to tell that another program uses the file.
 FileLock *file_lock(const std::string &name) {
-  int descriptor = open(name.c_str(), O_RDWR | O_CLOEXEC); // some network drives ask for writing
-  if (descriptor < 0) descriptor = open(name.c_str(), O_RDONLY | O_CLOEXEC);
+  int descriptor =
+      open(name.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK); // some network drives ask for writing
+  if (descriptor < 0) descriptor = open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (descriptor < 0) return nullptr;
   if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
     close(descriptor);

@@ -36,6 +36,16 @@ struct FileLock {
   HANDLE handle;
 };
 
+std::string file_utf8(const std::filesystem::path &path) {
+  const std::wstring &text = path.native();
+  const int length = static_cast<int>(text.size());
+  const int size =
+      WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+  std::string utf8(static_cast<size_t>(size), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, text.data(), length, utf8.data(), size, nullptr, nullptr);
+  return utf8;
+}
+
 FILE *file_stream(const std::string &name, const char *mode) {
   return _wfopen(wide(name).c_str(), wide(mode).c_str());
 }
@@ -98,15 +108,15 @@ void file_unlock(FileLock *lock) {
 std::string file_data_root() {
   const wchar_t *data = _wgetenv(L"LOCALAPPDATA");
   if (data == nullptr) return {};
-  const std::u8string name = std::filesystem::path(data).u8string();
-  return std::string(name.begin(), name.end());
+  return file_utf8(data);
 }
 
 // Programs that look through new files, such as virus scanners, hold them for a moment. The library
 // tells of a new name that is held as a refusal, but of an old one as a fault of the disk.
 // The system keeps its folders whole by itself.
-bool file_rename(const std::string &from, const std::string &to, FileFlush) {
-  for (int32_t tries = 0; tries < rename_tries; tries++) {
+bool file_rename(const std::string &from, const std::string &to, FileFlush flush) {
+  const int32_t max_tries = flush == FileFlush::wait ? rename_tries : 1; // the caller tries again
+  for (int32_t tries = 0; tries < max_tries; tries++) {
     if (tries > 0) clock_sleep(rename_wait);
     std::error_code error, unknown;
     std::filesystem::rename(path_of(from), path_of(to), error);

@@ -3,20 +3,31 @@
 #include <cstdlib>
 #include <new>
 
+#include "support/clock.h"
 #include "support/report.h"
 
 namespace {
 
-constexpr size_t reserve_size = size_t{4} << 20; // the C library asks the system for 1 MiB at least
+constexpr size_t reserve_size = size_t{4} << 20; // bytes; freed for the ending
 
 void *reserve;
 bool ending;
+uint32_t main_thread;
+
+// Threads of the graphics driver get an error instead: they can't save, and the tree isn't theirs.
+void new_failed() {
+  if (clock_thread() == main_thread) memory_exhausted();
+  std::set_new_handler(nullptr);
+}
 
 } // namespace
 
+void (*memory_save)() = nullptr;
+
 void memory_begin() {
   reserve = std::malloc(reserve_size);
-  std::set_new_handler(memory_exhausted);
+  main_thread = clock_thread();
+  std::set_new_handler(new_failed);
 }
 
 void *memory_block(size_t bytes) {
@@ -35,7 +46,13 @@ void memory_exhausted() {
   if (ending) std::_Exit(1);
   ending = true;
   std::free(reserve);
+  if (memory_save != nullptr) memory_save();
   report_sentence("there is no memory left, so the program ends: close other programs and start it "
                   "again");
   std::exit(1);
+}
+
+void memory_forbid_exit() {
+  std::free(ending ? nullptr : reserve);
+  ending = true;
 }

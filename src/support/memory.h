@@ -13,6 +13,12 @@ void memory_begin();
 void *memory_block(size_t bytes);
 void *memory_zeroed(size_t bytes);
 
-// Releases what was set aside, tells the user and ends the program with status 1, by std::exit, so
-// that what is registered for the exit runs. Once more, in the course of that, it ends at once.
+// What saves the user's work before the program ends; null for nothing.
+extern void (*memory_save)();
+
+// Releases what was set aside, saves the user's work, reports a sentence and ends the program with
+// status 1 by std::exit. A call from inside of that, or after memory_forbid_exit, ends it at once.
 [[noreturn]] void memory_exhausted();
+
+// For code that runs inside std::exit, which must not be called twice.
+void memory_forbid_exit();

@@ -49,6 +49,7 @@ vorel_start
 hold 1.2 Right # a step, which is not written at once
 xdotool windowkill "$vorel_window"
 vorel_wait_end
+[ "$vorel_status" -eq 1 ] || fail "status $vorel_status after the loss of the display"
 resumed "the loss of the display"
 
 # The second of two programs to end saves beside the first; one that can't save here does so elsewhere.

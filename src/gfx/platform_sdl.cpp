@@ -189,13 +189,9 @@ void keep_frame_on_desktop() {
   if (frame_settled || SDL_GetWindowBordersSize(window, &top, &left, &bottom, &right) != 0) return;
   if (top + left + bottom + right == 0) return; // not known yet
   frame_settled = true;
-  PlatformMetrics metrics = platform_metrics();
-  metrics.frame_width = left;
-  metrics.frame_height = bottom;
-  metrics.caption_height = top - bottom;
-  const MonitorRect now = platform_window_rect();
-  const MonitorRect kept =
-      display_framed_outer({screen_width, screen_height}, metrics, centre(now));
+  const MonitorRect now = platform_window_rect(); // with the frame, so the metrics need none
+  const MonitorRect kept = display_framed_outer({now.right - now.left, now.bottom - now.top},
+                                                platform_metrics(), centre(now));
   if (kept.left != now.left || kept.top != now.top)
     SDL_SetWindowPosition(window, kept.left + left, kept.top + top);
 }
@@ -208,10 +204,12 @@ uint32_t button_bits(uint32_t sdl_mask) {
   return bits;
 }
 
-// The true state: a button pressed before the window was there, or released outside it, has sent
-// no event.
+// The global state, since a release outside the window sends no event. A press counts only if the
+// window got it, as others go to a window manager that moves the window.
 uint32_t buttons_held() {
-  return button_bits(SDL_GetGlobalMouseState(nullptr, nullptr));
+  const uint32_t held = button_bits(SDL_GetGlobalMouseState(nullptr, nullptr));
+  if (mouse_wait_release != 0) return held; // pressed before the window could get it
+  return held & button_bits(SDL_GetMouseState(nullptr, nullptr));
 }
 
 void motion_message(const SDL_MouseMotionEvent &motion) {
@@ -224,7 +222,7 @@ void button_message(const SDL_MouseButtonEvent &button) {
   input_mouse_message(button.state == SDL_PRESSED ? others | bit : others, button.x, button.y);
 }
 
-// The library drops the press of a button whose last release it missed.
+// Polls the buttons: SDL drops a press if it missed the release before.
 void follow_buttons() {
   if (SDL_GetMouseFocus() != window) return;
   const uint32_t held = buttons_held();
@@ -409,7 +407,7 @@ void platform_minimise() {
   SDL_MinimizeWindow(window);
 }
 
-// Window managers do so by the window's flags.
+// The window is created always on top; window managers keep it there.
 void platform_keep_on_top() {}
 
 bool platform_has_focus() {

@@ -17,13 +17,12 @@ hold 0.8 x
 sleep 1.5
 look
 hold 0.4 Control_L s
-sleep 1
+desktop_wait "the PNG instead of the BMP" eval 'ls Vorel_*.png >/dev/null 2>&1 && ! ls Vorel_*.bmp >/dev/null 2>&1'
 shots=$(ls Vorel_*.png)
 [ "$(echo "$shots" | wc -l)" -eq 1 ] || fail "one press made $shots"
 [ "$(pixels_changed last.png "$shots")" -eq 0 ] || fail "the file is another picture"
 shot now.png
 [ "$(pixels_changed last.png now.png)" -eq 0 ] || fail "Ctrl and S moved the user"
-[ ! -e "${shots%.png}.bmp" ] || fail "the BMP of a PNG stays"
 # A converter that hangs is ended with all that it has started, and the program hears the end meanwhile.
 printf '#!/bin/sh\nsleep 100 &\necho $! >converter\nwait\n' >bin/magick
 ! on_windows || printf ':again\r\n@goto again\r\n' >magick.bat

@@ -26,7 +26,7 @@ constexpr size_t typed_limit = 499;
 constexpr int32_t word_mask = 0xFFFF; // places left of or above the window read as large numbers
 constexpr uint8_t down_bit = 0x80;
 
-// Releases from now on go to another program.
+// Releases all keys and buttons, since their release events go to another program.
 void leave_window() {
   if (mouse_event_buttons != 0) mouse_wait_release = 1; // its release may never be seen
   mouse_buttons &= wheel_bits;
@@ -34,14 +34,16 @@ void leave_window() {
   std::memset(key_state, 0, sizeof key_state);
   if (windowed != 0) return;
   platform_show_cursor(true);
-  if (!platform_is_minimised()) platform_minimise();
+  platform_allow_screen_saver(true);
+  alt_tabbed = 1;
 }
 
-// The way that the cursor has gone meanwhile is not steering.
+// Discards the cursor's motion while the window was inactive.
 void enter_window() {
   alt_tabbed = 0; // some systems never report that a window was minimised
   if (windowed != 0) return;
   platform_show_cursor(false);
+  platform_allow_screen_saver(false);
   gfx_mouse_recentre(nullptr, nullptr);
 }
 
@@ -49,7 +51,10 @@ void follow_focus() {
   const uint8_t active = platform_has_focus() && !platform_is_minimised() ? 1 : 0;
   if (active == window_active) return;
   window_active = active;
-  active != 0 ? enter_window() : leave_window();
+  if (active != 0)
+    enter_window();
+  else
+    leave_window();
 }
 
 } // namespace

@@ -37,8 +37,11 @@ extern void (*gesture_hook)(uintptr_t wparam, intptr_t lparam); // optional; nul
 extern char typed_text[512];        // queue of typed characters, at most 499
 extern uint8_t key_state[384];      // bit 0x80: the key is down
 extern uint8_t key_state_prev[384]; // one pump earlier
-extern uint8_t alt_tabbed;          // Alt+Tab was seen and the window is not yet minimised
 extern uint8_t window_active;       // the window has the focus and is not minimised
+
+// Set by Alt+Tab and when a fullscreen window loses the focus: each pump asks to minimise the
+// window. Cleared when it is minimised, or has the focus again.
+extern uint8_t alt_tabbed;
 
 // Whether a key is down, and whether it went down in the latest pump.
 bool key_down(int32_t key);

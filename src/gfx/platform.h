@@ -105,6 +105,9 @@ PlatformPoint platform_relative_motion();
 
 void platform_show_cursor(bool shown);
 
+// Allowed at the start.
+void platform_allow_screen_saver(bool allowed);
+
 // A box with an error sign and one button; returns when it was answered.
 void platform_message_box(const char *caption, const char *text);
 

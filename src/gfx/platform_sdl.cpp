@@ -459,6 +459,13 @@ void platform_show_cursor(bool shown) {
   SDL_ShowCursor(shown ? SDL_ENABLE : SDL_DISABLE);
 }
 
+void platform_allow_screen_saver(bool allowed) {
+  if (allowed)
+    SDL_EnableScreenSaver();
+  else
+    SDL_DisableScreenSaver();
+}
+
 void platform_message_box(const char *caption, const char *text) {
   if (SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, caption, text, window) != 0)
     report_sentence("%s: %s", caption, text);

@@ -67,7 +67,8 @@ bool window_message(UINT message, LPARAM lparam) {
   }
 }
 
-// Releases from now on go to another program. Only Caps Lock and its like stay on.
+// Releases all keys, since their release events go to another program. Only Caps Lock and its like
+// stay on.
 void forget_held_keys() {
   constexpr BYTE lock_bit = 1;
   BYTE keys[256];
@@ -417,6 +418,11 @@ void platform_show_cursor(bool shown) {
   if (shown != cursor_hidden) return;
   ShowCursor(shown ? TRUE : FALSE);
   cursor_hidden = !shown;
+}
+
+// The state is the thread's and ends with it.
+void platform_allow_screen_saver(bool allowed) {
+  SetThreadExecutionState(allowed ? ES_CONTINUOUS : ES_CONTINUOUS | ES_DISPLAY_REQUIRED);
 }
 
 void platform_message_box(const char *caption, const char *text) {

@@ -83,6 +83,9 @@ PlatformPoint platform_relative_motion() {
 void platform_show_cursor(bool shown) {
   fake.cursor_hidden += shown ? -1 : 1;
 }
+void platform_allow_screen_saver(bool allowed) {
+  fake.screen_saver = allowed;
+}
 void platform_message_box(const char *caption, const char *text) {
   fake.box = std::string(caption) + "|" + text;
 }

@@ -22,6 +22,7 @@ struct FakePlatform {
 
   PlatformWindowRequest request = {}; // of the last platform_open
   int minimise_asked = 0, on_top_asked = 0, cursor_hidden = 0;
+  bool screen_saver = true;
   std::string box; // the last message box: caption, bar, text
 };
 

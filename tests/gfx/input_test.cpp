@@ -65,6 +65,7 @@ TEST(Input, ALostFocusReleasesKeysButtonsAndMouse) {
     fake.cursor = {70, 70};
     pump({'A'});
     EXPECT_TRUE(fake.cursor.x == (full != 0 ? 0 : 70) && fake.cursor_hidden == full);
+    EXPECT_EQ(fake.screen_saver, full == 0);
     input_mouse_message(0, 5, 5);
     input_mouse_message(mouse_left, 5, 5);
     fake.minimised = minimised != 0;
@@ -73,8 +74,8 @@ TEST(Input, ALostFocusReleasesKeysButtonsAndMouse) {
     for (int i = 0; i < 2; i++)
       pump(std::vector<uint8_t>(static_cast<size_t>(minimised), 'B')); // not looked at
     EXPECT_TRUE(!key_down('A') && !key_down('B') && mouse_buttons == 0 && fake.cursor.x == 70);
-    EXPECT_TRUE(fake.cursor_hidden == 0 && fake.on_top_asked == full);
-    EXPECT_EQ(fake.minimise_asked, full * (1 - minimised));
+    EXPECT_TRUE(fake.cursor_hidden == 0 && fake.on_top_asked == full && fake.screen_saver);
+    EXPECT_EQ(fake.minimise_asked, 2 * full * (1 - minimised)); // until it is done
     fake.focused = true;
     fake.minimised = false;
     pump({'B'});

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <csignal>
 
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -14,8 +15,8 @@ namespace {
 constexpr int32_t pause = 10;       // milliseconds between two looks
 constexpr int32_t last_wait = 1000; // milliseconds for the system to remove what was killed
 
-bool ends_within(pid_t child, int32_t limit) {
-  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(limit);
+bool ends_within(pid_t child, int32_t limit_ms) {
+  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(limit_ms);
   while (waitpid(child, nullptr, WNOHANG) == 0) {
     if (std::chrono::steady_clock::now() >= end) return false;
     clock_sleep(pause);
@@ -23,7 +24,8 @@ bool ends_within(pid_t child, int32_t limit) {
   return true;
 }
 
-// Starts the shell in a process group of its own. False if it can't be started.
+// Starts the shell in a process group of its own, which would be stopped if it read from the
+// terminal. False if it can't be started.
 bool start_shell(std::string line, pid_t *child) {
   char name[] = "sh";
   char option[] = "-c";
@@ -36,16 +38,20 @@ bool start_shell(std::string line, pid_t *child) {
   sigaddset(&ignored_here, SIGPIPE);
   sigaddset(&ignored_here, SIGXFSZ);
   posix_spawnattr_setsigdefault(&attributes, &ignored_here);
-  const int fault = posix_spawn(child, "/bin/sh", nullptr, &attributes, arguments, environ);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  const int fault = posix_spawn(child, "/bin/sh", &actions, &attributes, arguments, environ);
+  posix_spawn_file_actions_destroy(&actions);
   posix_spawnattr_destroy(&attributes);
   return fault == 0;
 }
 
 } // namespace
 
-bool command_run(const std::string &line, int32_t limit) {
+bool command_run(const std::string &line, int32_t limit_ms) {
   pid_t child = 0;
-  if (!start_shell(line, &child) || ends_within(child, limit)) return true;
+  if (!start_shell(line, &child) || ends_within(child, limit_ms)) return true;
   kill(-child, SIGKILL);
   ends_within(child, last_wait);
   return false;

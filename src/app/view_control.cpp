@@ -15,10 +15,12 @@ constexpr double zoom_key_rate = 2.0;      // per second, in the exponent
 constexpr double turn_key_rate = 2.0;      // radians per second
 constexpr double turn_mouse_screen = 10.0; // radians for a screen's width
 constexpr double move_key_zooms = 2.0;     // zoom distances per second
-constexpr double longest_key_time = 1.0;   // seconds in one frame
 
-// Limits what a held key does after the program was stopped: exp(-2 dt) soon leaves the range.
-double key_time(double dt) {
+// Seconds in one frame, for zooming and turning by keys. Without it a key that was held while the
+// program was stopped would zoom out of the range of numbers.
+constexpr double longest_key_time = 1.0;
+
+double limited(double dt) {
   return std::min(dt, longest_key_time);
 }
 
@@ -32,7 +34,7 @@ double direction(bool forward, bool backward) {
 void view_zoom(World *world, double dt) {
   if ((mouse_buttons & mouse_wheel_forward) != 0) world->zoom *= notch_in;
   if ((mouse_buttons & mouse_wheel_backward) != 0) world->zoom *= notch_out;
-  const double exponent = zoom_key_rate * key_time(dt);
+  const double exponent = zoom_key_rate * limited(dt);
   if (key_down('Z')) world->zoom *= std::exp(-exponent);
   if (key_down('X')) world->zoom *= std::exp(exponent);
 }
@@ -68,11 +70,11 @@ void view_mouse_steer(ViewControl *control, double zoom, int32_t dx, int32_t dy)
 
 void view_keys(ViewControl *control, double zoom, double dt) {
   if (key_down(vk_control)) {
-    const double turn = turn_key_rate * key_time(dt);
+    const double turn = turn_key_rate * limited(dt);
     control->pitch += turn * direction(key_down(vk_down), key_down(vk_up));
     control->yaw += turn * direction(key_down(vk_right), key_down(vk_left));
   } else {
-    const double step = move_key_zooms * zoom * key_time(dt);
+    const double step = move_key_zooms * zoom * dt;
     control->my +=
         step * direction(key_down(vk_up) || key_down('W'), key_down(vk_down) || key_down('S'));
     control->mx +=

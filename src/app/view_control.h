@@ -12,8 +12,7 @@ struct ViewControl {
   double mx, my; // the frame's motion along the screen's right and up, world units
 };
 
-// Wheel notches and the held keys Z and X; dt is the frame time in seconds. Held keys, here and in
-// view_keys, count at most one second per frame.
+// Wheel notches and the held keys Z and X; dt is the frame time in seconds.
 void view_zoom(World *world, double dt);
 
 // How far the mouse has steered, in pixels. A window that isn't fullscreen steers only while the

@@ -107,9 +107,9 @@ TEST_F(ViewControlTest, KeysMoveByTheZoomAndCtrlTurnsInstead) {
     double dt;
     ViewControl after;
   } cases[] = {{{vk_up, 'W', 'D'}, 0.1, {0, 0, 4, 4}}, // two for one direction are no faster
-               {{vk_left, 'S'}, 20, {0, 0, -40, -40}}, // one second at most
+               {{vk_left, 'S'}, 20, {0, 0, -800, -800}},
                {{vk_control, vk_up, vk_right, 'S', 'A'}, 0.1, {0.2, -0.2, 0, 0}},
-               {{vk_control, vk_down}, 20, {0, 2, 0, 0}}};
+               {{vk_control, vk_down}, 20, {0, 2, 0, 0}}}; // one second at most
   for (const auto &[keys, dt, after] : cases) {
     control = {};
     hold_keys(keys);

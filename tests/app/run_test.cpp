@@ -8,6 +8,7 @@
 
 #include "gfx/input.h"
 #include "gfx/window.h"
+#include "text/font.h"
 #include "support/clock.h"
 #include "world/move.h"
 
@@ -25,6 +26,7 @@ TEST(Run, FramesMoveTheClockAndTheCameraByTheirTime) {
   ASSERT_TRUE(run_start(&run));
   EXPECT_EQ(screen_width, 4 * screen_height / 3);
   EXPECT_EQ(run.world.time, 0.0);
+  EXPECT_STREQ(current_font->name, "normal");
   run.world.zoom = 40.0;
   const double start = run.world.camera.z;
   const double ideal = World_follow_point(&run.world).z + 40.0;

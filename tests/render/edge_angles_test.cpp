@@ -6,7 +6,6 @@
 #include <limits>
 #include <vector>
 
-#include "maze/attachment.h"
 #include "maze/edit.h"
 #include "maze/pos.h"
 #include "scenarios.h"
@@ -46,14 +45,9 @@ double mitre(double gap) {
 }
 
 TEST(EdgeAngles, CornersLieOnTheEdgesOfBothRoads) {
-  const double third = 2 * pi / 3, ninth = std::sqrt(1.0 / 3);
   const std::vector<Road> meetings[] = {
-      {{{4, 0, 3}, 0, 0}},                                        // a dead end
-      {{{4, 0, 0}, 0, 0}, {{-2, 0, 0}, 0, 0}},                    // straight on
-      {{{4, 0, 7}, 0, 0}, {{-2, 0, -3}, 0, 0}},                   // the same climbing
-      {{{4, 0, 0}, 1, -1}, {{0, 3, 0}, -1, 1}},                   // a right angle
-      {{{4, 0, 0}, 1, 0}, {{-1, 0, 2}, 0, 1}, {{0, 3, 0}, 1, 1}}, // a junction
-      {{at(-2), ninth, ninth}, {at(third - 2), ninth, ninth}, {at(-third - 2), ninth, ninth}},
+      {{{4, 0, 3}, 0, 0}},                      // a dead end
+      {{{4, 0, 7}, 0, 0}, {{-2, 0, -3}, 0, 0}}, // straight on, climbing
       {{at(0.02), mitre(-0.04), mitre(0.04)}, {at(-0.02), mitre(0.04), mitre(-0.04)}},
       {{at(3), mitre(0.3), mitre(0.9)}, // in another order than the rows'
        {at(-2.9), mitre(2.6), mitre(2 * pi - 6.2)},
@@ -78,7 +72,7 @@ TEST(EdgeAngles, CornersLieOnTheEdgesOfBothRoads) {
       EXPECT_NEAR(d.x * rec.corner1.y - d.y * rec.corner1.x, size * halfwidth, tiny);
       const double corners = length(rec.corner1) + length(rec.corner2);
       EXPECT_EQ(corners == 0, size == 0) << "an upright road has no area";
-      if (&roads >= meetings + 8) continue; // without a corner in common
+      if (&roads >= meetings + 4) continue; // without a corner in common
       EXPECT_NEAR(dot(d, rec.corner2), size * rec.trim2, tiny);
       EXPECT_NEAR(d.x * rec.corner2.y - d.y * rec.corner2.x, -size * halfwidth, tiny);
     }
@@ -86,30 +80,28 @@ TEST(EdgeAngles, CornersLieOnTheEdgesOfBothRoads) {
   }
 }
 
+// Across levels, and where places are no numbers.
 int32_t roads_that_lead_back(Maze *maze) {
   int32_t roads = 0;
   const EdgeAngleRec *recs = edgeanglerecs(maze);
-  EXPECT_EQ(Attachment_find(maze, "EdgeAngleRecs"),
-            reinterpret_cast<intptr_t>(edgeanglerecs(maze)));
+  Pos ends[pos_max_edges], back[pos_max_edges];
   for (int32_t i = 0; i < maze_count(maze); i++) {
     Maze *below = maze_nodes(maze)[i].submaze;
     if (below != nullptr) roads += roads_that_lead_back(below);
-    Pos ends[pos_max_edges], back[pos_max_edges];
     for (int32_t k = below ? 0 : Pos_alledges(maze, i, ends, nullptr); k-- > 0;) {
       const EdgeAngleRec &rec = recs[i * pos_max_edges + k];
-      const int32_t count = Pos_alledges(ends[k].maze, ends[k].node, back, nullptr);
-      roads += rec.index == k && rec.backindex >= 0 && rec.backindex < count &&
-               Pos_equal(back[rec.backindex], {maze, i});
+      Pos_alledges(ends[k].maze, ends[k].node, back, nullptr);
+      roads += rec.index == k && Pos_equal(back[rec.backindex], {maze, i});
     }
   }
   return roads;
 }
 
-TEST(EdgeAngles, RoadsLeadBackAcrossLevelsAndWithoutPlaces) {
+TEST(EdgeAngles, RoadsLeadBack) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
   Maze *root = scenario_nested(3);
   EXPECT_EQ(roads_that_lead_back(root), 13 * 48); // 24 edges a grid, each seen from both ends
   Maze_destroy(root, 1);
-  const double nan = std::numeric_limits<double>::quiet_NaN();
   root = star({{{1, 0, 0}}, {{nan, 1, 0}}, {{0, 1, 0}}, {{nan, nan, nan}}, {{-1, 0, 0}}});
   EXPECT_EQ(roads_that_lead_back(root), 10);
   Maze_destroy(root, 1);

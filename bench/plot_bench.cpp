@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "generate/carve.h"
 #include "generate/curved.h"
@@ -165,6 +166,29 @@ void first_frame(benchmark::State &state, PlotDraw draw) {
   }
 }
 
+std::vector<uint32_t> picture(const World *world, PlotDraw draw) {
+  std::vector<uint32_t> pixels(static_cast<size_t>(screen_width * screen_height));
+  draw_slabs(world, draw);
+  glReadPixels(0, 0, screen_width, screen_height, GL_BGRA, GL_UNSIGNED_BYTE, pixels.data());
+  return pixels;
+}
+
+// Both ways must draw the same, or their times mean nothing.
+bool check_plots() {
+  constexpr PlotDraw pairs[][2] = {{literal_line_plot, own_line_plot},
+                                   {literal_ballstick_plot, own_ballstick_plot},
+                                   {literal_gantry_plot, own_gantry_plot},
+                                   {literal_voronoi_plot, own_voronoi_plot},
+                                   {literal_fixed_plot, processor}};
+  look(views[1]);
+  for (const auto &[literal, own] : pairs) {
+    if (picture(&tree, literal) == picture(&tree, own)) continue;
+    std::fprintf(stderr, "plot %td: the pictures differ\n", &literal - pairs[0]);
+    return false;
+  }
+  return true;
+}
+
 int32_t count(const Maze *maze, int32_t *mazes) {
   int32_t nodes = maze_count(maze);
   ++*mazes;
@@ -243,6 +267,7 @@ int main(int argc, char **argv) {
   bare_program[0] = age_program(shader_edge_vertex, shader_edge_fragment);
   bare_program[1] = age_program(shader_node_vertex, shader_node_fragment);
   make_worlds();
+  if (!check_plots()) return 1;
   add_all();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();

@@ -7,8 +7,12 @@
 #include <boost/polygon/voronoi.hpp>
 #include <malloc.h>
 
+#include <algorithm>
 #include <climits>
+#include <cmath>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <string>
 #include <vector>
@@ -43,9 +47,29 @@ Sites whole_sites(const Maze *maze) {
   return sites;
 }
 
+bool is_same(const VoronoiCorner &a, const VoronoiCorner &b) {
+  return a.site == b.site && a.joined == b.joined && std::abs(a.x - b.x) < 1e-9 &&
+         std::abs(a.y - b.y) < 1e-9;
+}
+
+// Both ways must give the same cells, or their times mean nothing.
+void check_cells(const std::string &name, Maze *maze) {
+  voronoi_build(maze, 1);
+  const auto literal = literal_voronoi(maze, 1);
+  for (size_t i = 0; i < literal.size(); ++i) {
+    const GrowList &cell = rows<GrowList>(*voronoi_cells(maze))[i];
+    const VoronoiCorner *corners = rows<VoronoiCorner>(cell);
+    if (std::equal(corners, corners + cell.count, literal[i].begin(), literal[i].end(), is_same))
+      continue;
+    std::fprintf(stderr, "%s: the cell of node %zu is another one\n", name.c_str(), i);
+    std::exit(1);
+  }
+}
+
 void measure_cells(const std::string &name, Maze *maze, bool flat) {
   Maze_carve(maze);
   Maze_scale(maze, 2.5, 0);
+  check_cells(name, maze);
   measure(name + "/ours", [maze] { voronoi_build(maze, 1); });
   measure(name + "/literal", [maze] { benchmark::DoNotOptimize(literal_voronoi(maze, 1).data()); });
   if (!flat) return; // in space, sites that stand above one another are one to the library

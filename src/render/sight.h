@@ -46,3 +46,6 @@ Sight sight_now();
 // Whether all that reaches no further than `growth` out of the box lies outside one of the first
 // `planes` planes.
 bool Sight_excludes(const Sight &sight, const Box &box, double growth, int32_t planes);
+
+// Tests set this to draw everything, for pictures to compare with.
+extern bool sight_excludes_nothing;

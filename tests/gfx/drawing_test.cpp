@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -5,6 +6,7 @@
 #include <numbers>
 #include <random>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -69,26 +71,28 @@ TEST_F(Drawing, PixelSpaceCountsFromTheTopLeft) {
     }
 }
 
-TEST_F(Drawing, PointsAreProjectedAsByHand) {
+// Under the default projection, whose frame shows 1 to each side at a distance of 1.
+TEST_F(Drawing, PointsAreProjectedAndPixelsMeasuredAsByHand) {
   glTranslated(0.3, -0.2, -4);
   glRotated(30, 0, 0, 1);
-  double projection[16];
-  double modelview[16];
+  glScaled(1.5, 1.1, 1);
+  double projection[16], modelview[16];
   glGetDoublev(GL_PROJECTION_MATRIX, projection);
   glGetDoublev(GL_MODELVIEW_MATRIX, modelview);
   const int32_t viewport[4] = {10, 20, width, height};
-  double x = 0;
-  double y = 0;
-  gfx_project(1.2, 0.7, 0, &x, &y, projection, modelview, viewport);
-  double eye_x = 1.2 * std::cos(std::numbers::pi / 6) - 0.7 * std::sin(std::numbers::pi / 6) + 0.3;
-  double eye_y = 1.2 * std::sin(std::numbers::pi / 6) + 0.7 * std::cos(std::numbers::pi / 6) - 0.2;
-  double scale = width / 2.0; // pixels at a distance of 1: the frame is not wider than 4:3
-  EXPECT_NEAR(x, 10 + width / 2.0 + scale * eye_x / 4, 1e-3);
-  EXPECT_NEAR(y, 20 + height / 2.0 - scale * eye_y / 4, 1e-3);
+  const double c = std::cos(std::numbers::pi / 6), s = 0.5;
+  for (const auto &[x, y, z] : {std::tuple{1.2, 0.7, 0.0}, {-0.4, 1.3, 0.9}, {0.1, -0.6, -2.3}}) {
+    double seen_x = 0, seen_y = 0;
+    gfx_project(x, y, z, &seen_x, &seen_y, projection, modelview, viewport);
+    const double eye_x = 1.5 * x * c - 1.1 * y * s + 0.3, eye_y = 1.5 * x * s + 1.1 * y * c - 0.2;
+    EXPECT_NEAR(seen_x, 10 + width / 2.0 * (1 + eye_x / (4 - z)), 1e-3);
+    EXPECT_NEAR(seen_y, 20 + height / 2.0 - width / 2.0 * eye_y / (4 - z), 1e-3);
+  }
+  EXPECT_NEAR(gfx_units_per_pixel(), 1 / (width / 2.0 * std::sqrt(1.5 * 1.1)), 1e-5);
 }
 
-Bytes level_pixels(int level, uint32_t format, size_t size) {
-  Bytes pixels(size);
+Bytes level_pixels(int level, uint32_t format, size_t size, uint8_t padding = 0) {
+  Bytes pixels(size, padding);
   glGetTexImage(GL_TEXTURE_2D, level, format, GL_UNSIGNED_BYTE, pixels.data());
   return pixels;
 }
@@ -102,10 +106,14 @@ TEST_F(Drawing, CaptureTakesWhatStandsThere) {
     gfx_push_2d();
     fill(64, 20, 32, 32, 0x0000FF);
     fill(80, 20, 16, 16, 0xFFFF00);
-    uint32_t name = texture_capture(64, 20, 32, 32, 0);
-    Bytes level0 = level_pixels(0, GL_RGB, 32 * 32 * 3);
-    EXPECT_EQ(Bytes(level0.begin(), level0.begin() + 3), (Bytes{0, 0, 255}));
-    EXPECT_EQ(Bytes(level0.end() - 3, level0.end()), (Bytes{255, 255, 0}));
+    uint32_t name = texture_capture(64, 20, 32, 32, 1);
+    const Bytes pixels = level_pixels(0, GL_RGBA, 32 * 32 * 4);
+    EXPECT_EQ(Bytes(pixels.begin(), pixels.begin() + 4), (Bytes{0, 0, 255, 255}));
+    EXPECT_EQ(Bytes(pixels.end() - 4, pixels.end()), (Bytes{255, 255, 0, 255}));
+    int32_t format[2] = {};
+    for (int level : {0, 1})
+      glGetTexLevelParameteriv(GL_TEXTURE_2D, level, GL_TEXTURE_INTERNAL_FORMAT, &format[level]);
+    EXPECT_TRUE(format[0] == GL_RGBA8 && format[1] == GL_RGBA8);
     texture_max_anisotropy();
     glEnable(GL_TEXTURE_2D);
     glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
@@ -152,11 +160,13 @@ TEST_F(Drawing, UploadMakesBoxFilteredLevels) {
 }
 
 // Odd and one-wide sizes stay inside their bytes; a picture of one colour stays that colour.
-TEST_F(Drawing, OddSizesStayInsideTheBuffer) {
+TEST_F(Drawing, OddSizesKeepTheirColour) {
   for (auto [w, h] : {std::pair{1, 1}, {7, 5}, {1, 9}, {9, 1}, {3, 64}, {64, 1}}) {
     Bytes pixels(static_cast<size_t>((w * 3 + 3) / 4 * 4 * h), 200);
     texture_upload(GL_TEXTURE_2D, 3, w, h, pixels.data());
-    EXPECT_EQ(pixels[0], 200) << w << "x" << h;
+    Bytes half(static_cast<size_t>((std::max(w / 2, 1) * 3 + 3) / 4 * 4 * std::max(h / 2, 1)), 200);
+    if (w * h == 1) continue;
+    EXPECT_EQ(level_pixels(1, GL_RGB, half.size(), 200), half) << w << "x" << h;
   }
 }
 

@@ -116,21 +116,14 @@ TEST(Stereo, EyesDifferByTheDistanceAndByTheDepth) {
   const double t = std::tan(std::floor(gfx_fov_43()) * 3.14159265358979 / 360);
   const double narrow = 1 / (t * 480 / 320), wide = 240.0 / (640 * 0.75 * t);
   const Mode modes[] = {{1, 0, {bottom, top}},
-                        {1, 1, {bottom, top}},
-                        {-7, 0, {bottom, top}},
                         {-7, 1, {bottom, top}},
-                        {2, 0, {left, right}},
                         {2, 1, {left, right}},
                         {3, 0, {one, other}},
                         {3, 1, {one, other}},
                         {6, 0, {red, cyan}},
-                        {6, 1, {cyan, red}},
                         {7, 0, {red, green}},
-                        {8, 0, {violet, green}},
                         {8, 1, {green, violet}},
                         {4, 0, {left, right}, 1 / t, narrow},
-                        {4, 1, {left, right}, 1 / t, narrow},
-                        {5, 0, {bottom, top}, wide, 1 / (0.75 * t)},
                         {5, 1, {bottom, top}, wide, 1 / (0.75 * t)}};
   for (const double depth : {depth_setting, 0.0, -0.02})
     for (const Mode &mode : modes)
@@ -157,30 +150,6 @@ TEST(Stereo, OddSizesLoseTheLastRowOrColumnAndAnglesAreWholeDegrees) {
   EXPECT_NEAR(static_cast<double>(lenses[0]), 1 / t, 1e-6);
   EXPECT_NEAR(static_cast<double>(lenses[5]), 683 / (t * 768), 1e-6);
   EXPECT_TRUE(seen(1, 500, 3).empty()) << "no room for two eyes";
-}
-
-TEST(Stereo, LinesFollowTheParity) {
-  picture_begin();
-  const int own = platform_window_rect().top & 1;
-  for (const int parity : {0, 1}) {
-    picture_begin();
-    glEnable(GL_SCISSOR_TEST); // the lower half red, the upper one blue
-    glClearColor(1, 0, 0, 0);
-    glScissor(0, 0, picture_width, picture_height / 2);
-    glClear(GL_COLOR_BUFFER_BIT);
-    glClearColor(0, 0, 1, 0);
-    glScissor(0, picture_height / 2, picture_width, picture_height / 2);
-    glClear(GL_COLOR_BUFFER_BIT);
-    glDisable(GL_SCISSOR_TEST);
-    glClearColor(0, 0, 0, 0);
-    stereo_interlace(parity);
-    const Picture picture = picture_take();
-    for (int y = 0; y < picture_height; y++) {
-      const uint32_t expected = ((parity ^ own) + y) % 2 == 1 ? 0xFF0000 : 0x0000FF;
-      ASSERT_EQ(picture_colour(picture, 0, y), expected) << y;
-      ASSERT_EQ(picture_colour(picture, picture_width - 1, y), expected) << y;
-    }
-  }
 }
 
 TEST(Stereo, TexturesAreMadeAnewForOtherSizesOnly) {

@@ -144,8 +144,8 @@ Tree depths() {
   Maze_translate(room, {-4.6, 0.3, 0.1}, 0);
   Maze_scale(behind, 30000, 0);
   Maze_rotate(behind, {0, 0, 1.4}, 0);
-  Maze_translate(behind, {-11000, -14000, -50000}, 0);
-  behind->halfwidth = 900.7;
+  Maze_translate(behind, {-11000, -1000, -50000}, 0);
+  behind->halfwidth = 4000.7;
   scenario_hold(root, 2, room);
   scenario_hold(root, 3, behind);
   set_edge(root, 0, 0, {0x40A040, never, never});

@@ -32,11 +32,15 @@ std::string file_utf8(const std::filesystem::path &path) {
 }
 
 FILE *file_stream(const std::string &name, const char *mode) {
-  return std::fopen(name.c_str(), mode);
+  FILE *file = nullptr;
+  do
+    file = std::fopen(name.c_str(), mode);
+  while (file == nullptr && errno == EINTR);
+  return file;
 }
 
 FILE *file_create(const std::string &name, bool text) {
-  return std::fopen(name.c_str(), text ? "wtx" : "wbx");
+  return file_stream(name, text ? "wtx" : "wbx");
 }
 
 bool file_rename(const std::string &from, const std::string &to, FileFlush flush) {

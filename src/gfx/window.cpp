@@ -1,6 +1,7 @@
 #include "gfx/window.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 #include <iterator>
 
@@ -101,6 +102,22 @@ void load_projection(int32_t width, int32_t height) {
   glMatrixMode(GL_MODELVIEW);
 }
 
+bool exceeds_desktop(const PlatformWindowRequest &request) {
+  const MonitorRect desktop = platform_metrics().virtual_desktop;
+  return request.client_width > desktop.right - desktop.left ||
+         request.client_height > desktop.bottom - desktop.top;
+}
+
+[[noreturn]] void fail_to_open(PlatformOpen stage, const PlatformWindowRequest &request) {
+  const OpenFailure &failure = failure_of(stage);
+  if (stage != PlatformOpen::no_window || !exceeds_desktop(request))
+    fail(failure, failure.lack, failure.remedy);
+  char lack[80];
+  std::snprintf(lack, sizeof lack, "no window of %d by %d pixels could be made",
+                request.client_width, request.client_height);
+  fail(failure, lack, "choose a resolution that fits the desktop");
+}
+
 } // namespace
 
 int32_t gfx_open(int32_t width_request, int32_t height_request, const char *title) {
@@ -114,10 +131,7 @@ int32_t gfx_open(int32_t width_request, int32_t height_request, const char *titl
   std::memset(key_state, 0, sizeof key_state);
   std::memset(key_state_prev, 0, sizeof key_state_prev);
   PlatformOpen stage = platform_open(&request);
-  if (stage != PlatformOpen::ok) {
-    const OpenFailure &failure = failure_of(stage);
-    fail(failure, failure.lack, failure.remedy);
-  }
+  if (stage != PlatformOpen::ok) fail_to_open(stage, request);
   context_alive = true;
   gfx_reset_state();
   if (!request.framed) platform_show_cursor(false);

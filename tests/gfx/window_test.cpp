@@ -104,10 +104,12 @@ TEST(Window, FailureTellsTheUserThenEndsTheProgram) {
     bool has_display;
     PlatformOpen result;
     const char *lack, *words;
+    int32_t width = 640;
   } cases[] = {
       {false, PlatformOpen::ok, "no display", "Window Creation Error."},
       {true, PlatformOpen::no_class, "window system", "Failed To Register The Window Class."},
       {true, PlatformOpen::no_window, "no window", "Window Creation Error."},
+      {true, PlatformOpen::no_window, "99999 by 480 pixels", "Window Creation Error.", 99999},
       {true, PlatformOpen::no_pixel_format, "24 bits", "Can't Find A Suitable PixelFormat."},
       {true, PlatformOpen::bad_pixel_format, "refused", "Can't Set The PixelFormat."},
       {true, PlatformOpen::no_context, "OpenGL", "Can't Create A GL Rendering Context."},
@@ -123,7 +125,7 @@ TEST(Window, FailureTellsTheUserThenEndsTheProgram) {
       };
       fake.has_display = c.has_display;
       fake.open_result = c.result;
-      gfx_open(640, 480, "t");
+      gfx_open(c.width, 480, "t");
     };
     std::string pattern = std::string("^vorel: .*") + c.lack + ".*\\(the fake said so\\): .*\\.\n" +
                           "\n\\[FATAL ERROR\\] " + c.words + "\nwaited 2500\n$";

@@ -28,21 +28,13 @@ std::string with_cause(const char *trouble, int cause) {
   return std::string(trouble) + " (" + std::strerror(cause) + ")";
 }
 
-} // namespace
-
-void start_fonts() {
-  font_build(normal_font.data(), normal_font_size, "normal");
-  std::vector<uint8_t> bytes;
-  const bool read = font_file_read(font_path, &bytes);
-  const int cause = errno;
-  if (read && !bytes.empty()) {
-    font_build_file(bytes, font_path, font_name);
-    return;
-  }
+// Draws the font, and writes its file if there is none. `cause` is the error of reading it, 0 if it
+// was empty.
+void draw_font(int cause) {
   uint32_t size = 0;
   uint8_t *drawn = fmod_generate(&size);
   std::string trouble;
-  if (read)
+  if (cause == 0)
     trouble = "is empty";
   else if (cause != ENOENT)
     trouble = with_cause("can't be read", cause);
@@ -53,4 +45,16 @@ void start_fonts() {
                     trouble.c_str());
   font_build(drawn, size, font_name);
   std::free(drawn);
+}
+
+} // namespace
+
+void start_fonts() {
+  font_build(normal_font.data(), normal_font_size, "normal");
+  std::vector<uint8_t> bytes;
+  const int cause = font_file_read(font_path, &bytes) ? 0 : errno;
+  if (cause == 0 && !bytes.empty())
+    font_build_file(bytes, font_path, font_name);
+  else
+    draw_font(cause);
 }

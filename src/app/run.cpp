@@ -68,6 +68,12 @@ void save_at_exit() {
   save_unsaved();
 }
 
+void report_empty_resolution(bool spans) {
+  report_sentence("the resolution in \"config.txt\" has %s, so there is no window: set it to "
+                  "\"auto\" or to a size such as \"800x600\"",
+                  spans ? "no monitor that is there" : "no width or no height");
+}
+
 } // namespace
 
 bool run_start(Run *run) {
@@ -77,9 +83,7 @@ bool run_start(Run *run) {
   projection_is_2d = 0;
   const bool spans = screen_width == -1;
   if (gfx_open(screen_width, screen_height, window_title) == 0) {
-    report_sentence("the resolution in \"config.txt\" has %s, so there is no window: set it to "
-                    "\"auto\" or to a size such as \"800x600\"",
-                    spans ? "no monitor that is there" : "no width or no height");
+    report_empty_resolution(spans);
     Settings_free(&run->settings);
     return false;
   }
@@ -105,20 +109,20 @@ bool run_start(Run *run) {
 
 bool run_frame(Run *run) {
   World *world = &run->world;
-  const bool seen = !platform_is_minimised();
+  const bool visible = !platform_is_minimised();
   const double dt = pass_time(run);
   take_input(run, dt);
   World_turn_view(world, run->control.yaw, &run->control.pitch);
   World_step_roamers(world, dt);
   World_move(world, run->control.mx, run->control.my);
   World_chase(world, dt);
-  if (seen) World_apply_view(world);
+  if (visible) World_apply_view(world);
   keys_switches(run);
-  if (seen) draw_frame(run, dt);
+  if (visible) draw_frame(run, dt);
   keys_new_maze(world);
   run->moved = relax_frame(&run->relaxation, world->cur.maze, dt, key_down('R'), key_down('E'));
   keys_screenshot();
-  if (seen)
+  if (visible)
     gfx_swap(0);
   else
     platform_wait(minimised_wait);

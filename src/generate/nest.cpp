@@ -58,7 +58,7 @@ void Maze_nest(Maze *root, double probability, double size, SubmazeGenerator gen
   for (Maze *maze = root; maze != nullptr;) {
     Maze *next = Maze_next(root, maze); // before there are new mazes below
     Maze_scale(maze, size, 0);
-    if (Maze_held_before(maze, maze_count(maze)) == nullptr)
+    if (Maze_last_child_before(maze, maze_count(maze)) == nullptr)
       nest_leaf(maze, probability, size, generator);
     maze = next;
   }

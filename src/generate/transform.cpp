@@ -42,11 +42,11 @@ struct Held {
   size_t holder; // row of the maze that holds it
 };
 
-// The bounds of the plain nodes and node 0 of one maze, which is row `here`; puts the mazes that it
-// holds on the stack, the last holder's on top.
-TreeBounds own_bounds(const Maze *maze, size_t here, std::vector<Held> *stack) {
-  constexpr double limit = std::numeric_limits<double>::infinity();
-  TreeBounds bounds = {{limit, limit, limit}, {-limit, -limit, -limit}};
+// Returns the bounds of the plain nodes and node 0 of one maze, which is row `here`. Pushes the
+// mazes that it holds, the last holder's on top.
+TreeBounds visit_maze(const Maze *maze, size_t here, std::vector<Held> *stack) {
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  TreeBounds bounds = {{infinity, infinity, infinity}, {-infinity, -infinity, -infinity}};
   const MazeNode *nodes = maze_nodes(maze);
   if (maze_count(maze) > 0) bounds.min = bounds.max = node_position(nodes[0]);
   for (int32_t i = 0; i < maze_count(maze); ++i) {
@@ -98,7 +98,7 @@ std::vector<TreeBounds> Maze_tree_bounds(const Maze *root) {
     const Held next = stack.back();
     stack.pop_back();
     holders.push_back(next.holder);
-    tree.push_back(own_bounds(next.maze, tree.size(), &stack));
+    tree.push_back(visit_maze(next.maze, tree.size(), &stack));
   }
   for (size_t k = tree.size(); k-- > 1;)
     unite(&tree[holders[k]], tree[k].min, tree[k].max);

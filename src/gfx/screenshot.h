@@ -6,8 +6,8 @@
 // into a PNG. Two size fields of the BMP are constants, whatever the picture.
 
 // Saves the frame as drawn so far, as `stem`, "_", a number of five digits that the clock gives,
-// and the ending. Shots within 0.3 seconds share a number. Waits for the conversion, for
-// at most ten seconds.
+// and the ending. Shots within 0.3 seconds share a number. Waits for the conversion, for at most
+// ten seconds.
 void screenshot_save(const char *stem);
 
 // Writes a picture: blue, green and red bytes, bottom row first, each row padded to a multiple of 4

@@ -13,10 +13,9 @@ extern int32_t fullscreen_offset_x; // moves a fullscreen window, pixels
 extern int32_t fullscreen_offset_y;
 extern uint8_t projection_is_2d; // 1: gfx_resize sets pixel space; 0: the perspective default
 
-// Opens the window by the coded request and sets the initial GL state. 1 when window and context
-// stand; 0 when the resolution came out empty or below 0, which monitors that are not there also
-// lead to. A display, window or context that can't be had is a
-// fatal report, after one sentence to the user.
+// Opens the window by the coded request and sets the initial GL state. 1 if the window is open;
+// 0 if the resolution leaves no area, as with monitors that do not exist. A display, window or
+// context that can't be had is a fatal report, after one sentence to the user.
 int32_t gfx_open(int32_t width_request, int32_t height_request, const char *title);
 
 // Gives the display mode back and drops the context. Safe to repeat.

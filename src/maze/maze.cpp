@@ -51,7 +51,7 @@ static void destroy_one(Maze *maze) {
 
 // The first maze to go of the tree under `maze`.
 static Maze *deepest(Maze *maze) {
-  while (Maze *below = Maze_held_before(maze, maze_count(maze)))
+  while (Maze *below = Maze_last_child_before(maze, maze_count(maze)))
     maze = below;
   return maze;
 }
@@ -60,9 +60,9 @@ void Maze_destroy(Maze *maze, int32_t recursive) {
   Maze *at = recursive ? deepest(maze) : maze;
   while (at != maze) {
     Maze *above = at->parent;
-    Maze *beside = Maze_held_before(above, at->parentnode);
+    Maze *previous_sibling = Maze_last_child_before(above, at->parentnode);
     destroy_one(at);
-    at = beside ? deepest(beside) : above;
+    at = previous_sibling ? deepest(previous_sibling) : above;
   }
   destroy_one(maze);
 }

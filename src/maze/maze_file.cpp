@@ -37,13 +37,13 @@ void write_node(const MazeNode &node, ByteWriter *out) {
   write_bytes(out, bytes, static_cast<size_t>(at - bytes));
 }
 
-// What stands before the nodes of a maze.
+// The record's header.
 void write_head(const Maze *maze, ByteWriter *out, const Maze *current) {
   write_number(out, static_cast<uint8_t>(maze == current ? 1 : 0));
   write_number(out, maze->nodes.count);
 }
 
-// What stands behind them.
+// The record's trailer.
 void write_tail(const Maze *maze, ByteWriter *out) {
   write_number(out, maze->visited);
   write_number(out, maze->bordermask);

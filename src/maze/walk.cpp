@@ -1,6 +1,6 @@
 #include "maze/walk.h"
 
-Maze *Maze_held_before(const Maze *maze, int32_t end) {
+Maze *Maze_last_child_before(const Maze *maze, int32_t end) {
   const MazeNode *nodes = maze_nodes(maze);
   for (int32_t i = end; i-- > 0;)
     if (nodes[i].submaze) return nodes[i].submaze;
@@ -8,8 +8,8 @@ Maze *Maze_held_before(const Maze *maze, int32_t end) {
 }
 
 Maze *Maze_next(const Maze *root, const Maze *maze) {
-  Maze *next = Maze_held_before(maze, maze_count(maze));
+  Maze *next = Maze_last_child_before(maze, maze_count(maze));
   for (; !next && maze != root; maze = maze->parent)
-    next = Maze_held_before(maze->parent, maze->parentnode);
+    next = Maze_last_child_before(maze->parent, maze->parentnode);
   return next;
 }

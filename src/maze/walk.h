@@ -7,7 +7,7 @@
 // shallow copy that shares submazes is not. A whole walk takes time in proportion to the nodes.
 
 // The maze that is held by the last node before `end`; null if none of them holds one.
-Maze *Maze_held_before(const Maze *maze, int32_t end);
+Maze *Maze_last_child_before(const Maze *maze, int32_t end);
 
 // The maze after `maze` in the tree under `root`: each maze before those that it holds, last holder
 // first. Null behind the last one. Start with `root` itself.

@@ -17,3 +17,12 @@ void fixed_plot(Maze *root, const World *world, int32_t all_levels);
 // A disc at right angles to the direction of the eye, within GL_QUADS under the program of discs.
 // Nothing is seen of it where the eye is its centre.
 void billboard_disc(Vec3 centre, double radius, uint32_t colour, Vec3 eye);
+
+// Rounds a place to single precision. The variables are volatile because GCC 12 drops the
+// conversions with -ftree-slp-vectorize, which -O2 and -O3 imply.
+inline Vec3 single_precision(Vec3 a) {
+  const volatile float x = static_cast<float>(a.x);
+  const volatile float y = static_cast<float>(a.y);
+  const volatile float z = static_cast<float>(a.z);
+  return {x, y, z};
+}

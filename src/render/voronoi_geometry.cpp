@@ -122,28 +122,39 @@ void cut_corners(Cut *cut, const Bisector &line) {
   std::swap(cut->corners, cut->next);
 }
 
+// The runs of corners outside of the measured bisector.
+struct OutsideRuns {
+  int32_t count;
+  size_t leave; // the corner before a run; the number of corners if there is none
+  size_t enter; // the last corner of a run; likewise
+};
+
+OutsideRuns outside_runs(const Cut &cut) {
+  const size_t corners = cut.corners.size();
+  OutsideRuns runs = {0, corners, corners};
+  double after = cut.value[0];
+  for (size_t k = corners; k-- > 0;) {
+    const double here = cut.value[k];
+    if (after >= outside && here < outside) {
+      runs.leave = k;
+      runs.count++;
+    }
+    if (after < outside && here >= outside) runs.enter = k;
+    after = here;
+  }
+  return runs;
+}
+
 // Cuts off what is outside of the measured bisector. Nested mazes are off their lattice by about
 // 3e-8, so two runs of corners can be outside: of these the plain rule would keep only a sliver
 // between them, which the next bisector removes.
 void cut_cell(Cut *cut, const Bisector &line) {
-  const size_t count = cut->corners.size();
-  size_t leave = count;
-  size_t enter = count;
-  int32_t runs = 0;
-  double after = cut->value[0];
-  for (size_t k = count; k-- > 0;) {
-    const double here = cut->value[k];
-    if (after >= outside && here < outside) {
-      leave = k;
-      runs++;
-    }
-    if (after < outside && here >= outside) enter = k;
-    after = here;
-  }
-  if (runs > 1) {
+  const OutsideRuns runs = outside_runs(*cut);
+  const size_t corners = cut->corners.size();
+  if (runs.count > 1) {
     cut_corners(cut, line);
-  } else if (leave < count && enter < count) {
-    replace_outside(cut, leave, enter, line);
+  } else if (runs.leave < corners && runs.enter < corners) {
+    replace_outside(cut, runs.leave, runs.enter, line);
   } else if (cut->value[0] >= outside) {
     cut->corners.clear();
   }

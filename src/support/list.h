@@ -5,9 +5,9 @@
 #include <type_traits>
 
 // The one container of the system: an untyped array of fixed-size rows. Where there is no memory to
-// grow into, the program ends (support/memory.h). Rows are moved as plain
-// bytes, so a row type must be trivially copyable, and they are named by index, since any append
-// or removal can move them all.
+// grow into, the program ends (support/memory.h). Rows are moved as plain bytes, so a row type must
+// be trivially copyable, and they are named by index, since any append or removal can move them
+// all.
 struct GrowList {
   void *data;        // the rows; always at least one capacity's worth, also when empty
   void **mirror;     // a slot elsewhere that is kept equal to data; null if unused

@@ -16,15 +16,6 @@ constexpr Vec3f rounded(Vec3 a) {
   return {static_cast<float>(a.x), static_cast<float>(a.y), static_cast<float>(a.z)};
 }
 
-// The place that single precision makes of a. GCC 12 drops this pair of conversions where it
-// vectorises, so they go through memory.
-inline Vec3 single_precision(Vec3 a) {
-  const volatile float x = static_cast<float>(a.x);
-  const volatile float y = static_cast<float>(a.y);
-  const volatile float z = static_cast<float>(a.z);
-  return {x, y, z};
-}
-
 constexpr Vec3 operator+(Vec3 a, Vec3 b) {
   return {a.x + b.x, a.y + b.y, a.z + b.z};
 }

@@ -13,8 +13,7 @@ eval "$(xdotool mousemove --window "$vorel_window" 0 0 getmouselocation --shell)
 
 ladder
 hold 0.8 x # the start of the ladder stands in the middle, and rooms to the right of it
-xdotool windowsize --sync "$vorel_window" 1000 500
-sleep 1
+xdotool windowsize --sync "$vorel_window" 1000 500 sleep 1
 shot wide.png
 lit=$(convert wide.png -crop 300x500+700+0 -colorspace gray -threshold 10% \
   -format '%[fx:round(mean*100)]' info:)
@@ -32,24 +31,20 @@ processor_time() {
   awk '{ print $14 + $15 }' "/proc/$vorel_job/stat"
 }
 
-xdotool mousemove --window "$vorel_window" 500 250 sleep 0.5
 look
-xdotool keydown alt mousedown 1 sleep 0.3 mousemove_relative -- -25 -15 sleep 0.3 \
-  mousemove_relative -- -25 -10 sleep 0.5 mouseup 1 keyup alt
+xdotool mousemove --window "$vorel_window" 500 250 keydown alt mousedown 1 sleep 0.3 \
+  mousemove_relative -- -25 -15 sleep 0.3 mousemove_relative -- -25 -10 sleep 0.5 mouseup 1 keyup alt
 expect_same "moving the window steers"
 xdotool mousedown 1 sleep 0.5
 look
-xdotool keydown f # which shows the area that can be reached
-xdotool windowminimize --sync "$vorel_window"
-xdotool keyup f mouseup 1
-sleep 1
+# F shows the area that can be reached.
+xdotool keydown f windowminimize --sync "$vorel_window" keyup f mouseup 1 sleep 1
 vorel_running || fail "ended when minimised"
 before=$(processor_time)
 sleep 3
 [ $(($(processor_time) - before)) -lt 6 ] || fail "busy while minimised"
 vorel_return
-xdotool mousemove_relative -- 90 0
-sleep 1
+xdotool mousemove_relative -- 90 0 sleep 1
 expect_same "a key or a button stays held"
 quit_cleanly
 
@@ -63,8 +58,7 @@ look
 display -size 200x200 xc:red & # another program
 other=$!
 desktop_wait "the window to give way" vorel_minimised
-xdotool mousemove 700 100
-sleep 0.5
+xdotool mousemove 700 100 sleep 0.5
 [[ $(xdotool getmouselocation) = "x:700 y:100 "* ]] || fail "the mouse is held"
 kill "$other"
 vorel_return

@@ -11,7 +11,8 @@
 
 namespace {
 
-// At each band's edge, which belongs to the band below, and within it.
+// At each band's edge, which belongs to the band below, and within it. By hand for ages of 0.01 to
+// 1e8: grey of 123, 107, 91, 75, 59, 43, 27 and then 17, to which the bands add 0 or 36, at 1e7 18.
 TEST(AgeColour, RunsThroughItsBands) {
   const struct {
     double age;

@@ -10,10 +10,6 @@
 
 #include "support/memory.h"
 
-extern "C" const char *__asan_default_options() {
-  return "allocator_may_return_null=1";
-}
-
 TEST(GrowList, NoMemoryEndsTheProgramInASentence) {
   memory_begin();
   growlist_initial_capacity = UINT32_MAX;

@@ -56,4 +56,8 @@ TEST(FontFile, ATableCutOffAnywhereGivesTheGlyphsBefore) {
   }
 }
 
+TEST(FontFile, AMissingOneEndsTheProgram) {
+  EXPECT_EXIT(loadfont("missing.dat", "font"), testing::ExitedWithCode(1), "missing.dat");
+}
+
 } // namespace

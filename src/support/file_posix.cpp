@@ -114,7 +114,7 @@ void file_unlock(FileLock *lock) {
   delete lock;
 }
 
-// By the XDG base directory specification, which ignores relative names.
+// By the XDG base directory rules, which ignore relative names.
 std::string file_data_root() {
   const char *data = std::getenv("XDG_DATA_HOME");
   if (data != nullptr && data[0] == '/') return data;

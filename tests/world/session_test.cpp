@@ -179,7 +179,7 @@ TEST_F(SessionFile, ShortLongAndFlippedFilesAreRefused) {
 
 TEST_F(SessionFile, DeepTreesAndEmptyMazesComeBack) {
   World saved = {}, world = {};
-  saved.root = scenario_deep(200000);
+  saved.root = scenario_deep(100000);
   const OwnedMaze alone(scenario_path(1));
   scenario_hold(alone.get(), 0, Maze_new()); // no edge leads there
   Maze_append(saved.root, alone.get());

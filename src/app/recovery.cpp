@@ -119,27 +119,30 @@ bool create_file(Recovery *recovery) {
 }
 
 // Opens the file's replacement. False, with errno, on failure.
-bool open_replacement(Recovery *recovery) {
+bool open_replacement(Recovery *recovery, FileFlush flush) {
   if (!is_ours(recovery)) {
     forget_file(recovery);
     if (!create_file(recovery)) return false;
   }
-  return file_replace_begin(&recovery->file, recovery->path.c_str(), false);
+  return file_replace_begin(&recovery->file, recovery->path.c_str(), false, flush);
 }
 
 // Puts the replacement in place. The lock goes over to it before it has the name, where the system
 // lets an open file be locked and replaced. False, with errno, on failure.
-bool close_replacement(Recovery *recovery, bool complete, FileFlush flush) {
+bool close_replacement(Recovery *recovery, bool complete) {
   const int cause = errno; // of what is not complete
   const bool ours = is_ours(recovery);
   FileLock *next = file_lock(recovery->file.temporary);
   if (next == nullptr) unlock(recovery);
   errno = complete ? EBUSY : cause;
-  const bool done = file_replace_end(&recovery->file, complete && ours, flush);
+  const bool done = file_replace_end(&recovery->file, complete && ours);
   const int fault = errno;
-  if (done && next != nullptr) unlock(recovery);
-  if (!done) file_unlock(next);
-  if (done && next != nullptr) recovery->lock = next;
+  if (done && next != nullptr) {
+    unlock(recovery);
+    recovery->lock = next;
+  } else {
+    file_unlock(next);
+  }
   if (recovery->lock == nullptr) recovery->lock = file_lock(recovery->path);
   if (done) recovery->identity = file_identity(recovery->path);
   if (recovery->lock == nullptr) forget_file(recovery); // the next write takes another name
@@ -167,13 +170,14 @@ void begin_write(Recovery *recovery, const World *world) {
   recovery->last_write = gfx_clock();
   recovery->next_block = 0;
   GrowList_init(&recovery->blocks, sizeof(ByteBlock));
-  if (World_serialise(world, &recovery->blocks) && open_replacement(recovery)) return;
+  if (World_serialise(world, &recovery->blocks) && open_replacement(recovery, FileFlush::later))
+    return;
   report_failure(recovery);
   free_blocks(recovery);
 }
 
 void end_write(Recovery *recovery, bool complete) {
-  const bool done = close_replacement(recovery, complete, FileFlush::later);
+  const bool done = close_replacement(recovery, complete);
   if (!done) report_failure(recovery);
   recovery->changed = recovery->changed_again || !done;
   free_blocks(recovery);
@@ -247,12 +251,15 @@ bool Recovery_write(Recovery *recovery, const World *world) {
   Recovery_abandon(recovery);
   note_changes(recovery, world, false);
   if (!recovery->changed) return true;
-  if (!open_replacement(recovery)) return false;
+  if (!open_replacement(recovery, FileFlush::wait)) return false;
   out.file = recovery->file.stream;
   out.failed = false;
   World_write(world, &out);
-  recovery->changed = !close_replacement(recovery, !out.failed, FileFlush::wait);
-  return !recovery->changed;
+  recovery->changed = !close_replacement(recovery, !out.failed);
+  if (recovery->changed) return false;
+  report_sentence("the session has been written to \"%s\"; the next start resumes it",
+                  recovery->path.c_str());
+  return true;
 }
 
 void Recovery_abandon(Recovery *recovery) {

@@ -46,8 +46,8 @@ void Recovery_start(Recovery *recovery, const World *world);
 // moved nodes. The view is not compared: a run starts with the view from above whatever was saved.
 void Recovery_frame(Recovery *recovery, const World *world, bool moved, bool hidden);
 
-// Writes the whole file at once, for an ending without a save, if something has changed. Allocates
-// next to nothing. False, with errno, if that failed.
+// Writes the whole file at once, for an ending without a save, if something has changed, and
+// reports it. Allocates next to nothing. False, with errno, if that failed.
 bool Recovery_write(Recovery *recovery, const World *world);
 
 // Drops a write in progress, with the room that it takes on the disk.

@@ -9,10 +9,10 @@
 // A run of the program: start-up, the frames, the end.
 struct Run {
   Settings settings;
-  bool keeps_settings;      // false where the file must be left alone
-  bool settings_failed;     // whether a failure to write them has been told
-  bool may_replace_session; // false where the file must be left alone
-  FileIdentity session;     // of the saved session that this run started with
+  bool may_replace_settings; // false where the file must be left alone
+  bool settings_failed;      // whether a failure to write them has been told
+  bool may_replace_session;  // false where the file must be left alone
+  FileIdentity session;      // of the saved session that this run started with
   Recovery recovery;
   bool moved;          // a relaxation has moved nodes in this frame
   int32_t stereo_mode; // 0 to 8; any number from the settings until a key changes it

@@ -109,10 +109,5 @@ SessionPlace save_session(const Run *run) {
 
 void save_for_recovery(Run *run) {
   if (run->world.root == nullptr) return; // between two mazes
-  const bool changed = run->recovery.changed;
-  if (!Recovery_write(&run->recovery, &run->world))
-    save_after_failure(run, recovery_path);
-  else if (changed)
-    report_sentence("the session has been written to \"%s\"; the next start resumes it",
-                    run->recovery.path.c_str());
+  if (!Recovery_write(&run->recovery, &run->world)) save_after_failure(run, recovery_path);
 }

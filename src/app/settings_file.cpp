@@ -17,7 +17,8 @@ constexpr char settings_separator = ':';
 
 // Tells of a failure once in a run.
 void save_settings(Run *run) {
-  if (!run->keeps_settings || Settings_save(&run->settings, settings_path, settings_separator))
+  if (!run->may_replace_settings ||
+      Settings_save(&run->settings, settings_path, settings_separator))
     return;
   if (run->settings_failed) return;
   run->settings_failed = true;
@@ -29,8 +30,8 @@ void save_settings(Run *run) {
 
 void start_settings(Run *run) {
   run->settings_failed = false;
-  run->keeps_settings = Settings_load(&run->settings, settings_path, settings_separator);
-  if (!run->keeps_settings)
+  run->may_replace_settings = Settings_load(&run->settings, settings_path, settings_separator);
+  if (!run->may_replace_settings)
     report_sentence("the settings in \"%s\" can't be read (%s) and are left alone", settings_path,
                     std::strerror(errno));
   Settings_default(&run->settings, "Windowed (Y/N)", "Y");

@@ -63,7 +63,7 @@ template <typename Visit> void each_name(const std::string &stem, const Visit &v
 // Opens the first temporary name that no other program holds.
 void open_exclusively(FileReplacement *file, bool text) {
   const std::string stem = file->target + temporary_mark;
-  file_remove_leftovers(file->target);
+  if (file->flush == FileFlush::wait) file_remove_leftovers(file->target);
   for (int32_t number = 1;; number++) {
     file->temporary = numbered(stem, number, "");
     file->stream = file_create(file->temporary, text);
@@ -92,7 +92,8 @@ FILE *file_open(const char *path) {
   return file_stream(path, "rb");
 }
 
-bool file_replace_begin(FileReplacement *file, const char *target, bool text) {
+bool file_replace_begin(FileReplacement *file, const char *target, bool text, FileFlush flush) {
+  file->flush = flush;
   file_survive_limits();
   file->target = behind_links(target);
   if (is_read_only(file->target)) {
@@ -103,9 +104,9 @@ bool file_replace_begin(FileReplacement *file, const char *target, bool text) {
   return file->stream != nullptr;
 }
 
-bool file_replace_end(FileReplacement *file, bool complete, FileFlush flush) {
+bool file_replace_end(FileReplacement *file, bool complete) {
   bool done = complete && std::fflush(file->stream) == 0 &&
-              (flush == FileFlush::later || file_sync(file->stream));
+              (file->flush == FileFlush::later || file_sync(file->stream));
   int cause = errno;
   const bool ours = file_is_at(file->stream, file->temporary);
   if (!ours && done) { // another program can have taken it for a leftover
@@ -121,7 +122,7 @@ bool file_replace_end(FileReplacement *file, bool complete, FileFlush flush) {
   const fs::file_status old = fs::status(path_of(file->target), ignored);
   if (done && fs::exists(old))
     fs::permissions(path_of(file->temporary), old.permissions(), ignored);
-  if (done && file_rename(file->temporary, file->target, flush)) return true;
+  if (done && file_rename(file->temporary, file->target, file->flush)) return true;
   if (done) cause = errno;
   if (ours) fs::remove(path_of(file->temporary), ignored);
   errno = cause;

@@ -12,25 +12,28 @@
 // EISDIR for a folder, ENOTSUP for what could keep the program waiting, such as a pipe.
 FILE *file_open(const char *path);
 
+// Whether a call returns only when the disk has the data, or leaves that to the system. Data that
+// was left to it survives the end of the program, but not a loss of power in the next seconds.
+enum class FileFlush { wait, later };
+
 // A file that is being written beside the one that it will replace.
 struct FileReplacement {
   FILE *stream;          // where to write
   std::string temporary; // of this program alone
   std::string target;    // behind any symbolic link
+  FileFlush flush;       // at the end
 };
 
 // Opens a fresh file in the target's folder, in text mode or not. False, with errno, if that fails
 // or the user has made the target read-only.
-bool file_replace_begin(FileReplacement *file, const char *target, bool text);
-
-// Whether a call returns only when the disk has the data, or leaves that to the system. Data that
-// was left to it survives the end of the program, but not a loss of power in the next seconds.
-enum class FileFlush { wait, later };
+// With FileFlush::later nothing is done that can take long, such as a search for leftovers.
+bool file_replace_begin(FileReplacement *file, const char *target, bool text,
+                        FileFlush flush = FileFlush::wait);
 
 // Brings what was written to the disk and then, in one step and with the target's permissions, to
 // the target's place. False, with errno, if anything failed or `complete` is not set, which is for
 // a failure that errno tells already; the target is then as it was before.
-bool file_replace_end(FileReplacement *file, bool complete, FileFlush flush = FileFlush::wait);
+bool file_replace_end(FileReplacement *file, bool complete);
 
 // Closes a file that was written. False, with errno of the first failure, if not all of it reached
 // the file or `complete` is not set, which is for a failure that errno tells already.

@@ -62,7 +62,12 @@ vorel_start() {
   vorel_job=$!
   desktop_wait "the window of vorel" vorel_window_found
   desktop_wait "the keyboard" vorel_has_keyboard
-  sleep 0.5
+  desktop_wait "the first frame" vorel_drawn
+}
+
+# The prompt is in each first frame.
+vorel_drawn() {
+  [ "$(import -window "$vorel_window" -crop 200x14+0+0 -format '%[fx:maxima>0.5]' info:)" = 1 ]
 }
 
 vorel_window_found() {
@@ -83,7 +88,6 @@ vorel_minimised() {
 vorel_return() {
   wmctrl -i -a "$vorel_window"
   desktop_wait "the window's return" vorel_has_keyboard
-  sleep 1
 }
 
 # hold SECONDS KEY...: keys held down together; input is polled, so a short tap could be missed.
@@ -103,7 +107,7 @@ leave() {
   xdotool keyup "$1"
 }
 
-# shot FILE: the window's picture as a PNG.
+# shot FILE: the picture of the window.
 shot() {
   import -window "$vorel_window" "$1"
 }

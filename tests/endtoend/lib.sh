@@ -23,38 +23,77 @@ fail() {
   exit 1
 }
 
-# pixels_brighter BEFORE AFTER: how many pixels' red has grown by a fifth or more of the range.
-pixels_brighter() {
-  convert "$2" "$1" -channel R -separate +channel -compose minus_src -composite \
-    -threshold 20% -format '%[fx:round(mean*w*h)]' info:
-}
-
 # pixels_changed BEFORE AFTER: how many pixels differ by more than a twentieth.
 pixels_changed() {
   convert "$1" "$2" -compose difference -composite -colorspace gray -threshold 5% \
     -format '%[fx:round(mean*w*h)]' info:
 }
 
-# look: keeps the picture, for the next comparison.
-look() {
-  shot last.png
+# rest: waits until the picture stays the same, and keeps it for the next comparison.
+rest() {
+  shot last.ppm
+  desktop_wait "the picture to rest" picture_rests
 }
 
-# expect_change LEAST WHAT: more than so many pixels differ from the last look; looks anew.
+picture_rests() {
+  local round
+  for round in 1 2 3; do
+    sleep 0.2
+    shot now.ppm
+    cmp -s last.ppm now.ppm && continue
+    mv now.ppm last.ppm
+    return 1
+  done
+}
+
+picture_differs() {
+  shot now.ppm
+  changed=$(pixels_changed last.ppm now.ppm)
+  [ "$changed" -gt "$1" ]
+}
+
+# expect_change LEAST WHAT: waits until more than so many pixels differ from the last look.
 expect_change() {
-  sleep 1
-  shot now.png
-  changed=$(pixels_changed last.png now.png)
-  [ "$changed" -gt "$1" ] || fail "$2 changed $changed pixels"
-  mv now.png last.png
+  desktop_wait "$2 to change more than $1 pixels" picture_differs "$1"
 }
 
-# hold_changes LEAST WHAT SECONDS KEY...: the keys, held for so long, change more than so many pixels.
-hold_changes() {
+# expect_same FILE WHAT: the last look is that picture, but for a few pixels.
+expect_same() {
+  changed=$(pixels_changed "$1" last.ppm)
+  [ "$changed" -lt "${3:-1}" ] || fail "$changed pixels differ: $2"
+}
+
+# press LEAST WHAT KEY...: holds the keys of a switch down until they have changed more than so many
+# pixels, then waits until the picture rests.
+press() {
+  local least=$1 what=$2 key
+  shift 2
+  for key in "$@"; do xdotool keydown "$key"; done
+  expect_change "$least" "$what"
+  for key in "$@"; do xdotool keyup "$key"; done
+  rest
+}
+
+# push LEAST WHAT SECONDS KEY...: the same by keys that act as long as they are held: holds them for
+# so long, and again if a busy machine saw nothing of it.
+push() {
   local least=$1 what=$2
   shift 2
-  hold "$@"
-  expect_change "$least" "$what"
+  desktop_wait "$what to change more than $least pixels" pushed "$least" "$@"
+  rest
+}
+
+pushed() {
+  hold "${@:2}"
+  sleep 0.2
+  picture_differs "$1"
+}
+
+# A ladder instead of the random maze of the start: the same tree each time, and the same start at
+# the plain node at its left end, with a single corridor to the right.
+ladder() {
+  rest
+  press 300 "a ladder" Control_L Shift_L n
 }
 
 # Ends the program by Q and expects that it had nothing to say.

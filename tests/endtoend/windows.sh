@@ -97,10 +97,9 @@ vorel_start
 eval "$(xdotool getwindowgeometry --shell "$vorel_window")"
 [ "$X $Y $WIDTH $HEIGHT" = "0 0 1280 960" ] || fail "the window is $WIDTH by $HEIGHT at $X, $Y"
 ladder
-look
 xdotool key alt+space
 xdotool key F10
-hold_changes 1000 "zooming out after Alt+Space and F10" 0.5 x
+push 1000 "zooming out after Alt+Space and F10" 0.5 x
 xdotool keydown Alt_L keydown Tab
 desktop_wait "the window to go" vorel_minimised
 xdotool keyup Tab keyup Alt_L

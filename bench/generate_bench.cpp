@@ -1,4 +1,4 @@
-// The making of mazes against the literal way of doing it and against spanning trees of general
+// The making of mazes against a step by step implementation and against spanning trees of general
 // graph libraries, all in one process on the same graphs. Run by scripts/bench.
 
 #include <benchmark/benchmark.h>
@@ -24,7 +24,7 @@
 #include "generate/flat.h"
 #include "generate/patchwork.h"
 #include "generate/repulsion_kernel.h"
-#include "literal.h"
+#include "generate_reference.h"
 #include "support/random.h"
 
 namespace {
@@ -116,7 +116,7 @@ void measure_both(const std::string &name, uint32_t seed, const std::function<Ma
 void measure_carving(const std::string &name, Maze *maze, bool literal) {
   Lattice *lattice = make_lattice(maze);
   measure(name + "/ours", made(7, [maze] { return Maze_carved(maze); }));
-  if (literal) measure(name + "/literal", made(7, [maze] { return literal_carved(maze); }));
+  if (literal) measure(name + "/literal", made(7, [maze] { return reference_carved(maze); }));
   measure(name + "/boost_kruskal", [lattice] { kruskal(lattice); });
   measure(name + "/boost_prim", [lattice] { prim(lattice); });
   measure(name + "/igraph", [lattice] { other_prim(lattice); });
@@ -146,7 +146,7 @@ uint32_t median_seed(int32_t kind, size_t tries) {
 
 void measure_repulsion() {
   Maze *maze = Maze_polar(50, 1);
-  measure("repel/literal", [maze] { benchmark::DoNotOptimize(literal_repulsion(maze).data()); });
+  measure("repel/literal", [maze] { benchmark::DoNotOptimize(reference_repulsion(maze).data()); });
   const size_t n = maze->nodes.count;
   auto *columns = new std::vector<double>(6 * n, 0.0);
   double *start = columns->data();
@@ -171,16 +171,16 @@ int main(int argc, char **argv) {
   measure_carving("torus", Maze_torus(20, 10), true);
   measure_carving("polar", Maze_polar(50, 1), true);
   measure_carving("plane1000", Maze_plane_xy(1000, 1000), false);
-  measure_both("patchwork", 3, literal_patchwork, Maze_patchwork);
+  measure_both("patchwork", 3, reference_patchwork, Maze_patchwork);
   measure_both(
-      "box", 3, [] { return literal_box(20, 20, 20); }, [] { return Maze_box(20, 20, 20); });
+      "box", 3, [] { return reference_box(20, 20, 20); }, [] { return Maze_box(20, 20, 20); });
   const uint32_t torus_seed = median_seed(10, 5), nested_seed = median_seed(9, 31);
-  const auto literal_single = [] { return literal_choose(0); };
+  const auto reference_single = [] { return reference_choose(0); };
   const auto single = [] { return Maze_choose(0); };
-  measure_both("new_torus", torus_seed, literal_single, single);
+  measure_both("new_torus", torus_seed, reference_single, single);
   measure_both(
-      "new_patchwork", 3, [] { return literal_choose(1); }, [] { return Maze_choose(1); });
-  measure_both("new_nested", nested_seed, literal_single, single);
+      "new_patchwork", 3, [] { return reference_choose(1); }, [] { return Maze_choose(1); });
+  measure_both("new_nested", nested_seed, reference_single, single);
   measure_repulsion();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();

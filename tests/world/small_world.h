@@ -8,7 +8,7 @@ struct SmallWorld : World {
     root = tree;
     cur = {tree, 0};
     view = mat3_identity;
-    zoom = 20;
+    zoom = 13.7;
     GrowList_init(&roamers, sizeof(Roamer));
   }
   SmallWorld(const SmallWorld &) = delete;

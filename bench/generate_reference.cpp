@@ -1,9 +1,7 @@
-#include "literal.h"
+#include "generate_reference.h"
 
 #include <cmath>
-#include <cstring>
-#include <numbers>
-#include <string>
+#include <utility>
 
 #include "generate/closed.h"
 #include "generate/curved.h"
@@ -23,7 +21,7 @@ static Maze *and_destroy(Maze *made, Maze *used, Maze *also = nullptr) {
   return made;
 }
 
-Maze *literal_carved(const Maze *maze) {
+Maze *reference_carved(const Maze *maze) {
   Maze *c = Maze_copy(maze, 1);
   std::vector<std::pair<int32_t, int32_t>> pairs;
   for (int32_t a = 0; a < maze_count(maze); ++a) {
@@ -46,7 +44,7 @@ Maze *literal_carved(const Maze *maze) {
   return c;
 }
 
-static std::vector<int32_t> literal_weld_map(const Maze *a, const Maze *b) {
+static std::vector<int32_t> reference_weld_map(const Maze *a, const Maze *b) {
   std::vector<int32_t> map;
   for (int32_t i = 0; i < maze_count(a); ++i) {
     double best = 9e99;
@@ -62,9 +60,9 @@ static std::vector<int32_t> literal_weld_map(const Maze *a, const Maze *b) {
   return map;
 }
 
-Maze *literal_weld(const Maze *a, const Maze *b) {
+Maze *reference_weld(const Maze *a, const Maze *b) {
   const int32_t n = maze_count(a);
-  const std::vector<int32_t> map = literal_weld_map(a, b);
+  const std::vector<int32_t> map = reference_weld_map(a, b);
   const auto partner = [&map](int32_t i) { return map[static_cast<size_t>(i)]; };
   Maze *c = Maze_merged(a, b);
   MazeNode *nodes = maze_nodes(c);
@@ -92,7 +90,7 @@ Maze *literal_weld(const Maze *a, const Maze *b) {
   return c;
 }
 
-Maze *literal_box(int32_t a, int32_t b, int32_t c) {
+Maze *reference_box(int32_t a, int32_t b, int32_t c) {
   Maze *box = Maze_new();
   for (int32_t face = 0; face < 6; ++face) {
     Maze *plane = face < 2   ? Maze_plane_xy(a + 1, b + 1)
@@ -102,12 +100,12 @@ Maze *literal_box(int32_t a, int32_t b, int32_t c) {
       MazeNode &node = maze_nodes(plane)[i];
       (face == 1 ? node.z : face == 3 ? node.y : node.x) += face == 1 ? c : face == 3 ? b : a;
     }
-    box = and_destroy(literal_weld(box, plane), box, plane);
+    box = and_destroy(reference_weld(box, plane), box, plane);
   }
   return box;
 }
 
-static Maze *literal_topology(double s) {
+static Maze *reference_topology(double s) {
   const int32_t a = static_cast<int32_t>(s - 1), b = static_cast<int32_t>((s - 1) * 0.5);
   const int32_t t = rand_int(11);
   if (t == 3) return Maze_polar(b, 1);
@@ -120,87 +118,64 @@ static Maze *literal_topology(double s) {
     const int32_t p = 1 + rand_int(a);
     const int32_t q = t == 9 ? p : 1 + rand_int(a);
     const int32_t r = t == 9 ? p : 1 + rand_int(a);
-    return literal_box(p, q, r);
+    return reference_box(p, q, r);
   }
   const double u = rand_real(1.0 / 3);
   const int32_t w = static_cast<int32_t>(std::pow(s, 1 - u));
   return Maze_grid3d(w, w, static_cast<int32_t>(std::pow(s, 2 * u)));
 }
 
-static void literal_centre(Maze *maze) {
+static void reference_centre(Maze *maze) {
   Vec3 sum = {};
   for (int32_t i = 0; i < maze_count(maze); ++i)
     sum = sum + node_position(maze_nodes(maze)[i]);
   Maze_translate(maze, -1.0 * (sum / maze_count(maze)), 0);
 }
 
-static void literal_nest(Maze *maze, double size) {
+static void reference_nest(Maze *maze, double size) {
   Maze_scale(maze, size, 0);
   bool leaf = true;
   for (int32_t i = maze_count(maze); i-- > 0;) {
     if (!maze_nodes(maze)[i].submaze) continue;
-    literal_nest(maze_nodes(maze)[i].submaze, size);
+    reference_nest(maze_nodes(maze)[i].submaze, size);
     leaf = false;
   }
   for (int32_t i = leaf ? maze_count(maze) : 0; i-- > 0;) {
     if (rand_real(1.0) >= 0.5 || Pos_submaze_exit(maze, i).maze) continue;
-    Maze *sub = literal_topology(size);
-    literal_centre(sub);
+    Maze *sub = reference_topology(size);
+    reference_centre(sub);
     Maze_rotate(sub, {0, 0, Maze_quad_angle(maze, i)}, 0);
     sub->parent = maze;
     sub->parentnode = i;
     Maze_translate(sub, node_position(maze_nodes(maze)[i]), 0);
     Maze_align_doors(sub);
-    maze_nodes(maze)[i].submaze = and_destroy(literal_carved(sub), sub);
+    maze_nodes(maze)[i].submaze = and_destroy(reference_carved(sub), sub);
   }
 }
 
-Maze *literal_patchwork() {
+Maze *reference_patchwork() {
   Maze *acc = Maze_new();
   for (int32_t k = 0; k < 25; ++k) {
-    Maze *tile = literal_topology(22.5);
+    Maze *tile = reference_topology(22.5);
     const int32_t r1 = rand15(), r2 = rand15();
     Maze_paint(tile, static_cast<uint32_t>((r1 / 32768.0 + r2) * 512), 0);
-    literal_centre(tile);
+    reference_centre(tile);
     if (rand_int(5) == 0) {
       const double z = rand_real(100), y = rand_real(100), x = rand_real(100);
       Maze_rotate(tile, {x, y, z}, 0);
     }
     Maze_translate(tile, {k / 5 * 15.0, k % 5 * 15.0, 0}, 0);
-    acc = and_destroy(literal_weld(acc, tile), acc, tile);
+    acc = and_destroy(reference_weld(acc, tile), acc, tile);
   }
   return and_destroy(Maze_reachable_copy(acc, 0), acc);
 }
 
-static Maze *literal_carved_patchwork() {
-  Maze *uncarved = literal_patchwork();
-  return and_destroy(literal_carved(uncarved), uncarved);
+static Maze *reference_carved_patchwork() {
+  Maze *uncarved = reference_patchwork();
+  return and_destroy(reference_carved(uncarved), uncarved);
 }
 
-static Maze *literal_ladder() {
-  Maze *line = Maze_plane_xz(12, 1);
-  Maze_paint(line, 0xC04040, 0);
-  double cursor = 10;
-  for (int32_t k = 1; k <= 11; ++k) {
-    maze_nodes(line)[k].x = k == 11 ? cursor : cursor + 2 * k;
-    cursor += 4 * k + 10;
-  }
-  for (int32_t k = 1; k <= 10; ++k) {
-    Maze *room = Maze_plane_xy(4 * k + 1, 4 * k + 1);
-    room->halfwidth = k * 0.1;
-    Maze_paint(room, 0xC04040, 0);
-    Maze_translate(room, {maze_nodes(line)[k].x - 2 * k, -2.0 * k, 0}, 0);
-    room->parent = line;
-    room->parentnode = k;
-    Maze_align_doors(room);
-    maze_nodes(line)[k].submaze = and_destroy(literal_carved(room), room);
-    const std::string label = k == 10 ? "1.01.10" : "1.01.0" + std::to_string(k);
-    str_dup_into(&maze_nodes(line)[k].submaze->name, label.c_str());
-  }
-  return line;
-}
-
-static Maze *literal_single() {
+static Maze *reference_single() {
   const int32_t t = rand_int(12);
   Maze *uncarved = nullptr;
   if (t < 3) {
@@ -215,15 +190,15 @@ static Maze *literal_single() {
                : t == 4  ? Maze_honeycomb(50, 1)
                : t == 6  ? Maze_polar(50, 1)
                : t == 7  ? Maze_sphere(20)
-               : t == 8  ? literal_topology(20)
-               : t == 9  ? literal_topology(10)
+               : t == 8  ? reference_topology(20)
+               : t == 9  ? reference_topology(10)
                : t == 10 ? Maze_torus(20, 10)
                          : Maze_mobius(20, 10);
   }
-  Maze *root = and_destroy(literal_carved(uncarved), uncarved);
-  if (t == 8) literal_nest(root, 20);
+  Maze *root = and_destroy(reference_carved(uncarved), uncarved);
+  if (t == 8) reference_nest(root, 20);
   for (int32_t pass = 0; t == 9 && pass < 2; ++pass)
-    literal_nest(root, 10);
+    reference_nest(root, 10);
   if (rand_int(2) != 0) {
     Maze_colour_field(root, colour_field_sine, 1);
   } else {
@@ -235,16 +210,14 @@ static Maze *literal_single() {
   return root;
 }
 
-Maze *literal_choose(int32_t mode) {
-  Maze *root = mode == 0   ? literal_single()
-               : mode == 1 ? literal_carved_patchwork()
-                           : literal_ladder();
+Maze *reference_choose(int32_t mode) {
+  Maze *root = mode == 0 ? reference_single() : reference_carved_patchwork();
   if (mode != 0) str_dup_into(&root->name, "1.01");
   Maze_scale(root, 2.5, 1);
   return root;
 }
 
-std::vector<Vec3> literal_repulsion(const Maze *maze) {
+std::vector<Vec3> reference_repulsion(const Maze *maze) {
   std::vector<Vec3> forces(maze->nodes.count, Vec3{});
   for (uint32_t a = 0; a < maze->nodes.count; ++a)
     for (uint32_t b = 0; b < a; ++b) {
@@ -254,31 +227,4 @@ std::vector<Vec3> literal_repulsion(const Maze *maze) {
       forces[a] = forces[a] - d * w;
     }
   return forces;
-}
-
-static bool same_number(double a, double b) {
-  return a == b || (std::isnan(a) && std::isnan(b));
-}
-
-static bool same_edge(const MazeEdge &a, const MazeEdge &b) {
-  return a.colour == b.colour && a.usertime == b.usertime && a.roamertime == b.roamertime;
-}
-
-const char *literal_difference(const Maze *a, const Maze *b) {
-  if (maze_count(a) != maze_count(b)) return "another number of nodes";
-  if (a->halfwidth != b->halfwidth || a->parentnode != b->parentnode) return "halfwidth or place";
-  if (std::string(a->name ? a->name : "-") != (b->name ? b->name : "-")) return "another name";
-  for (int32_t i = 0; i < maze_count(a); ++i) {
-    const MazeNode &p = maze_nodes(a)[i], &q = maze_nodes(b)[i];
-    if (!same_number(p.x, q.x) || !same_number(p.y, q.y) || !same_number(p.z, q.z))
-      return "another position";
-    if (p.degree != q.degree || !same_edge(p.self, q.self)) return "another degree or colour";
-    for (uint32_t r = 0; r < p.degree; ++r)
-      if (p.nbr[r] != q.nbr[r] || !same_edge(p.edge[r], q.edge[r])) return "another row";
-    if (!p.submaze != !q.submaze) return "a submaze on one side only";
-    if (!p.submaze) continue;
-    if (p.submaze->parent != a || q.submaze->parent != b) return "another parent";
-    if (const char *difference = literal_difference(p.submaze, q.submaze)) return difference;
-  }
-  return nullptr;
 }

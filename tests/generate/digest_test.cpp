@@ -1,0 +1,181 @@
+// Compares the trees of all builders, topologies and modes with digests in trees.txt, which were
+// pinned when a step by step implementation made the same trees.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "generate/choose.h"
+#include "generate/closed.h"
+#include "generate/curved.h"
+#include "generate/flat.h"
+#include "generate/owned_maze.h"
+#include "generate/topology.h"
+#include "maze/walk.h"
+#include "scenarios.h"
+#include "support/random.h"
+
+namespace {
+
+int32_t whole(double argument) {
+  return static_cast<int32_t>(argument);
+}
+
+Maze *chosen(double mode, double seed, double) {
+  rand_seed(static_cast<uint32_t>(seed));
+  return Maze_choose(whole(mode));
+}
+
+// The topologies of that size by many seeds, as one maze that is not connected.
+Maze *random_topologies(double size, double seeds, double) {
+  Maze *all = Maze_new();
+  for (uint32_t seed = 1; seed <= seeds; ++seed) {
+    rand_seed(seed);
+    const OwnedMaze one(Maze_random_topology(size));
+    Maze_append(all, one.get());
+  }
+  return all;
+}
+
+using Builder = Maze *(*)(double a, double b, double c);
+
+const std::map<std::string, Builder> builders = {
+    {"plane_xy", [](double a, double b, double) { return Maze_plane_xy(whole(a), whole(b)); }},
+    {"plane_xz", [](double a, double b, double) { return Maze_plane_xz(whole(a), whole(b)); }},
+    {"plane_yz", [](double a, double b, double) { return Maze_plane_yz(whole(a), whole(b)); }},
+    {"grid3d",
+     [](double a, double b, double c) { return Maze_grid3d(whole(a), whole(b), whole(c)); }},
+    {"hexagon", [](double a, double, double) { return Maze_hexagon(whole(a)); }},
+    {"honeycomb", [](double a, double b, double) { return Maze_honeycomb(whole(a), whole(b)); }},
+    {"polar", [](double a, double b, double) { return Maze_polar(whole(a), whole(b)); }},
+    {"sphere", [](double a, double, double) { return Maze_sphere(a); }},
+    {"torus", [](double a, double b, double) { return Maze_torus(a, b); }},
+    {"mobius", [](double a, double b, double) { return Maze_mobius(a, b); }},
+    {"box", [](double a, double b, double c) { return Maze_box(whole(a), whole(b), whole(c)); }},
+    {"topologies", random_topologies},
+    {"choose", chosen},
+};
+
+struct Digest {
+  uint32_t value = 2166136261;
+
+  void add(int64_t number) {
+    for (int shift = 0; shift < 64; shift += 8)
+      value = (value ^ static_cast<uint8_t>(number >> shift)) * 16777619;
+  }
+  // Coarse enough for the rounding of any mathematical library.
+  void add_rounded(double number) { add(std::llround(number * 1e4)); }
+};
+
+// What is digested of a node, by kind of field.
+using Kind = void (*)(Digest *digest, Pos pos);
+
+void add_rows(Digest *digest, Pos pos) {
+  const MazeNode &node = maze_nodes(pos.maze)[pos.node];
+  digest->add(node.submaze ? node.submaze->parentnode : -1);
+  digest->add(node.degree);
+  for (uint32_t r = 0; r < node.degree; ++r)
+    digest->add(node.nbr[r]);
+}
+
+void add_places(Digest *digest, Pos pos) {
+  const Vec3 place = node_position(maze_nodes(pos.maze)[pos.node]);
+  for (const double coordinate : {place.x, place.y, place.z})
+    digest->add_rounded(coordinate);
+}
+
+void add_marks(Digest *digest, Pos pos) {
+  const MazeNode &node = maze_nodes(pos.maze)[pos.node];
+  for (uint32_t r = 0; r <= node.degree; ++r) {
+    const MazeEdge &edge = r < node.degree ? node.edge[r] : node.self;
+    digest->add(edge.colour);
+    digest->add_rounded(edge.usertime);
+    digest->add_rounded(edge.roamertime);
+  }
+}
+
+void add_maze(Digest *digest, Pos pos) {
+  if (pos.node > 0) return;
+  digest->add(pos.maze->visited);
+  digest->add(pos.maze->bordermask);
+  digest->add_rounded(pos.maze->halfwidth);
+  for (const char *letter = pos.maze->name; letter && *letter; ++letter)
+    digest->add(*letter);
+}
+
+const std::pair<const char *, Kind> kinds[] = {
+    {"rows", add_rows}, {"places", add_places}, {"marks", add_marks}, {"mazes", add_maze}};
+
+// The digests of a kind over the first eighth of the nodes, the first two, and so on to all.
+std::string digest_line(const std::vector<Pos> &nodes, Kind kind) {
+  std::string line;
+  Digest digest;
+  for (size_t i = 0, eighth = 1; eighth <= 8; ++eighth) {
+    for (; i < nodes.size() * eighth / 8; ++i)
+      kind(&digest, nodes[i]);
+    char text[8];
+    std::snprintf(text, sizeof text, " %04x", (digest.value ^ digest.value >> 16) & 0xFFFF);
+    line += text;
+  }
+  return line;
+}
+
+std::string digest_text(Maze *root, int32_t next_draw) {
+  std::vector<Pos> nodes;
+  int32_t mazes = 0;
+  for (Maze *maze = root; maze; maze = Maze_next(root, maze), ++mazes)
+    for (int32_t i = 0; i < maze_count(maze); ++i)
+      nodes.push_back({maze, i});
+  std::ostringstream text;
+  text << "  " << nodes.size() << " nodes in " << mazes << " mazes, next draw " << next_draw
+       << '\n';
+  for (const auto &[name, kind] : kinds)
+    text << "  " << name << digest_line(nodes, kind) << '\n';
+  return text.str();
+}
+
+// The text of the tree that the first line of an entry asks for.
+std::string digest_of(const std::string &line) {
+  std::istringstream words(line);
+  std::string name;
+  double a = 0.0;
+  double b = 0.0;
+  double c = 0.0;
+  words >> name >> a >> b >> c;
+  rand_seed(1);
+  const OwnedMaze tree(builders.at(name)(a, b, c));
+  const int32_t next_draw = rand15();
+  EXPECT_STREQ(scenario_fault(tree.get()), nullptr);
+  return digest_text(tree.get(), next_draw);
+}
+
+// The order of nodes is that of Maze_next, so a failure shows in which eighth of them what differs.
+TEST(Generate, TreesAreThePinnedOnes) {
+  std::ifstream file(VOREL_TREES);
+  ASSERT_TRUE(file);
+  std::string now;
+  std::string line;
+  while (std::getline(file, line)) {
+    now += line + '\n';
+    if (line.empty() || line[0] == '#') continue;
+    SCOPED_TRACE(line);
+    const std::string digests = digest_of(line);
+    std::string pinned;
+    while (file.peek() == ' ' && std::getline(file, line))
+      pinned += line + '\n';
+    EXPECT_EQ(digests, pinned);
+    now += digests;
+  }
+  if (!HasFailure()) return;
+  const std::string path = testing::TempDir() + "trees.txt";
+  std::ofstream(path, std::ios::binary) << now;
+  std::printf("if the change is meant: cp %s tests/generate/trees.txt\n", path.c_str());
+}
+
+} // namespace

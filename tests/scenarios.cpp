@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <sstream>
 
 #include "maze/edit.h"
 #include "maze/pos.h"
-#include "maze/walk.h"
 #include "support/random.h"
 
 static void add_node(Maze *maze, Vec3 p) {
@@ -100,37 +100,19 @@ Maze *scenario_nested(int32_t depth) {
   return nested(depth, 1.0, {});
 }
 
-static const char *edge_fault(const Maze *maze, int32_t i, uint32_t r, bool doubled) {
-  const MazeNode &node = maze_nodes(maze)[i];
-  const int32_t to = node.nbr[r];
-  if (to < 0 || to >= maze_count(maze) || to == i) return "row out of range or onto itself";
-  const MazeNode &other = maze_nodes(maze)[to];
-  const auto there = std::count(node.nbr, node.nbr + node.degree, to);
-  if (there != std::count(other.nbr, other.nbr + other.degree, i)) return "not symmetric";
-  if (there > 1 && !doubled) return "joined twice";
-  const MazeEdge &edge = node.edge[r], &back = other.edge[MazeNode_row(other, i)];
-  const bool same = edge.colour == back.colour && edge.usertime == back.usertime;
-  return same ? nullptr : "halves differ";
-}
-
-static const char *maze_fault(const Maze *maze, bool doubled) {
-  for (int32_t i = 0; i < maze_count(maze); i++) {
-    const MazeNode &node = maze_nodes(maze)[i];
-    if (node.degree > MAZE_MAX_DEGREE) return "degree";
-    for (uint32_t r = 0; r < node.degree; r++)
-      if (const char *fault = edge_fault(maze, i, r, doubled)) return fault;
-    const Maze *below = node.submaze;
-    if (!below) continue;
-    if (below->parent != maze || below->parentnode != i) return "wrong way up";
-    if (below->nodes.count < node.degree) return "too few doors";
-    for (uint32_t r = 0; r < node.degree; r++)
-      if (maze_nodes(below)[r].submaze) return "a container as a door";
+Maze *scenario_graph(const std::string &edges) {
+  Maze *maze = Maze_new();
+  std::istringstream words(edges);
+  for (std::string word; words >> word;) {
+    const int32_t a = word[0] - 'a', b = word[word.size() > 1] - 'a';
+    while (maze_count(maze) <= std::max(a, b)) {
+      add_node(maze, {});
+      maze_nodes(maze)[maze_count(maze) - 1].self.colour = maze->nodes.count - 1;
+    }
+    if (a == b) continue;
+    Maze_join(maze, a, b);
+    for (MazeNode *end : {maze_nodes(maze) + a, maze_nodes(maze) + b})
+      if (word.size() > 2) end->edge[end->degree - 1].colour = static_cast<uint32_t>(word[2]);
   }
-  return nullptr;
-}
-
-const char *scenario_fault(const Maze *root, bool doubled) {
-  for (const Maze *maze = root; maze; maze = Maze_next(root, maze))
-    if (const char *fault = maze_fault(maze, doubled)) return fault;
-  return nullptr;
+  return maze;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "maze/maze.h"
 
 // Mazes for tests and benchmarks. The caller owns what comes back and destroys it recursively.
@@ -35,5 +37,6 @@ Maze *scenario_nested(int32_t depth);
 // `levels` mazes of two nodes, each but the last with the next one in its node 1.
 Maze *scenario_deep(int32_t levels);
 
-// Null if the tree is well formed, else what is wrong. Doubled edges pass if `doubled` says so.
-const char *scenario_fault(const Maze *root, bool doubled = false);
+// Nodes a, b, c, ... up to the last letter, with their indices as self.colour, and the edges that
+// the words of `edges` name. The third letter of a word is the edge's colour.
+Maze *scenario_graph(const std::string &edges);

@@ -72,7 +72,6 @@ TEST(Weld, NodesMergeAsBySearchingAll) {
     if (seed % 7 == 0) place_strangely(b.get());
     const OwnedMaze made(Maze_weld(a.get(), b.get())), wanted(reference_weld(a.get(), b.get()));
     ASSERT_EQ(tree_difference(made.get(), wanted.get()), "") << "seed " << seed;
-    ASSERT_STREQ(scenario_fault(made.get(), true), nullptr) << "seed " << seed;
   }
 }
 

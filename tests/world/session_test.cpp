@@ -9,7 +9,6 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
-#include <limits>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -26,9 +25,6 @@ namespace {
 
 using Bytes = std::vector<uint8_t>;
 
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
 // Gives each test a file of its own, which goes with it.
 struct Session : testing::Test {
   const std::string path = testing::TempDir() + "vorel_session_test." + std::to_string(getpid());
@@ -41,10 +37,11 @@ struct Session : testing::Test {
   void TearDown() override { std::filesystem::remove(path); }
 };
 
-// The bytes that session.txt describes, and the places of those with a mark there.
+// What session.txt describes, and the places of the bytes with a mark.
 struct Layout {
   Bytes bytes;
   std::vector<size_t> marked;
+  std::string tree;
 };
 
 Layout layout(char mark) {
@@ -54,7 +51,8 @@ Layout layout(char mark) {
     std::istringstream words(line);
     std::string type, value, marks;
     words >> type >> value >> marks;
-    if (type == "#") continue;
+    if (type == "=") layout.tree += line.substr(2) + "\n";
+    if (type == "=" || type == "#") continue;
     const uint64_t number =
         type == "f64" ? std::bit_cast<uint64_t>(std::stod(value)) : std::stoull(value, nullptr, 0);
     for (int shift = 0; shift < std::stoi(type.substr(1)); shift += 8) {
@@ -65,18 +63,11 @@ Layout layout(char mark) {
   return layout;
 }
 
-bool is_readable(const Bytes &bytes) {
-  ByteReader in = memory_reader(bytes.data(), bytes.size());
-  World world;
-  const bool readable = World_read(&world, &in);
-  if (readable) World_free(&world);
-  return readable;
-}
-
+// Without a root if the bytes are refused.
 World read_world(const Bytes &bytes) {
   ByteReader in = memory_reader(bytes.data(), bytes.size());
   World world = {};
-  EXPECT_TRUE(World_read(&world, &in));
+  World_read(&world, &in);
   return world;
 }
 
@@ -85,22 +76,10 @@ std::vector<double> numbers_of(const World &world) {
   numbers.insert(numbers.end(), &world.view.m[0][0], &world.view.m[0][0] + 9);
   for (const Vec3 v : {world.camera, world.offset})
     numbers.insert(numbers.end(), {v.x, v.y, v.z});
-  numbers.insert(numbers.end(), {world.zoom, static_cast<double>(world.showtrail),
-                                 static_cast<double>(world.roamers.count)});
+  numbers.push_back(world.zoom);
+  numbers.push_back(world.showtrail);
   return numbers;
 }
-
-// The tree of session.txt. Its numbers have more bits than a float.
-const char *const tree = R"(maze 0 of 2 nodes, visited 300, borders 2, half as wide as 0.5
-maze 0 node 0 at 16777217 -33554433.5 nan, 808080 -1 -1, holds a maze, to 1 c04040 50331649 -1
-maze 0 node 1 at 1 0 0, 808080 -1 -1, to 0 c04040 50331649 -1
-maze 1 of 2 nodes, visited 0, borders 0, half as wide as 0.5
-maze 1 node 0 at 0.5 0 0, 123456 16777217.5 16777219
-maze 1 node 1 at 1.0000000000000001e+300 0 -inf, 808080 -1 -1, holds a maze
-maze 2 of 2 nodes, visited 70000, borders 81, half as wide as 0.5, named A
-maze 2 node 0 at 0 0 0, 808080 -1 -1
-maze 2 node 1 at 1 0.25 0, 808080 -1 -1
-)";
 
 TEST_F(Session, FilesHoldWhatIsDescribed) {
   Layout file = layout('?');
@@ -108,10 +87,10 @@ TEST_F(Session, FilesHoldWhatIsDescribed) {
   for (const size_t at : file.marked)
     file.bytes[at] ^= 0xAB;
   World world = read_world(file.bytes);
-  EXPECT_EQ(tree_text(world.root), tree);
-  const std::vector<double> numbers = {86400.1, 0.11, 0.12, 0.13, 0.21, 0.22, 0.23,
-                                       0.31,    0.32, 0.33, -1.1, -2.2, -3.3, 0,
-                                       0,       0,    40.1, 0,    0};
+  ASSERT_NE(world.root, nullptr);
+  EXPECT_EQ(tree_text(world.root), file.tree);
+  const std::vector<double> numbers = {86400.1, 0.11, 0.12, 0.13, 0.21, 0.22, 0.23, 0.31, 0.32,
+                                       0.33,    -1.1, -2.2, -3.3, 0,    0,    0,    40.1, 258};
   EXPECT_EQ(numbers_of(world), numbers);
   Maze *deepest = maze_nodes(maze_nodes(world.root)[0].submaze)[1].submaze;
   EXPECT_TRUE(Pos_equal(world.cur, {deepest, 1}));
@@ -123,9 +102,9 @@ TEST_F(Session, FilesHoldWhatIsDescribed) {
   EXPECT_EQ(bytes_of(world), wanted);
   World loaded = world;
   ASSERT_EQ(World_load(&loaded, path.c_str()), SessionLoad::loaded);
+  EXPECT_EQ(tree_text(loaded.root), file.tree);
   EXPECT_EQ(numbers_of(loaded), numbers);
-  deepest->halfwidth = 0.5;
-  EXPECT_EQ(tree_difference(loaded.root, world.root), "");
+  EXPECT_EQ(loaded.roamers.count, 0U);
   World_free(&loaded);
   World_free(&world);
 }
@@ -143,19 +122,18 @@ TEST_F(Session, LoadsSayWhatFailed) {
 
 TEST_F(Session, ShortLongAndFlippedFilesAreRefused) {
   const Layout good = layout('!');
-  ASSERT_TRUE(is_readable(good.bytes));
   for (size_t size = 0; size < good.bytes.size(); size++) {
     const Bytes start(good.bytes.begin(), good.bytes.begin() + static_cast<long>(size));
-    EXPECT_FALSE(is_readable(start)) << size << " bytes";
+    EXPECT_EQ(read_world(start).root, nullptr) << size << " bytes";
   }
   Bytes longer = good.bytes;
   longer.push_back(0);
-  EXPECT_FALSE(is_readable(longer));
+  EXPECT_EQ(read_world(longer).root, nullptr);
   for (const size_t at : good.marked)
     for (int bit = 0; bit < 8; bit++) {
       Bytes flipped = good.bytes;
       flipped[at] = static_cast<uint8_t>(flipped[at] ^ 1 << bit);
-      EXPECT_FALSE(is_readable(flipped)) << "bit " << bit << " of byte " << at;
+      EXPECT_EQ(read_world(flipped).root, nullptr) << "bit " << bit << " of byte " << at;
     }
 }
 
@@ -185,14 +163,13 @@ TEST_F(Session, TreesThatNoWalkCouldUseAreRefused) {
       [](const ThreeLevels &, World *world) { world->cur.node = 3; },
       [](const ThreeLevels &, World *world) { world->cur.node = -1; },
       [](const ThreeLevels &, World *world) { world->cur.maze = nullptr; },
-      [](const ThreeLevels &, World *) {}, // the last one is fine
   };
   for (const Damage &damage : damages) {
     const ThreeLevels t = scenario_three_levels();
     SmallWorld world(t.root);
     world.cur = {t.n2, 2};
     damage(t, &world);
-    EXPECT_EQ(is_readable(bytes_of(world)), &damage == std::end(damages) - 1) << &damage - damages;
+    EXPECT_EQ(read_world(bytes_of(world)).root, nullptr) << &damage - damages;
   }
 }
 
@@ -201,7 +178,7 @@ TEST_F(Session, NumbersThatMakeNoSenseGetTheValuesOfANewSession) {
   const Bytes good = layout('!').bytes;
   std::pair<size_t, double> bad[30] = {{0, -0.5}, {13, 0.0}};
   for (size_t i = 0; i < 28; i++)
-    bad[i + 2] = {i / 2, i % 2 == 0 ? nan : -infinity};
+    bad[i + 2] = {i / 2, i % 2 == 0 ? std::nan("") : -HUGE_VAL};
   for (const auto &[index, number] : bad) {
     SCOPED_TRACE(testing::Message() << index << " is " << number);
     Bytes bytes = good;
@@ -220,7 +197,7 @@ TEST_F(Session, NumbersThatMakeNoSenseGetTheValuesOfANewSession) {
 
 TEST_F(Session, ACameraCanBePlacedAboveNoPlaceAtAll) {
   SmallWorld saved(scenario_path(2));
-  maze_nodes(saved.root)[0].x = saved.camera.y = nan;
+  maze_nodes(saved.root)[0].x = saved.camera.y = std::nan("");
   World world = read_world(bytes_of(saved));
   EXPECT_EQ(length(world.camera - Vec3{0, 0, saved.zoom}), 0.0);
   World_free(&world);

@@ -1,0 +1,120 @@
+// Edits and searches of one maze, as graph.txt has them.
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "maze/edit.h"
+#include "maze/pos.h"
+#include "maze/reach.h"
+#include "scenarios.h"
+#include "support/random.h"
+
+// The node's letter when the graph was made.
+static char letter_of(const MazeNode &node) {
+  return static_cast<char>('a' + node.self.colour);
+}
+
+static std::string rows_of(const Maze *maze) {
+  std::string text;
+  const MazeNode *nodes = maze_nodes(maze);
+  for (int32_t i = 0; i < maze_count(maze); i++) {
+    text += std::string(i > 0 ? " " : "") + letter_of(nodes[i]);
+    for (uint32_t r = 0; r < nodes[i].degree; r++) {
+      const MazeEdge &edge = nodes[i].edge[r];
+      const bool fresh = edge.usertime == never && edge.roamertime == never;
+      text += std::string(r > 0 ? "," : ":") + letter_of(nodes[nodes[i].nbr[r]]);
+      text += edge.colour == maze_default_colour && fresh ? '.' : static_cast<char>(edge.colour);
+    }
+  }
+  return text;
+}
+
+static std::string connection(const Maze *maze, int32_t a, int32_t b) {
+  int32_t out = -999;
+  const int32_t length = Maze_connected(maze, a, b, &out);
+  EXPECT_EQ(Maze_connected(maze, a, b, nullptr), length);
+  return std::to_string(length) + " " + std::to_string(out);
+}
+
+static std::string reached_from(const Maze *maze, int32_t a) {
+  std::string letters;
+  uint8_t *reached = Maze_reach(maze, a);
+  for (int32_t i = 0; i < maze_count(maze); i++)
+    if (reached[i]) letters += letter_of(maze_nodes(maze)[i]);
+  std::free(reached);
+  return letters;
+}
+
+static std::string component(Maze *maze, int32_t a) {
+  scenario_hold(maze, a, Maze_new());
+  Maze *copy = Maze_reachable_copy(maze, a);
+  const std::string rows = rows_of(copy);
+  Maze_destroy(copy, 0); // the copy shares what the graph holds
+  return rows;
+}
+
+using Step = std::string (*)(Maze *maze, int32_t a, int32_t b);
+
+static const std::map<std::string, Step> steps = {
+    {"join", [](Maze *maze, int32_t a, int32_t b) { return Maze_join(maze, a, b), rows_of(maze); }},
+    {"cut", [](Maze *maze, int32_t a, int32_t b) { return Maze_cut(maze, a, b), rows_of(maze); }},
+    {"delete",
+     [](Maze *maze, int32_t a, int32_t) { return Maze_delete_node(maze, a), rows_of(maze); }},
+    {"swap",
+     [](Maze *maze, int32_t a, int32_t b) { return Maze_swap_nodes(maze, a, b), rows_of(maze); }},
+    {"row", [](Maze *maze, int32_t a,
+               int32_t b) { return std::to_string(MazeNode_row(maze_nodes(maze)[a], b)); }},
+    {"connected", [](Maze *maze, int32_t a, int32_t b) { return connection(maze, a, b); }},
+    {"reach", [](Maze *maze, int32_t a, int32_t) { return reached_from(maze, a); }},
+    {"component", [](Maze *maze, int32_t a, int32_t) { return component(maze, a); }},
+};
+
+TEST(Graph, EditsAndSearchesGiveWhatTheFileSays) {
+  std::ifstream file(VOREL_GRAPHS);
+  ASSERT_TRUE(file);
+  for (std::string line; std::getline(file, line);) {
+    if (line.empty() || line[0] == '#') continue;
+    const size_t first = line.find(" | "), second = line.rfind(" | ");
+    std::istringstream words(line.substr(first + 3));
+    std::string step;
+    char a = 0, b = 0;
+    words >> step >> a >> b;
+    Maze *maze = scenario_graph(line.substr(0, first));
+    EXPECT_EQ(steps.at(step)(maze, a - 'a', b - 'a'), line.substr(second + 3)) << line;
+    Maze_destroy(maze, 1);
+  }
+}
+
+// Positions on a small lattice, so that many nodes are equally near a door's neighbour.
+TEST(Graph, DoorsAreTheNearestNodesWithTheHighestIndexAmongEquals) {
+  for (uint32_t seed = 0; seed < 50; seed++) {
+    rand_seed(seed);
+    Maze *around = scenario_random(20, 60), *below = scenario_random(12, 20);
+    std::vector<std::pair<Vec3, uint32_t>> nodes; // with self.colour
+    for (MazeNode *n = maze_nodes(below), *end = n + 12; n < end; n++) {
+      n->x = rand_int(3), n->y = rand_int(3), n->z = rand_int(2);
+      nodes.emplace_back(node_position(*n), n->self.colour);
+    }
+    Maze_align_doors(below); // changes nothing without a holder
+    scenario_hold(around, 7, below);
+    Maze_align_doors(below);
+    const MazeNode &holder = maze_nodes(around)[7];
+    for (size_t door = 0; door < holder.degree; door++) {
+      const Vec3 towards = node_position(maze_nodes(around)[holder.nbr[door]]);
+      const auto nearer = [towards](const auto &a, const auto &b) {
+        return length(a.first - towards) < length(b.first - towards);
+      };
+      const auto end = nodes.rend() - static_cast<long>(door);
+      std::swap(nodes[door], *std::min_element(nodes.rbegin(), end, nearer));
+    }
+    for (size_t i = 0; i < 12; i++)
+      ASSERT_EQ(maze_nodes(below)[i].self.colour, nodes[i].second) << "seed " << seed;
+    Maze_destroy(around, 1);
+  }
+}

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstdio>
 #include <fstream>
-#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -25,20 +24,11 @@
 
 namespace {
 
-int32_t whole(double argument) {
-  return static_cast<int32_t>(argument);
-}
-
-Maze *chosen(double mode, double seed, double) {
-  rand_seed(static_cast<uint32_t>(seed));
-  return Maze_choose(whole(mode));
-}
-
 // The topologies of that size by many seeds, as one maze that is not connected.
-Maze *random_topologies(double size, double seeds, double) {
+Maze *random_topologies(double size, int32_t seeds) {
   Maze *all = Maze_new();
-  for (uint32_t seed = 1; seed <= seeds; ++seed) {
-    rand_seed(seed);
+  for (int32_t seed = 1; seed <= seeds; ++seed) {
+    rand_seed(static_cast<uint32_t>(seed));
     const OwnedMaze one(Maze_random_topology(size));
     Maze_append(all, one.get());
   }
@@ -57,25 +47,27 @@ Maze *relaxed(double size, double smoothing, double repulsion) {
   return root;
 }
 
-using Builder = Maze *(*)(double a, double b, double c);
-
-const std::map<std::string, Builder> builders = {
-    {"plane_xy", [](double a, double b, double) { return Maze_plane_xy(whole(a), whole(b)); }},
-    {"plane_xz", [](double a, double b, double) { return Maze_plane_xz(whole(a), whole(b)); }},
-    {"plane_yz", [](double a, double b, double) { return Maze_plane_yz(whole(a), whole(b)); }},
-    {"grid3d",
-     [](double a, double b, double c) { return Maze_grid3d(whole(a), whole(b), whole(c)); }},
-    {"hexagon", [](double a, double, double) { return Maze_hexagon(whole(a)); }},
-    {"honeycomb", [](double a, double b, double) { return Maze_honeycomb(whole(a), whole(b)); }},
-    {"polar", [](double a, double b, double) { return Maze_polar(whole(a), whole(b)); }},
-    {"sphere", [](double a, double, double) { return Maze_sphere(a); }},
-    {"torus", [](double a, double b, double) { return Maze_torus(a, b); }},
-    {"mobius", [](double a, double b, double) { return Maze_mobius(a, b); }},
-    {"box", [](double a, double b, double c) { return Maze_box(whole(a), whole(b), whole(c)); }},
-    {"topologies", random_topologies},
-    {"choose", chosen},
-    {"relaxed", relaxed},
-};
+Maze *build(const std::string &name, double a, double b, double c) {
+  const int32_t i = static_cast<int32_t>(a);
+  const int32_t j = static_cast<int32_t>(b);
+  const int32_t k = static_cast<int32_t>(c);
+  rand_seed(name == "choose" ? static_cast<uint32_t>(j) : 1);
+  if (name == "plane_xy") return Maze_plane_xy(i, j);
+  if (name == "plane_xz") return Maze_plane_xz(i, j);
+  if (name == "plane_yz") return Maze_plane_yz(i, j);
+  if (name == "grid3d") return Maze_grid3d(i, j, k);
+  if (name == "hexagon") return Maze_hexagon(i);
+  if (name == "honeycomb") return Maze_honeycomb(i, j);
+  if (name == "polar") return Maze_polar(i, j);
+  if (name == "sphere") return Maze_sphere(a);
+  if (name == "torus") return Maze_torus(a, b);
+  if (name == "mobius") return Maze_mobius(a, b);
+  if (name == "box") return Maze_box(i, j, k);
+  if (name == "topologies") return random_topologies(a, j);
+  if (name == "relaxed") return relaxed(a, b, c);
+  EXPECT_EQ(name, "choose");
+  return Maze_choose(i);
+}
 
 struct Digest {
   uint32_t value = 2166136261;
@@ -163,8 +155,7 @@ std::string digest_of(const std::string &line) {
   double b = 0.0;
   double c = 0.0;
   words >> name >> a >> b >> c;
-  rand_seed(1);
-  const OwnedMaze tree(builders.at(name)(a, b, c));
+  const OwnedMaze tree(build(name, a, b, c));
   const int32_t next_draw = rand15();
   return digest_text(tree.get(), next_draw);
 }

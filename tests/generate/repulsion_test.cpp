@@ -14,19 +14,18 @@ namespace {
 
 std::vector<Vec3> forces_by(void (*kernel)(const RepulsionField &), const Maze *maze) {
   const size_t n = maze->nodes.count;
-  std::vector<double> columns[6] = {};
+  std::vector<double> x, y, z, forces(3 * n, 0.0);
+  std::vector<Vec3> result;
   for (size_t i = 0; i < n; ++i) {
-    const MazeNode &node = maze_nodes(maze)[i];
-    const double values[] = {node.x, node.y, node.z, 0.0, 0.0, 0.0};
-    for (size_t c = 0; c < 6; ++c)
-      columns[c].push_back(values[c]);
+    x.push_back(maze_nodes(maze)[i].x);
+    y.push_back(maze_nodes(maze)[i].y);
+    z.push_back(maze_nodes(maze)[i].z);
   }
-  kernel({maze_count(maze), columns[0].data(), columns[1].data(), columns[2].data(),
-          columns[3].data(), columns[4].data(), columns[5].data()});
-  std::vector<Vec3> forces;
+  double *const f = forces.data();
+  kernel({maze_count(maze), x.data(), y.data(), z.data(), f, f + n, f + 2 * n});
   for (size_t i = 0; i < n; ++i)
-    forces.push_back({columns[3][i], columns[4][i], columns[5][i]});
-  return forces;
+    result.push_back({f[i], f[n + i], f[2 * n + i]});
+  return result;
 }
 
 // Nodes at one place get forces that are not finite.

@@ -153,12 +153,8 @@ TEST_F(Session, TreesThatNoWalkCouldUseAreRefused) {
   const Damage damages[] = {
       [](const ThreeLevels &t, World *) { MazeNode_remove_row(&maze_nodes(t.m1)[0], 0); },
       [](const ThreeLevels &t, World *) { Maze_join(t.n2, 0, 1); },
-      [](const ThreeLevels &t, World *) { maze_nodes(t.n2)[0].nbr[0] = 0; },
-      [](const ThreeLevels &t, World *) { maze_nodes(t.n2)[0].nbr[0] = -1; },
-      [](const ThreeLevels &t, World *) { maze_nodes(t.n2)[0].nbr[0] = 3; },
       [](const ThreeLevels &t, World *) { Maze_delete_node(t.n3, 1); }, // two doors, one node
       [](const ThreeLevels &t, World *) { scenario_hold(t.n3, 0, scenario_path(4)); }, // a door
-      [](const ThreeLevels &t, World *) { GrowList_clear(&t.n3->nodes); },
       [](const ThreeLevels &t, World *world) { world->cur.maze = t.m1; }, // a container
       [](const ThreeLevels &, World *world) { world->cur.node = 3; },
       [](const ThreeLevels &, World *world) { world->cur.node = -1; },

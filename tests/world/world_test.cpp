@@ -1,13 +1,19 @@
 #include "world/world.h"
 
+#include <cmath>
+#include <numbers>
+
 #include <gtest/gtest.h>
 
 #include "maze/pos.h"
 #include "scenarios.h"
 #include "support/random.h"
+#include "world/camera.h"
 #include "world/small_world.h"
 
 namespace {
+
+using std::numbers::pi;
 
 TEST(World, ANewOneLooksDownFromTheZoom) {
   rand_seed(596); // nested
@@ -49,6 +55,44 @@ TEST(World, TheFirstPlaceIsThePlainNodeBelowAllFirstNodes) {
   EXPECT_TRUE(Pos_equal(World_first_place(world.root), {two, 0}));
   scenario_hold(two, 0, Maze_new());
   EXPECT_TRUE(Pos_equal(World_first_place(world.root), {two, 1}));
+}
+
+TEST(Camera, TurningKeepsTheTargetAndThePitchInRange) {
+  SmallWorld world(scenario_path(2));
+  world.camera = {1, 2, 3};
+  const Vec3 target = world.camera - Vec3{0, 0, world.zoom};
+  double yaw = 0, pitch = 0;
+  rand_seed(3);
+  for (int32_t i = 0; i < 100; ++i) {
+    yaw += rand_real(4) - 2;
+    pitch += rand_real(4) - 2;
+    const double wanted = pitch;
+    World_turn_view(&world, yaw, &pitch);
+    EXPECT_EQ(pitch, wanted > 0 ? 0 : wanted < -pi ? -pi : wanted);
+    const Vec3 stick = {std::sin(pitch) * std::sin(yaw), std::sin(pitch) * std::cos(yaw),
+                        std::cos(pitch)};
+    EXPECT_LT(length(Mat3_row(world.view, 2) - stick), 1e-12);
+    EXPECT_LT(length(world.camera - world.zoom * stick - target), 1e-10);
+    // The screen's right stays level.
+    EXPECT_LT(length(Mat3_row(world.view, 0) - Vec3{std::cos(yaw), -std::sin(yaw), 0}), 1e-12);
+    EXPECT_NEAR(Mat3_determinant(world.view), 1.0, 1e-12);
+  }
+}
+
+TEST(Camera, ChasesByTheFrameTimeAndLandsWithinATenthOfASecond) {
+  SmallWorld world(scenario_path(2));
+  world.offset = {0.3, 0, 0};
+  world.view = {{{1, 0, 0}, {0, 0, 1}, {0, -1, 0}}};
+  const Vec3 ideal = {0.3, -world.zoom, 0}, start = {1e6 / 3, -7.1, 33.3};
+  const double bad = std::nan("");
+  for (const double dt : {0.0, 1.0 / 240, 1.0 / 60, 0.05, 0.2, 3.0})
+    for (const Vec3 from : {start, {0, bad, 0}, {HUGE_VAL, 0, 0}}) {
+      world.camera = from;
+      World_chase(&world, dt);
+      const bool moves = dt < 0.1 && is_finite(from);
+      const Vec3 wanted = moves ? start + 10 * dt * (ideal - start) : ideal;
+      EXPECT_LE(length(world.camera - wanted), moves ? 1e-9 : 0.0) << dt;
+    }
 }
 
 } // namespace

@@ -1,35 +1,13 @@
-// What holds for whole trees, and what of their making no digest in trees.txt covers.
+// What no digest in trees.txt covers.
 #include <gtest/gtest.h>
 
-#include "generate/choose.h"
 #include "generate/nest.h"
 #include "generate/owned_maze.h"
 #include "generate/transform.h"
-#include "maze/reach.h"
-#include "maze/walk.h"
 #include "scenarios.h"
-#include "support/random.h"
 #include "support/strings.h"
 
 namespace {
-
-TEST(Tree, NoMazeHasALoopOrAnUnreachableNode) {
-  for (const int32_t mode : {0, 1, 2})
-    for (uint32_t seed = 50; seed < 60; ++seed) {
-      SCOPED_TRACE(testing::Message() << "mode " << mode << " seed " << seed);
-      rand_seed(seed);
-      const OwnedMaze tree(Maze_choose(mode));
-      for (const Maze *maze = tree.get(); maze; maze = Maze_next(tree.get(), maze)) {
-        uint32_t rows = 0;
-        for (int32_t i = 0; i < maze_count(maze); ++i)
-          rows += maze_nodes(maze)[i].degree;
-        EXPECT_EQ(rows, 2 * (maze->nodes.count - 1));
-        Maze *reachable = Maze_reachable_copy(maze, 0);
-        EXPECT_EQ(maze_count(reachable), maze_count(maze));
-        Maze_destroy(reachable, 0);
-      }
-    }
-}
 
 TEST(Tree, LabelsCountTheHoldersOfEachMaze) {
   const ThreeLevels t = scenario_three_levels();

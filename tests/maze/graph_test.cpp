@@ -1,10 +1,8 @@
 // Edits and searches of one maze, as graph.txt has them.
-#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -12,7 +10,6 @@
 #include "maze/pos.h"
 #include "maze/reach.h"
 #include "scenarios.h"
-#include "support/random.h"
 
 // The node's letter when the graph was made.
 static char letter_of(const MazeNode &node) {
@@ -83,33 +80,5 @@ TEST(Graph, EditsAndSearchesGiveWhatTheFileSays) {
     Maze *maze = scenario_graph(line.substr(0, first));
     EXPECT_EQ(result_of(step, maze, a - 'a', b - 'a'), line.substr(second + 3)) << line;
     Maze_destroy(maze, 1);
-  }
-}
-
-// Positions on a small lattice, so that many nodes are equally near a door's neighbour.
-TEST(Graph, DoorsAreTheNearestNodesWithTheHighestIndexAmongEquals) {
-  for (uint32_t seed = 0; seed < 50; seed++) {
-    rand_seed(seed);
-    Maze *around = scenario_random(20, 60), *below = scenario_random(12, 20);
-    std::vector<std::pair<Vec3, uint32_t>> nodes; // with self.colour
-    for (MazeNode *n = maze_nodes(below), *end = n + 12; n < end; n++) {
-      n->x = rand_int(3), n->y = rand_int(3), n->z = rand_int(2);
-      nodes.emplace_back(node_position(*n), n->self.colour);
-    }
-    Maze_align_doors(below); // changes nothing without a holder
-    scenario_hold(around, 7, below);
-    Maze_align_doors(below);
-    const MazeNode &holder = maze_nodes(around)[7];
-    for (size_t door = 0; door < holder.degree; door++) {
-      const Vec3 towards = node_position(maze_nodes(around)[holder.nbr[door]]);
-      const auto nearer = [towards](const auto &a, const auto &b) {
-        return length(a.first - towards) < length(b.first - towards);
-      };
-      const auto end = nodes.rend() - static_cast<long>(door);
-      std::swap(nodes[door], *std::min_element(nodes.rbegin(), end, nearer));
-    }
-    for (size_t i = 0; i < 12; i++)
-      ASSERT_EQ(maze_nodes(below)[i].self.colour, nodes[i].second) << "seed " << seed;
-    Maze_destroy(around, 1);
   }
 }

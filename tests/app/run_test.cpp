@@ -35,9 +35,12 @@ TEST(Run, FramesMoveTheClockAndTheCameraByTheirTime) {
   EXPECT_NEAR(run.world.time, 0.05, 1e-9);
   EXPECT_NEAR(run.world.camera.z, (start + ideal) / 2, 1e-9);
   clock_now += 0.5;
+  key_state['R'] = 0x80;
   quit_requested = 1;
   EXPECT_FALSE(run_frame(&run));
   EXPECT_NEAR(run.world.time, 0.55, 1e-9);
+  EXPECT_NEAR(run.relaxation.simplify_rate, 1.5, 1e-9); // by R, not E
+  key_state['R'] = 0;
   run_end(&run);
   quit_requested = 0;
   EXPECT_FALSE(gfx_context_alive());

@@ -1,4 +1,5 @@
 // Edits and searches of one maze, as graph.txt has them.
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -48,10 +49,13 @@ static std::string reached_from(const Maze *maze, int32_t a) {
 }
 
 static std::string component(Maze *maze, int32_t a) {
-  scenario_hold(maze, a, Maze_new());
+  Maze *held = Maze_new();
+  scenario_hold(maze, a, held);
   Maze *copy = Maze_reachable_copy(maze, a);
   const std::string rows = rows_of(copy);
-  Maze_destroy(copy, 0); // the copy shares what the graph holds
+  const auto holds = [held](const MazeNode &node) { return node.submaze == held; };
+  EXPECT_TRUE(std::any_of(maze_nodes(copy), maze_nodes(copy) + maze_count(copy), holds));
+  Maze_destroy(copy, 0); // what it holds is shared
   return rows;
 }
 

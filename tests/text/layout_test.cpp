@@ -1,171 +1,114 @@
 #include "text/layout.h"
 
-#include <cmath>
+#include <bit>
 #include <cstring>
+#include <sstream>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "fonts.h"
 #include "text/style.h"
 
+using namespace std::string_literals;
+
 namespace {
 
-std::vector<TextQuad> quads;
-int pauses;
+std::ostringstream output;
 
-constexpr TextOutput recorder = {[](const TextQuad *quad) { quads.push_back(*quad); },
-                                 [] { pauses++; }, [] { pauses--; }};
-
-float lay_out(const std::string &text, float wrap_x = 0, float bottom_y = 0, float x = 0,
-              float y = 0) {
-  quads.clear();
-  return text_layout(&recorder, x, y, wrap_x, bottom_y, text.c_str());
+void write_quad(const TextQuad *q) {
+  output << q->left << ',' << q->top << '+' << q->right - q->left << 'x' << q->bottom - q->top
+         << ' ';
 }
 
-// A form of a command, whose value may hold NULs.
+constexpr TextOutput recorder = {write_quad, [] { output << '('; }, [] { output << ") "; }};
+
+// A command, whose value may hold NULs.
 std::string command(uint8_t kind, uint32_t value) {
   std::string form = {5, static_cast<char>(kind), 0, 0, 0, 0};
   std::memcpy(form.data() + 2, &value, sizeof value);
   return form;
 }
 
-const std::string words =
-    "Hold right mouse button or Ctrl+arrows = Rotate view; incomprehensibilities, I say, are "
-    "a maze.  Two spaces -- and an end";
-
-TEST(Layout, PensStandWhereTheWidthsTell) {
-  const Fonts built = fonts_for_test();
-  ASSERT_EQ(text_gap, 9);
-  EXPECT_EQ(text_width(""), 0);
-  EXPECT_EQ(text_width("\nthis"), 0);
-  current_font = nullptr;
-  EXPECT_EQ(text_width("abc"), 14) << "five pixels a letter without a font";
-  EXPECT_EQ(lay_out("abc", 0, 0, 0, 6), 6);
-  font_select(built.normal);
-  lay_out("l8", 0, 0, 30, 7); // in this font a letter takes its width and a pixel
-  EXPECT_EQ(quads[1].left, static_cast<float>(31 + built.normal->glyph_width['l']));
-  EXPECT_EQ(quads[1].right - quads[1].left, 7);
-  EXPECT_EQ(quads[1].top, 7);
-  EXPECT_EQ(quads[1].bottom, 20);
-  for (const char *style : {"normal", "normal:width=1.37", "fmod:scale=31px", "fmod:black:small"}) {
-    font_apply(style);
-    lay_out(words);
-    double drawn = 0;
-    int measured = -1;
-    size_t glyph = 0;
-    for (const char c : words) {
-      if (c != ' ') {
-        EXPECT_EQ(static_cast<double>(quads.at(glyph++).left), drawn) << style;
-      }
-      const double width = current_font->base->glyph_width[static_cast<int>(c)];
-      const double look = static_cast<double>(current_font->width_scale) *
-                          (1 + static_cast<double>(current_font->boldness));
-      drawn += std::trunc(width * look + text_gap * 0.13 + 0.5);
-      measured += static_cast<int>(width * look + 0.5) + static_cast<int>(text_gap * 0.13 + 0.5);
-    }
-    EXPECT_EQ(text_width(words.c_str()), measured) << style;
-  }
+std::string script(uint32_t size, int32_t rise) {
+  return command(2, size | static_cast<uint32_t>(rise) << 16);
 }
 
-// A new line begins where the word, measured from the left of the space before it, would pass the
-// edge, and inside a word where the pen has; so no glyph begins beyond the edge by more than a
-// space.
-TEST(Layout, WrappingHoldsAtEveryWidth) {
+std::string tab(float x) {
+  return command(1, std::bit_cast<uint32_t>(x));
+}
+
+std::string wide(int code) {
+  return {2, static_cast<char>(code >> 8), static_cast<char>(code)};
+}
+
+// In "fmod" a cell is 100 high, a letter 40 wide, "m" 60, "i" and the space 20, and the gap 5.33.
+// In "normal" a cell is 13 high, "m" 12 wide, alpha 8, and the gap 1.17.
+TEST(Layout, PlacesQuadsAndEndsAtTheLastLine) {
   fonts_for_test();
-  for (int wrap = 1; wrap < text_width(words.c_str()) + 20; wrap++) {
-    const float edge = static_cast<float>(wrap);
-    const float end = lay_out(words, edge);
-    size_t next = 0;
-    for (size_t i = 0; i < words.size(); i++) {
-      if (words[i] == ' ') continue;
-      const size_t k = next++;
-      EXPECT_LE(quads.at(k).left, edge + 3);
-      if (k == 0) continue;
-      const bool broken = quads[k].top > quads[k - 1].top;
-      const int pen = static_cast<int>(quads[k - 1].right) + 1;
-      if (words[i - 1] != ' ') {
-        EXPECT_EQ(broken, pen > wrap) << words.substr(i) << " at " << wrap;
-      } else if (words[i - 2] != ' ') {
-        const std::string word = words.substr(i, words.find(' ', i) - i);
-        EXPECT_EQ(broken, pen + text_width(word.c_str()) > wrap) << word << " at " << wrap;
-      }
-      const bool two_spaces = words[i - 1] == ' ' && words[i - 2] == ' ';
-      EXPECT_TRUE(!broken || quads[k].left == 0 || two_spaces) << words.substr(i) << " at " << wrap;
-    }
-    ASSERT_EQ(next, quads.size());
-    EXPECT_GE(end, quads.back().top);
-    const float limited = lay_out(words, edge, 40);
-    for (const TextQuad &quad : quads)
-      EXPECT_LE(quad.top, 40);
-    EXPECT_EQ(limited > 40, end > 40) << "the y of the line that was not drawn";
-  }
-  EXPECT_EQ(lay_out("a\nb", 0, 5), 14) << "the text's own lines have no limit";
-  EXPECT_EQ(quads.size(), 2U);
-  // Space and break inside a word step differently when scaled.
-  font_apply("normal:height=1.5");
-  EXPECT_EQ(lay_out("aa a", 15), 20.5F);
-  EXPECT_EQ(lay_out("aaaaaaaa", 12) / 14, std::round(lay_out("aaaaaaaa", 12) / 14));
-  EXPECT_EQ(lay_out("a\na"), 21);
-}
-
-TEST(Layout, FormsAreCodesAndCommands) {
-  const Fonts built = fonts_for_test();
-  const auto left = [](size_t i) { return quads.at(i).left; };
-  const float a = static_cast<float>(built.normal->glyph_width['a'] + 1);
-  lay_out(std::string("a\2\1\0b", 5)); // alpha, whose form holds a NUL
-  EXPECT_EQ(left(1), a);
-  EXPECT_EQ(left(2), a + static_cast<float>(built.normal->glyph_width[256] + 1));
-  EXPECT_EQ(lay_out(std::string("a\2\0\nb", 5)), 14);
-  EXPECT_EQ(left(1), 0);
-  lay_out("\2\3\1"
-          "a"); // beyond the tables: the marker
-  EXPECT_EQ(left(1), 4);
-  lay_out(command(0, 77) + "a" + command(1, 0x42F60000) + "b" + command(9, 1) + "c");
-  EXPECT_EQ(left(0), 0);
-  EXPECT_EQ(left(1), 123);
-  EXPECT_EQ(left(2), 123 + static_cast<float>(built.normal->glyph_width['b'] + 1));
-  EXPECT_EQ(text_width((command(1, 0x42F60000) + "a\2\1\1" + "a").c_str()), 2 * a - 1);
-  EXPECT_EQ(text_width("a\7"), a - 1) << "a byte that would skip the end";
-  // Looking ahead goes through forms whole: kappa's low byte is a tab, alpha's a NUL.
-  const std::string greek = std::string("a b\2\1\t\2\1\0bbbbb c", 17);
-  lay_out(greek, 30);
-  EXPECT_EQ(quads.at(1).top, 14);
-  lay_out("");
-  EXPECT_TRUE(quads.empty());
-  quads.clear();
-  text_layout(&recorder, 0, 0, 0, 0, nullptr);
-  ASSERT_EQ(quads.size(), 5U) << "NULL?";
-  EXPECT_EQ(quads[1].left, static_cast<float>(built.normal->glyph_width['N'] + 1));
-}
-
-TEST(Layout, ScriptsChangeSizeAndRiseAndComeBack) {
-  const Fonts built = fonts_for_test();
-  font_apply("fmod");
-  const auto script = [](int size, int rise) {
-    return command(2, static_cast<uint32_t>(size) | static_cast<uint32_t>(rise) << 16);
+  struct Row {
+    const char *style;
+    std::string text;
+    float x, y, wrap_x, bottom_y;
+    const char *expected; // quads, scripts in parentheses, the pen's y, text_width
   };
-  const float end = lay_out(std::string("x") + script(128, 64) + "x" + script(64, -128) + "x" +
-                                script(256, 0) + "x",
-                            0, 0, 0, 200);
-  ASSERT_EQ(quads.size(), 4U);
-  EXPECT_EQ(pauses, 0);
-  EXPECT_EQ(end, 200);
-  const float tops[] = {200, 175, 249, 200}; // (-12,800 + 128) / 256 is cut towards 0
-  const float heights[] = {100, 50, 25, 100};
-  const float width = static_cast<float>(built.fmod->tex_width);
-  const float height = static_cast<float>(built.fmod->tex_height);
-  for (size_t i = 0; i < 4; i++) {
-    EXPECT_EQ(quads[i].top, tops[i]) << i;
-    EXPECT_EQ(quads[i].bottom - quads[i].top, heights[i]) << i;
-    EXPECT_EQ(quads[i].right - quads[i].left, heights[i] * 0.4F) << i;
-    EXPECT_EQ(quads[i].tex_left * width, static_cast<float>(built.fmod->glyph_x['x']));
-    EXPECT_EQ((quads[i].tex_right - quads[i].tex_left) * width, 40);
-    EXPECT_EQ((quads[i].tex_bottom - quads[i].tex_top) * height, 100);
+  const Row rows[] = {
+      {"fmod", "", 3, 7, 0, 0, "|7|0"},
+      {"fmod", "mi a", 30, 7, 0, 0, "30,7+60x100 95,7+20x100 145,7+40x100 |7|159"},
+      {"fmod", "a\nbb", 30, 7, 0, 0, "30,7+40x100 30,108+40x100 75,108+40x100 |108|44"},
+      {"fmod", "\na", 0, 0, 0, 50, "0,101+40x100 |101|0"},
+      {"fmod:boldness=0.03", "aa", 0, 0, 0, 0, "0,0+40x100 47,0+40x100 |0|91"},
+      {"fmod:width=2.5:height=0.505", "a\na", 0, 0, 0, 0, "0,0+100x50.5 0,52+100x50.5 |52|112"},
+
+      {"fmod", "a a", 30, 7, 119, 0, "30,7+40x100 100,7+40x100 |108|114"},
+      {"fmod", "a a", 30, 7, 118, 0, "30,7+40x100 30,108+40x100 |108|114"},
+      {"fmod", "aa", 30, 7, 75, 0, "30,7+40x100 75,7+40x100 |108|89"},
+      {"fmod", "aa", 30, 7, 74, 0, "30,7+40x100 30,108+40x100 |209|89"},
+      {"fmod", "a  a", 0, 0, 44, 0, "0,0+40x100 25,101+40x100 |202|139"},
+      {"fmod", "a iiii", 0, 0, 60, 0,
+       "0,0+40x100 0,101+20x100 25,101+20x100 50,101+20x100 0,202+20x100 |202|169"},
+      {"fmod:height=0.505", "a aa", 0, 0, 44, 0,
+       "0,0+40x50.5 0,51.5+40x50.5 0,152.5+40x50.5 |253.5|159"},
+      {"fmod", "a i\ta"s, 0, 0, 69, 0,
+       "0,0+40x100 70,0+20x100 0,101+20x100 25,101+40x100 |202|164"},
+      {"fmod", "a a"s + wide(0x109) + wide(0x100) + "a a", 0, 0, 134, 0,
+       "0,0+40x100 70,0+40x100 115,0+0x100 120,0+0x100 125,0+40x100 0,101+40x100 |101|229"},
+      {"fmod", "a a"s + wide(0x109) + wide(0x100) + "a ", 0, 0, 133, 0,
+       "0,0+40x100 0,101+40x100 45,101+0x100 50,101+0x100 55,101+40x100 |101|184"},
+      {"fmod", "a a a", 0, 0, 50, 101, "0,0+40x100 0,101+40x100 |202|184"},
+      {"fmod", "a a a", 0, 0, 50, 100.9F, "0,0+40x100 |101|184"},
+      {"fmod", "aaaa", 0, 0, 50, -3, "0,0+40x100 45,0+40x100 |101|179"},
+
+      {"normal", "ma", 0, 0, 0, 0, "0,0+12x13 13,0+7x13 |0|20"},
+      {"normal", "m"s + wide(256) + "\nm", 0, 0, 0, 0, "0,0+12x13 13,0+8x13 0,14+12x13 |14|12"},
+      {"normal", "m"s + wide(10) + "m", 0, 0, 0, 0, "0,0+12x13 0,14+12x13 |14|25"},
+      {"normal", wide(511) + wide(512) + "\1m", 0, 0, 0, 0,
+       "0,0+1x13 2,0+3x13 6,0+3x13 10,0+12x13 |0|0"},
+      {"normal", command(0, 9) + "m"s + tab(77.5F) + "m"s + command(9, 1) + "m", 0, 0, 0, 0,
+       "0,0+12x13 77.5,0+12x13 90.5,0+12x13 |0|38"},
+      {"fmod", "a"s + script(128, 64) + "a"s + script(64, -128) + "a"s + script(256, 0) + "a", 0,
+       200, 0, 0, "0,200+40x100 () 45,175+20x50 () 68,249+10x25 () 79,200+40x100 |200|179"},
+      {"fmod:scale=0.5", "a"s + script(128, 33) + "a\na", 0, 200, 0, 0,
+       "0,200+20x50 () 23,194+10x25 0,220+10x25 |220|45"},
+  };
+  for (const Row &row : rows) {
+    SCOPED_TRACE(testing::Message() << row.style << " \"" << row.text << "\" " << row.wrap_x);
+    font_apply(row.style);
+    const Font *font = current_font;
+    const char *text = row.text.c_str();
+    output.str("");
+    const float end = text_layout(&recorder, row.x, row.y, row.wrap_x, row.bottom_y, text);
+    output << '|' << end << '|' << text_width(text);
+    EXPECT_EQ(output.str(), row.expected);
+    EXPECT_EQ(current_font, font);
   }
-  EXPECT_EQ(current_font, built.fmod) << "the style is back";
-  EXPECT_EQ(current_style.width_scale, 1);
+  font_apply("normal");
+  output.str("");
+  text_layout(&recorder, 0, 0, 0, 0, nullptr);
+  EXPECT_EQ(output.str(), "0,0+9x13 10,0+9x13 20,0+6x13 27,0+6x13 34,0+6x13 ") << "NULL?";
+  current_font = nullptr;
+  EXPECT_EQ(text_width("abc"), 14);
+  EXPECT_EQ(text_layout(&recorder, 0, 6, 0, 0, "abc"), 6);
 }
 
 } // namespace

@@ -10,8 +10,8 @@
 
 namespace {
 
-// Prepares in a buffer of exactly the room that is told, so that a checker sees any byte past it.
-// With `tags_only` for a depth the tags, otherwise names and scripts.
+// Prepares in a buffer of exactly the promised size. `tags_only` as a depth prepares the tags,
+// other depths names and scripts.
 constexpr int32_t tags_only = -9;
 std::string prepared(const std::string &text, int32_t depth) {
   std::vector<char> buffer(text_prepare_room(text.size()));
@@ -21,11 +21,11 @@ std::string prepared(const std::string &text, int32_t depth) {
   return {start, text_end_of(start)};
 }
 
-// Wide codes as <code>, script commands as [size rise], other commands as (kind value).
+// Wide codes as <code>, scripts as [size rise], other commands as (kind value).
 std::string shown(const std::string &text) {
   std::ostringstream out;
-  const std::vector<uint8_t> bytes(text.begin(), text.end());
-  for (const uint8_t *b = bytes.data(), *end = b + bytes.size(); b < end;) {
+  const auto *b = reinterpret_cast<const uint8_t *>(text.data());
+  for (const uint8_t *end = b + text.size(); b < end; b += text_form_length(*b)) {
     if (*b == 2)
       out << "<" << b[1] * 256 + b[2] << ">";
     else if (*b != 5)
@@ -34,25 +34,23 @@ std::string shown(const std::string &text) {
       out << "[" << number_at<uint16_t>(b + 2) << " " << number_at<int16_t>(b + 4) << "]";
     else
       out << "(" << int{b[1]} << " " << i32_at(b + 2) << ")";
-    b += *b == 2 ? 3 : *b == 5 ? 6 : 1;
   }
   return out.str();
 }
 
-} // namespace
-
 TEST(Prepare, TurnsNotationIntoForms) {
   const char *letters = "alphabetagammadeltaepsilonzetaetathetaiotakappalambdamunuxiomicronpirho"
                         "sigmatauupsilonphichipsiomegavardeltavarzetavarthetavarphivaromega";
-  std::string shown_letters; // 256 to 279, then 304 to 308
+  std::ostringstream codes;
   for (int code = 256; code < 309; code += code == 279 ? 25 : 1)
-    (shown_letters += '<').append(std::to_string(code)).append(">");
+    codes << '<' << code << '>';
   const char *nested = "e^{x^{y_{z}}}";
   const struct {
     int32_t depth;
-    const char *text, *expected;
+    const char *text;
+    std::string expected;
   } cases[] = {
-      {0, letters, shown_letters.c_str()},
+      {0, letters, codes.str()},
       {0, "spin, mumu.", "s<271>n, <267><267>."},
       {0, "Omega pI PI VARphi", "<303> <271> <295> <307>"},
       {-1, "lambd varmu x^eta", "lambd var<267> x^<262>"},
@@ -92,3 +90,5 @@ TEST(Prepare, NestsAsDeepAsTheTextDoes) {
   EXPECT_EQ(out.size(), 1200000U);
   EXPECT_EQ(shown(out.substr(600000 - 6, 12)), "[17 32767][17 32767]");
 }
+
+} // namespace

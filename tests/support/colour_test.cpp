@@ -4,10 +4,9 @@
 
 #include <gtest/gtest.h>
 
-TEST(Colour, ChannelsRoundClampAndKeepToThemselves) {
+TEST(Colour, ChannelsAreRoundedAndClamped) {
   for (uint32_t v = 0; v < 255; v++)
-    EXPECT_EQ(rgb_colour((v + 0.499) / 255, (v + 0.501) / 255, v / 255.0),
-              v << 16 | (v + 1) << 8 | v);
+    EXPECT_EQ(rgb_colour((v + 0.499) / 255, (v + 0.501) / 255, v / 255.0), v * 0x10101 + 0x100);
   EXPECT_EQ(rgb_colour(-1e300, 1e300, 1.0), 0x00FFFFU);
   EXPECT_EQ(rgb_colour(std::nan(""), INFINITY, -INFINITY), 0x00FF00U);
   EXPECT_EQ(colour_adjust(0x10C0BF, 0x40, 0x40, 0x40), 0x50FFFFU);

@@ -1,121 +1,97 @@
 #include "support/report.h"
 
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <sstream>
 #include <string>
-#include <utility>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include "support/clock.h"
 
-static std::ostringstream seen; // type, text and progress of each frame handed over
+namespace {
 
-static void note(report_frame *frame) {
-  seen << frame->type << (frame->text == nullptr ? "-" : frame->text) << frame->progress << ' ';
-  if (frame->type == report_question) frame->answer = 42;
+double now = 5.5;
+
+int32_t report(int32_t type, const char *text, int32_t copy = 1) {
+  now += 0.25;
+  return report_inner("report_test", 3, type, text, copy);
 }
 
-TEST(Report, StackFollowsTheOperations) {
-  report_handler = note;
-  char words[] = "temporary";
-  const auto report = [](int32_t type, const char *text, int32_t copy) {
-    return report_inner("report_test", 2, type, text, copy);
-  };
-  report(report_message, words, 1);
-  words[0] = 'X'; // the copy stays
-  EXPECT_EQ(report_depth(), 1u);
-  report(report_begin, "outer", 0);
-  report(report_begin, words, 1);
-  EXPECT_EQ(report_depth(), 3u);
-  report_set_progress("report_test", 3, 3, 7);
-  report(report_message, words, 1);
-  EXPECT_EQ(report(report_question, "really?", 1), 42); // on a frame that owns its text
-  report(report_warning, "careful", 0);
-  EXPECT_EQ(report_depth(), 3u);
-  report(report_end, nullptr, 0);
-  report(report_end, nullptr, 0);
-  EXPECT_EQ(report_depth(), 1u);
-  EXPECT_GE(report_elapsed(), 0.0);
-  EXPECT_EQ(seen.str(), "1temporary0 2outer0 2Xemporary0 4-3 1Xemporary0 7really?0 6careful0 "
-                        "3Xemporary0 3outer0 ");
-  report_handler = nullptr;
-  report(report_message, nullptr, 1);
-  report_handler = report_print;
-}
-
-// What the program prints for a frame, with words waiting on its standard input, the answer, and
-// the next character there.
-static std::string printed(int32_t type, const char *input, double progress = 0, double total = 0) {
-  const std::string input_path =
-      testing::TempDir() + "vorel_report_test." + std::to_string(getpid());
-  std::ofstream(input_path) << input;
-  char words[] = "5%s";
-  report_frame frame = {};
-  frame.type = type;
-  frame.text = words;
-  frame.progress = progress;
-  frame.progress_total = total;
-  testing::internal::CaptureStdout();
-  if (std::freopen(input_path.c_str(), "r", stdin) == nullptr) return "no input";
-  report_print(&frame);
-  std::string text = testing::internal::GetCapturedStdout() + '|' + std::to_string(frame.answer);
-  const int next = std::getchar();
-  std::error_code open_still; // which some systems don't remove
-  std::filesystem::remove(input_path, open_still);
-  return next == EOF ? text : text + '|' + static_cast<char>(next);
-}
-
-TEST(Report, EachKindIsPrintedInItsWay) {
-  EXPECT_EQ(printed(report_message, "xy"), "5%s\n|0|x");
-  EXPECT_EQ(printed(report_progress, "", 2), "5%s [2]\n|0");
-  EXPECT_EQ(printed(report_progress, "", 2.5, 1e9), "5%s [2.5/1e+09]\n|0");
-  EXPECT_EQ(printed(report_progress, "", 0, 4), "5%s [0/4]\n|0");
+// With answers on the standard input; a warning takes the space before the last character.
+TEST(Report, OperationsArePrintedWarnedAboutAndAsked) {
+  const std::string input = testing::TempDir() + "vorel_report_test." + std::to_string(getpid());
+  std::ofstream(input) << "  Yes nay " << std::string(100, 'y') << " !";
+  ASSERT_NE(std::freopen(input.c_str(), "r", stdin), nullptr);
+  gfx_clock = [] { return now; };
   report_sleep = [](int32_t milliseconds) { std::printf("waited %d\n", milliseconds); };
-  EXPECT_EQ(printed(report_error, ""), "\n[FATAL ERROR] 5%s\nwaited 2500\n|0");
-  report_sleep = clock_sleep;
-  const std::string warning = "\n[WARNING] 5%s\nPress any key to continue program\n|0|";
-  EXPECT_EQ(printed(report_warning, "xy"), warning + "y");
+  char words[] = "5%s";
+  EXPECT_EQ(report_elapsed(), 0);
+  testing::internal::CaptureStdout();
+  report(report_message, "first");
+  report(report_begin, "outer", 0);
+  report(report_begin, words);
+  words[0] = 'X'; // not in the copy
+  EXPECT_EQ(report_depth(), 3U);
+  report_set_progress("report_test", 3, 3, 7);
+  report(report_message, words);
+  EXPECT_EQ(report(report_question, "one?"), 1); // on a frame that owns its text
+  EXPECT_EQ(report(report_question, "two?"), 0);
+  EXPECT_EQ(report(report_question, "three?"), 1);
+  report(report_warning, "wait", 0);
   report_no_wait = 1;
-  EXPECT_EQ(printed(report_warning, "xy"), warning + "x");
+  report(report_warning, "go on", 0);
   report_no_wait = 0;
-  const std::string question = "5%s (Y/N) |";
-  EXPECT_EQ(printed(report_question, "Yes\n"), question + "1|\n");
-  EXPECT_EQ(printed(report_question, "  nay"), question + "0");
-  EXPECT_EQ(printed(report_question, ""), question + "0");
-  EXPECT_EQ(printed(report_question, std::string(100, 'y').c_str()), question + "1");
+  EXPECT_EQ(std::getchar(), '!');
+  EXPECT_EQ(report(report_question, "end?"), 0);
+  report(report_message, words);
+  report_set_progress("report_test", 3, 2.5, 1e9);
+  report_set_progress("report_test", 3, 2, 0);
+  report_set_progress("report_test", 3, 0, 4);
+  EXPECT_EQ(report_depth(), 3U);
+  report(report_end, nullptr);
+  report(report_end, nullptr);
+  EXPECT_EQ(report_depth(), 1U);
+  EXPECT_EQ(report_elapsed(), 3);
+  report_frame fatal = {report_error, "", 0, 0, words, 0, 0, 0, 0, 0};
+  report_print(&fatal);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+            "first\nouter\n5%s\n [3/7]\nX%s\none? (Y/N) two? (Y/N) three? (Y/N) "
+            "\n[WARNING] wait\nPress any key to continue program\n"
+            "\n[WARNING] go on\nPress any key to continue program\nend? (Y/N) "
+            "X%s\nX%s [2.5/1e+09]\nX%s [2]\nX%s [0/4]\n5%s\nouter\n"
+            "\n[FATAL ERROR] X%s\nwaited 2500\n");
+  report_handler = nullptr;
+  report(report_message, nullptr);
+  report_handler = report_print;
+  report_sleep = clock_sleep;
+  clock_reset();
+  std::remove(input.c_str());
 }
 
 TEST(ReportDeathTest, WrongReportsAreFatal) {
-  const auto fail = [](int32_t type) {
-    report_handler = [](report_frame *frame) {
-      std::cerr << frame->file << frame->line << frame->text;
-    };
-    report_inner("report_test", 3, type, "words", 0);
-  };
-  EXPECT_EXIT(fail(3), testing::ExitedWithCode(1),
-              "^report92Trying to pop empty stack in report_inner$");
+  gfx_clock = [] { return 5.5; };
+  report_handler = [](report_frame *f) { std::cerr << f->file << f->line << f->text << f->time; };
   for (const int32_t type : {-1, 0, 4, 8})
-    EXPECT_EXIT(fail(type), testing::ExitedWithCode(1),
-                "^report126Unknown ReportType in report_inner$");
-  EXPECT_EXIT(fail(5), testing::ExitedWithCode(1), "^report_test3words$");
+    EXPECT_EXIT(report(type, "words"), testing::ExitedWithCode(1),
+                "^report126Unknown ReportType in report_inner5.5$");
+  EXPECT_EXIT(report(report_end, "words"), testing::ExitedWithCode(1),
+              "^report92Trying to pop empty stack in report_inner5.5$");
+  EXPECT_EXIT(report(report_error, "words"), testing::ExitedWithCode(1), "^report_test3words5.5$");
+  report_handler = report_print;
+  clock_reset();
 }
 
-TEST(Report, SentencesAreAlsoHandedOn) {
+TEST(Report, SentencesAreCutAndHandedOn) {
   static std::string told;
   report_tell = [](const char *sentence) { told = sentence; };
-  const std::string longest(2000, 'x'); // and is cut
-  for (const auto &[text, cut] : {std::pair{std::string("a 5%"), std::string("no a 5%")},
-                                  std::pair{longest, "no " + longest.substr(0, 1020)}}) {
-    testing::internal::CaptureStderr();
-    report_sentence("no %s", text.c_str());
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "vorel: " + cut + "\n");
-    EXPECT_EQ(told, cut);
-  }
+  const std::string words = "5% " + std::string(2000, 'x');
+  testing::internal::CaptureStderr();
+  report_sentence("no %s", words.c_str());
+  EXPECT_EQ(told, "no " + words.substr(0, 1020));
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "vorel: " + told + "\n");
   report_tell = nullptr;
 }
+
+} // namespace

@@ -1,75 +1,46 @@
-#include "support/settings.h"
+#include "file_fixture.h"
 
 #include <cerrno>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
 
-#include <gtest/gtest.h>
-#include <unistd.h>
+#include "support/settings.h"
 
 namespace {
 
-const std::string path = testing::TempDir() + "vorel_settings_test." + std::to_string(getpid());
-
-// As text: lines end in the system's way.
-std::string contents() {
-  std::ifstream file(path);
-  return std::string(std::istreambuf_iterator<char>(file), {});
-}
-
-Settings loaded(const std::string &text) {
-  std::ofstream(path, std::ios::binary) << text;
+Settings loaded(const fs::path &file, const std::string &text, bool expected = true) {
+  std::ofstream(file, std::ios::binary) << text;
   Settings list;
-  EXPECT_TRUE(Settings_load(&list, path.c_str(), ':'));
+  EXPECT_EQ(Settings_load(&list, file.string().c_str(), ':'), expected) << text;
   return list;
 }
 
-std::string saved(Settings *list) {
-  EXPECT_TRUE(Settings_save(list, path.c_str(), ':'));
-  Settings_free(list);
-  std::string text = contents();
-  std::filesystem::remove(path);
-  return text;
+std::string saved(const fs::path &file, Settings list) {
+  EXPECT_TRUE(Settings_save(&list, file.string().c_str(), ':'));
+  Settings_free(&list);
+  std::ifstream stream(file); // as text: lines end in the system's way
+  return std::string(std::istreambuf_iterator<char>(stream), {});
 }
 
-TEST(Settings, LinesOfAllEndingsAreReadAndTrimmed) {
+TEST_F(File, HasSettingsInLinesOfAllEndings) {
   using namespace std::string_literals;
-  Settings list =
-      loaded("  Windowed (Y/N)  :   N  \r\na:b:c\rno separator\n:x\n\n:\0 z\t:\v\f\n\rlast: one"s);
-  EXPECT_EQ(saved(&list), "Windowed (Y/N): N\na: b:c\n: x\n: \nz: \nlast: one\n");
-  list = loaded("");
-  EXPECT_EQ(list.count, 0u);
-  Settings_free(&list);
-  std::filesystem::remove(path);
-  EXPECT_TRUE(Settings_load(&list, path.c_str(), ':') && list.count == 0);
-  Settings_free(&list);
-  std::filesystem::create_directory(path);
-  EXPECT_FALSE(Settings_load(&list, path.c_str(), ':'));
-  EXPECT_FALSE(Settings_save(&list, path.c_str(), ':'));
-  Settings_free(&list);
-  std::filesystem::remove(path);
-}
-
-// As editors of other systems save them.
-TEST(Settings, MarksBeforeTheTextAreNoPartOfIt) {
-  Settings list = loaded("\xEF\xBB\xBF"
-                         "a: b\n\xEF\xBB\xBF"
-                         "c: d");
-  EXPECT_EQ(saved(&list), "a: b\n\xEF\xBB\xBF"
-                          "c: d\n");
+  EXPECT_EQ(saved(file, loaded(file, "  Windowed (Y/N)  :   N  \r\na:b:c\rno separator\n:x\n\n:\0 z"
+                                     "\t:\v\f\n\rlast: one"s)),
+            "Windowed (Y/N): N\na: b:c\n: x\n: \nz: \nlast: one\n");
+  EXPECT_EQ(saved(file, loaded(file, "\xEF\xBB\xBF:b\n\xEF\xBB\xBF:d")), ": b\n\xEF\xBB\xBF: d\n");
+  EXPECT_EQ(saved(file, loaded(file, "")), "");
   for (const char *wide : {"\xFF\xFE:", "\xFE\xFF"}) {
-    std::ofstream(path, std::ios::binary) << wide;
-    EXPECT_TRUE(!Settings_load(&list, path.c_str(), ':') && errno == EILSEQ);
+    Settings list = loaded(file, wide, false);
+    EXPECT_EQ(errno, EILSEQ);
     Settings_free(&list);
   }
-  std::filesystem::remove(path);
+  EXPECT_EQ(saved(file, loaded(folder / "none" / "file", "")), "");
+  Settings list = loaded(folder, "", false);
+  EXPECT_FALSE(Settings_save(&list, folder.string().c_str(), ':'));
+  Settings_free(&list);
 }
 
-TEST(Settings, KeysAreFoundByTheirStart) {
-  Settings list = loaded("Stereo mode (long):1\nWindowed (Y/N):Y\nwindowed:first\nWINDOWED:last\n"
-                         "Unknown thing:kept\n:empty\n");
+TEST_F(File, HasSettingsFoundByTheStartOfTheirKeys) {
+  Settings list = loaded(file, "Stereo mode (long):1\nWindowed (Y/N):Y\nwindowed:first\n"
+                               "WINDOWED:last\nUnknown thing:kept\n:empty\n");
   EXPECT_STREQ(Settings_get(&list, "Windowed"), "last");
   EXPECT_STREQ(Settings_get(&list, "windowed ("), "Y");
   EXPECT_STREQ(Settings_get(&list, "stereo MODE"), "1");
@@ -79,19 +50,17 @@ TEST(Settings, KeysAreFoundByTheirStart) {
   Settings_set(&list, "Windowed", "set");
   Settings_set(&list, "New", "one");
   Settings_default(&list, "windowed (y/n)", "no");
-  Settings_default(&list, "Stereo mode", "added: it is another key");
-  EXPECT_EQ(saved(&list),
+  Settings_default(&list, "Stereo mode", "another key");
+  EXPECT_EQ(saved(file, list),
             "Stereo mode (long): 2\nWindowed (Y/N): Y\nwindowed: first\nWINDOWED: set\n"
-            "Unknown thing: kept\n: empty\nNew: one\n"
-            "Stereo mode: added: it is another key\n");
+            "Unknown thing: kept\n: empty\nNew: one\nStereo mode: another key\n");
 }
 
 TEST(Settings, YesHasThreeFirstLetters) {
   for (const char *yes : {"Y", "yes", "True", "t", "1", "10"})
     EXPECT_TRUE(setting_is_true(yes)) << yes;
-  for (const char *no : {"", "N", "0", " y", "on", "\xff"})
-    EXPECT_FALSE(setting_is_true(no)) << no;
-  EXPECT_FALSE(setting_is_true(nullptr));
+  for (const char *no : {"", "N", "0", " y", "on", "\xff", static_cast<const char *>(nullptr)})
+    EXPECT_FALSE(setting_is_true(no)) << (no == nullptr ? "null" : no);
 }
 
 } // namespace

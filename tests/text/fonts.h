@@ -10,7 +10,7 @@ struct Fonts {
   Font *normal, *fmod;
 };
 
-// Builds them if there are no fonts. In any case the frame is cleared.
+// Builds them if there are no fonts, deletes all other entries and clears the frame.
 Fonts fonts_for_test();
 
 // A hash of bytes (FNV-1a), for results that are pinned.

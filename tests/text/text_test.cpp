@@ -89,6 +89,7 @@ TEST(Text, IsBlendedByItsModeAndLeavesTheStateAsItWas) {
     EXPECT_EQ(filter, GL_LINEAR_MIPMAP_LINEAR);
     glBegin(GL_QUADS);
     text_end();
+    EXPECT_EQ(state(), before);
     glDisable(GL_LIGHTING);
     gfx_push_2d();
     glColor4ub(255, 128, 64, 80);

@@ -1,20 +1,18 @@
 // Runs a fuzz target over all files of the folder named on the command line.
-#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <vector>
+#include <string>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
 
-int main(int argc, char **argv) {
+int main(int, char **argv) {
   int tried = 0;
-  if (argc != 2) return 2;
   for (const auto &entry : std::filesystem::directory_iterator(argv[1])) {
     std::ifstream file(entry.path(), std::ios::binary);
-    const std::vector<char> bytes(std::istreambuf_iterator<char>(file), {});
+    const std::string bytes(std::istreambuf_iterator<char>(file), {});
     LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(bytes.data()), bytes.size());
     tried++;
   }

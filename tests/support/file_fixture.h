@@ -2,6 +2,8 @@
 
 #include "support/file.h"
 
+#include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -18,9 +20,7 @@ struct File : testing::Test {
       std::to_string(getpid());
   const fs::path file = folder / "mine.txt";
   const std::string path = file.string(); // UTF-8 on every system
-
-  // The file's name and an ending.
-  fs::path with(const char *ending) const { return fs::path(file) += ending; }
+  FileReplacement first, second;
 
   void SetUp() override { fs::create_directory(folder); }
   void TearDown() override {
@@ -30,15 +30,20 @@ struct File : testing::Test {
   }
 
   static std::string contents(const fs::path &name) {
-    std::ifstream file(name, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
+    std::ifstream stream(name, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(stream), {});
   }
 
-  static bool replace(const fs::path &name, const char *text, bool complete = true) {
-    FileReplacement replacement;
-    if (!file_replace_begin(&replacement, name.string().c_str(), false)) return false;
-    std::fputs(text, replacement.stream);
-    return file_replace_end(&replacement, complete);
+  bool replace(const fs::path &name, const char *text, bool complete = true) {
+    if (!file_replace_begin(&first, name.string().c_str(), false)) return false;
+    std::fputs(text, first.stream);
+    return file_replace_end(&first, complete);
+  }
+
+  // Makes a temporary file of "mine.txt" as old as one that a killed program left.
+  void age(const char *number) {
+    const auto now = fs::file_time_type::clock::now();
+    fs::last_write_time(path + ".new-" + number, now - std::chrono::hours(2));
   }
 
   ptrdiff_t files() const { return std::distance(fs::directory_iterator(folder), {}); }

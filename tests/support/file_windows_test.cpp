@@ -1,13 +1,12 @@
 #include "file_fixture.h"
 
-#include <cerrno>
-#include <chrono>
 #include <thread>
 
 #include <windows.h>
 
 namespace {
 
+// Another program looks into the file and, after a while, closes it.
 HANDLE hold(const fs::path &name) {
   HANDLE held = CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                             OPEN_EXISTING, 0, nullptr);
@@ -15,41 +14,35 @@ HANDLE hold(const fs::path &name) {
   return held;
 }
 
-// Lets go of it after a while.
-std::thread letting_go(HANDLE held) {
+std::thread closing(HANDLE held) {
   return std::thread([held] {
     Sleep(120);
     CloseHandle(held);
   });
 }
 
-TEST_F(File, ReplacingWaitsForThoseWhoLookIn) {
+TEST_F(File, ReplacingAndRenamingWaitForOtherPrograms) {
   EXPECT_TRUE(replace(file, "first"));
   HANDLE held = hold(file);
-  EXPECT_TRUE(!replace(file, "second") && errno == EACCES);
+  EXPECT_FALSE(replace(file, "second"));
+  EXPECT_EQ(errno, EACCES);
   EXPECT_EQ(files(), 1);
-  std::thread other = letting_go(held);
+  std::thread other = closing(held);
   EXPECT_TRUE(replace(file, "third"));
   other.join();
   EXPECT_EQ(contents(file), "third");
-}
-
-// The new file is looked through before it has its name.
-TEST_F(File, RenamingWaitsForThoseWhoLookIn) {
-  EXPECT_TRUE(replace(file, "new"));
-  HANDLE held = hold(file);
-  EXPECT_TRUE(!file_rename(path, path + "2") && errno == EACCES);
-  std::thread other = letting_go(held);
+  held = hold(file);
+  EXPECT_FALSE(file_rename(path, path + "2"));
+  EXPECT_EQ(errno, EACCES);
+  other = closing(held);
   EXPECT_TRUE(file_rename(path, path + "2"));
   other.join();
-  EXPECT_TRUE(!file_rename(path, path + "2") && errno == ENOENT);
 }
 
-// The file of a program that stood still is its own for as long as it is open.
-TEST_F(File, ASleeperKeepsItsTemporary) {
-  FileReplacement first, second;
+// The file of a stopped program is its own for as long as it is open.
+TEST_F(File, AStoppedProgramKeepsItsTemporaryFile) {
   ASSERT_TRUE(file_replace_begin(&first, path.c_str(), false));
-  fs::last_write_time(with(".new-1"), fs::file_time_type::clock::now() - std::chrono::hours(2));
+  age("1");
   ASSERT_TRUE(file_replace_begin(&second, path.c_str(), true));
   EXPECT_NE(first.temporary, second.temporary);
   std::fputs("lines\n", second.stream);

@@ -1,0 +1,183 @@
+// The fuzz targets, of which the environment variable FUZZ_TARGET names one.
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "bare_font.h"
+#include "gfx/display_settings.h"
+#include "maze/pos.h"
+#include "text/atlas.h"
+#include "text/layout.h"
+#include "text/prepare.h"
+#include "text/style.h"
+#include "world/session.h"
+
+namespace {
+
+void require(bool holds) {
+  if (!holds) __builtin_trap();
+}
+
+// Glyphs stand inside the picture, whatever the records are.
+void fuzz_font(const std::string &bytes) {
+  constexpr uint32_t limit = 2048;
+  static GlyphRecord records[font_codes];
+  const std::vector<uint8_t> file(bytes.begin(), bytes.end());
+  const uint32_t count = glyph_records(file.data(), static_cast<uint32_t>(file.size()), records);
+  Font font = {};
+  atlas_layout(&font, records, count, limit);
+  for (uint32_t code = 0; code < font_codes; code++) {
+    if (font.glyph_width[code] == 0) continue;
+    require(font.glyph_x[code] + font.glyph_width[code] <= font.tex_width);
+    require(font.glyph_y[code] + font.height <= font.tex_height);
+  }
+  if (font.tex_height > limit) return;
+  std::vector<uint8_t> image = atlas_image(&font, records, count);
+  for (uint32_t level = 1; level < 4; level++) // the picture's start serves as the level
+    atlas_sharpen(&font, level, font.tex_width >> level, font.tex_height >> level, image.data());
+}
+
+// A style can be applied, and twice the same makes no second entry.
+void fuzz_style(const std::string &text) {
+  bare_font();
+  FontStyle style;
+  font_parse_style(&style, text.c_str());
+  require(style.base != nullptr);
+  require(std::isfinite(style.width_scale + style.height_scale + style.skew + style.boldness));
+  font_apply_style(style);
+  const Font *made = current_font;
+  font_select(style.base);
+  font_apply(text.c_str());
+  require(current_font == made && fonts.count <= 2);
+}
+
+// The layout ends, and comes back to its style. A form may be cut off.
+void fuzz_text(const std::string &bytes) {
+  static size_t glyphs;
+  constexpr const char *styles[] = {"normal", "normal:big:bold", "normal:width=0:height=-3",
+                                    "normal:size=1e38:boldness=-1"};
+  constexpr TextOutput output = {[](const TextQuad *) { glyphs++; }, [] {}, [] {}};
+  if (bytes.size() < 3) return;
+  bare_font();
+  font_apply(styles[bytes[0] & 3]);
+  const Font *font = current_font;
+  const std::string text = bytes.substr(3) + std::string(text_command_length, '\0');
+  text_layout(&output, 0, 0, static_cast<uint8_t>(bytes[1]), static_cast<uint8_t>(bytes[2]),
+              text.c_str());
+  glyphs = 0;
+  text_layout(&output, 0, 0, 0, 0, text.c_str());
+  require(glyphs <= bytes.size() && current_font == font && text_width(text.c_str()) >= 0);
+}
+
+// The forms end inside a buffer of the promised size.
+void fuzz_prepare(const std::string &bytes) {
+  if (bytes.empty()) return;
+  const std::string text = bytes.substr(1) + std::string(text_command_length, '\0');
+  const size_t length = static_cast<size_t>(text_end_of(text.c_str()) - text.c_str());
+  std::vector<char> buffer(text_prepare_room(length));
+  std::memcpy(buffer.data(), text.c_str(), length);
+  text_prepare(buffer.data(), static_cast<uint8_t>(bytes[0]));
+  text_prepare_tags(buffer.data());
+  require(text_end_of(buffer.data()) < buffer.data() + buffer.size());
+}
+
+void fuzz_resolution(const std::string &text) {
+  Settings list;
+  GrowList_init(&list, sizeof(SettingsEntry));
+  for (const char *key : {"Resolution", "Fullscreen offset", "Stereo mode", "Swap stereo"})
+    Settings_set(&list, key, text.c_str());
+  int32_t mode = 0, swap = 0;
+  Display_settings_apply(&list, &mode, &swap);
+  require(swap == 0 || swap == 1);
+  Settings_free(&list);
+}
+
+// What was read can be found.
+void fuzz_settings(const std::string &bytes) {
+  std::string copy = bytes;
+  FILE *file = copy.empty() ? std::tmpfile() : fmemopen(copy.data(), copy.size(), "rb");
+  Settings list;
+  Settings_read(&list, file, ':');
+  std::fclose(file);
+  for (uint32_t i = list.count; i-- > 0;)
+    require(Settings_get(&list, rows<SettingsEntry>(list)[i].key) != nullptr);
+  Settings_set(&list, "Windowed", "N");
+  Settings_free(&list);
+}
+
+void look_everywhere(Maze *maze) {
+  for (int32_t i = 0; i < maze_count(maze); i++) {
+    Pos list[pos_max_edges];
+    if (Maze *below = maze_nodes(maze)[i].submaze)
+      look_everywhere(below);
+    else
+      for (int32_t k = Pos_alledges(maze, i, list, nullptr); k-- > 0;)
+        require(maze_nodes(list[k].maze)[list[k].node].submaze == nullptr);
+  }
+}
+
+std::string written(const World &world) {
+  char *bytes = nullptr;
+  size_t size = 0;
+  const auto out = std::make_unique<ByteWriter>();
+  out->file = open_memstream(&bytes, &size);
+  World_write(&world, out.get());
+  std::fclose(out->file);
+  const std::string all(bytes, size);
+  std::free(bytes);
+  return all;
+}
+
+bool read_memory(const std::string &bytes, World *world) {
+  ByteReader in = memory_reader(reinterpret_cast<const uint8_t *>(bytes.data()), bytes.size());
+  return World_read(world, &in);
+}
+
+bool read_through_buffer(std::string bytes, World *world) {
+  if (bytes.empty()) return false;
+  FILE *file = fmemopen(bytes.data(), bytes.size(), "rb");
+  uint8_t buffer[256];
+  ByteReader in = file_reader(file, bytes.size(), buffer, sizeof buffer);
+  const bool taken = World_read(world, &in);
+  std::fclose(file);
+  return taken;
+}
+
+// A session that is taken can be walked everywhere, and comes back the same from its own bytes and
+// through a small buffer.
+void fuzz_session(const std::string &bytes) {
+  World worlds[3];
+  const bool taken = read_memory(bytes, &worlds[0]);
+  require(read_through_buffer(bytes, &worlds[1]) == taken);
+  if (!taken) return;
+  look_everywhere(worlds[0].root);
+  const std::string all = written(worlds[0]);
+  require(written(worlds[1]) == all);
+  require(read_memory(all, &worlds[2]));
+  require(written(worlds[2]) == all);
+  for (World &world : worlds)
+    World_free(&world);
+}
+
+constexpr struct {
+  const char *name;
+  void (*run)(const std::string &bytes);
+} targets[] = {{"font", fuzz_font},         {"style", fuzz_style},
+               {"text", fuzz_text},         {"prepare", fuzz_prepare},
+               {"settings", fuzz_settings}, {"resolution", fuzz_resolution},
+               {"session", fuzz_session}};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  static const std::string name = std::getenv("FUZZ_TARGET");
+  for (const auto &target : targets)
+    if (name == target.name) {
+      target.run({data, data + size});
+      return 0;
+    }
+  __builtin_trap();
+}

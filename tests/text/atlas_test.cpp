@@ -43,21 +43,6 @@ TEST(Atlas, TextureHasSharpenedLevelsAndSmoothFilters) {
       << "whoever changes a letter looks at it before the digests are pinned";
 }
 
-TEST(Atlas, DigitsAndCodesFrom256To383AreSharpened) {
-  Font font = {};
-  std::vector<uint8_t> pixels(8 * 8, 4), expected = pixels;
-  uint32_t i = 0;
-  for (const uint32_t code : {47, 48, 57, 58, 255, 256, 383, 384}) {
-    font.glyph_x[code] = 4 * i++;
-    font.glyph_width[code] = 4;
-  }
-  font.height = 2;
-  for (const int cell : {1, 2, 5, 6})
-    std::fill_n(expected.begin() + 8 * cell, 8, 255);
-  atlas_sharpen(&font, 1, 16, 1, pixels.data());
-  EXPECT_EQ(pixels, expected);
-}
-
 TEST(Atlas, PaletteHasPrimariesGreysAndACube) {
   float components[3][palette_size];
   palette_build(components[0], components[1], components[2]);

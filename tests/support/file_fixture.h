@@ -40,10 +40,12 @@ struct File : testing::Test {
     return file_replace_end(&first, complete);
   }
 
-  // Makes a temporary file of "mine.txt" as old as one that a killed program left.
-  void age(const char *number) {
-    const auto now = fs::file_time_type::clock::now();
-    fs::last_write_time(path + ".new-" + number, now - std::chrono::hours(2));
+  // The file's name and an ending.
+  fs::path with(const char *ending) const { return fs::path(file) += ending; }
+
+  // Makes a file with that ending as old as one that a killed program left.
+  void age(const char *ending) const {
+    fs::last_write_time(with(ending), fs::file_time_type::clock::now() - std::chrono::hours(2));
   }
 
   ptrdiff_t files() const { return std::distance(fs::directory_iterator(folder), {}); }

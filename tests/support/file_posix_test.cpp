@@ -33,7 +33,7 @@ TEST_F(File, HolesAreFoundAndPipesAreNotWaitedFor) {
 // Its own looked like a leftover while it was stopped.
 TEST_F(File, AStoppedProgramLeavesAnothersTemporaryFile) {
   ASSERT_TRUE(file_replace_begin(&first, path.c_str(), false));
-  age("1");
+  age(".new-1");
   ASSERT_TRUE(file_replace_begin(&second, path.c_str(), false));
   EXPECT_FALSE(file_replace_end(&first, true));
   EXPECT_EQ(errno, EBUSY);

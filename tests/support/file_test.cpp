@@ -18,26 +18,24 @@ TEST_F(File, IsReplacedWholeOrNotAtAll) {
 TEST_F(File, ProgramsHaveTheirOwnTemporaryFiles) {
   ASSERT_TRUE(file_replace_begin(&first, path.c_str(), false));
   ASSERT_TRUE(file_replace_begin(&second, path.c_str(), true));
-  std::fputs("from the first", first.stream);
-  std::fputs("from the second", second.stream);
-  EXPECT_TRUE(file_replace_end(&first, true));
-  EXPECT_EQ(contents(file), "from the first");
+  std::fputs("first", first.stream);
   EXPECT_TRUE(file_replace_end(&second, true));
-  EXPECT_EQ(contents(file), "from the second");
-  std::ofstream(path + ".new-2") << "of a program that may still be running";
-  std::ofstream(path + ".new-3") << "of a killed program";
-  age("3");
+  EXPECT_EQ(contents(file), "");
+  EXPECT_TRUE(file_replace_end(&first, true));
+  EXPECT_EQ(contents(file), "first");
+  std::ofstream(with(".new-2")) << "of a program that may still be running";
+  std::ofstream(with(".new-3")) << "of a killed program";
+  age(".new-3");
   EXPECT_TRUE(replace(file, "still works"));
   EXPECT_EQ(contents(file), "still works");
   EXPECT_EQ(files(), 2);
 }
 
 TEST_F(File, NamesAreFreeAndOnlyPlainFilesAreOpened) {
-  const std::string stem = (folder / "old").string();
-  std::ofstream(stem + "-1.dat") << "taken";
-  fs::create_directory(stem + "-2.dat");
-  EXPECT_EQ(file_free_name(stem, ".dat"), stem + "-3.dat");
-  EXPECT_FALSE(file_rename(path, stem));
+  std::ofstream(with("-1.dat")) << "taken";
+  fs::create_directory(with("-2.dat"));
+  EXPECT_EQ(file_free_name(path, ".dat"), path + "-3.dat");
+  EXPECT_FALSE(file_rename(path, path + "-3.dat"));
   EXPECT_EQ(errno, ENOENT);
   EXPECT_EQ(file_open(path.c_str()), nullptr);
   EXPECT_EQ(errno, ENOENT);

@@ -42,7 +42,7 @@ TEST_F(File, ReplacingAndRenamingWaitForOtherPrograms) {
 // The file of a stopped program is its own for as long as it is open.
 TEST_F(File, AStoppedProgramKeepsItsTemporaryFile) {
   ASSERT_TRUE(file_replace_begin(&first, path.c_str(), false));
-  age("1");
+  age(".new-1");
   ASSERT_TRUE(file_replace_begin(&second, path.c_str(), true));
   EXPECT_NE(first.temporary, second.temporary);
   std::fputs("lines\n", second.stream);

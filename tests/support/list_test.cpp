@@ -30,22 +30,20 @@ TEST(GrowList, FollowsAVectorThroughRandomChanges) {
   size_t capacity = 9;
   std::mt19937_64 random(7);
   for (uint32_t step = 0; step < 15000; step++) {
-    const size_t before = reference.size();
     const uint64_t row = random();
+    const size_t before = reference.size(), index = row / 100 % (before + 1), part = index % 19;
     if (row % 100 < (step / 500 % 2 == 0 ? 60U : 20U) || before == 0) {
       EXPECT_EQ(GrowList_append(&list, &row), before);
       reference.push_back(row);
-    } else if (row % 100 < 98) {
-      const size_t index = row / 100 % (before + 1); // or just past the end
+    } else if (row % 100 == 99) { // some of its own rows
+      EXPECT_EQ(GrowList_append_many(&list, list.data, static_cast<uint32_t>(part)), before);
+      reference.resize(before + part);
+      std::copy_n(reference.begin(), part, reference.end() - static_cast<ptrdiff_t>(part));
+    } else {
       GrowList_remove(&list, static_cast<uint32_t>(index));
       if (index == before) continue;
       reference[index] = reference.back();
       reference.pop_back();
-    } else { // its own first rows
-      const std::vector<uint64_t> first(reference.begin(),
-                                        reference.begin() + std::min<ptrdiff_t>(before, 18));
-      GrowList_append_many(&list, list.data, static_cast<uint32_t>(first.size()));
-      reference.insert(reference.end(), first.begin(), first.end());
     }
     const size_t n = reference.size();
     if (n > capacity) capacity = n * 5 / 4;

@@ -14,7 +14,13 @@
 
 namespace {
 
-// Pixel space is multiplied by a matrix without zeros, whose inverse has whole numbers.
+void print(Vec3 p, const char *text, Vec3 line, Vec3 step) {
+  text3d_begin();
+  text3d_print(p.x, p.y, p.z, text, line.x, line.y, line.z, step.x, step.y, step.z);
+  text3d_end();
+}
+
+// In pixel space times a matrix without zeros, whose inverse has whole numbers.
 TEST(Text, InTheWorldFollowsItsVectors) {
   fonts_for_test();
   text_begin();
@@ -27,21 +33,16 @@ TEST(Text, InTheWorldFollowsItsVectors) {
   fonts_for_test();
   const double columns[] = {2, 1, 1, 0, 3, 1, 2, 0, 1, 1, 1, 0, 0, 0, 0, 1};
   const Mat3 inverse = Mat3_inverse({{{2, 3, 1}, {1, 1, 1}, {1, 2, 1}}});
+  const Vec3 place = inverse * Vec3{30, 50, 0};
+  const Vec3 line = inverse * Vec3{0, 13, 0}, step = inverse * Vec3{13, 0, 0};
   gfx_push_2d();
   glMultMatrixd(columns);
-  const Vec3 p = inverse * Vec3{30, 50, 0}, right = inverse * Vec3{13, 0, 0};
-  const Vec3 down = inverse * Vec3{0, 13, 0};
-  const auto print = [&](const char *text) {
-    text3d_begin();
-    text3d_print(p.x, p.y, p.z, text, down.x, down.y, down.z, right.x, right.y, right.z);
-    text3d_end();
-  };
   glColor3ub(0x90, 0xB0, 0xD0);
-  print("8ab\tc\ngWm\n\xE9");
+  print(place, "8ab\tc\ngWm\n\xE9", line, step);
   font_apply("fmod:height=0");
-  print("no cells");
+  print(place, "no cells", line, step);
   current_font = nullptr;
-  print("no font");
+  print(place, "no font", line, step);
   gfx_pop_2d();
   EXPECT_EQ(picture_take().bgra, expected.bgra);
 }
@@ -93,9 +94,7 @@ TEST(Text, IsBlendedByItsModeAndLeavesTheStateAsItWas) {
     glDisable(GL_LIGHTING);
     gfx_push_2d();
     glColor4ub(255, 128, 64, 80);
-    text3d_begin();
-    text3d_print(20, 50, 0, "\1", 0, 1, 0, 1, 0, 0);
-    text3d_end();
+    print({20, 50, 0}, "\1", {0, 1, 0}, {1, 0, 0});
     gfx_pop_2d();
     glEnable(GL_LIGHTING);
     EXPECT_EQ(state(), before);

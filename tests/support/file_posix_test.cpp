@@ -1,6 +1,10 @@
 #include "file_fixture.h"
 
+#include <csignal>
+
 #include <sys/stat.h>
+
+#include "support/command.h"
 
 namespace {
 
@@ -28,6 +32,16 @@ TEST_F(File, HolesAreFoundAndPipesAreNotWaitedFor) {
   ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
   EXPECT_EQ(file_open(path.c_str()), nullptr);
   EXPECT_EQ(errno, ENOTSUP);
+}
+
+TEST_F(File, CommandsHaveTheUsualSignalsAndALimit) {
+  file_survive_limits();
+  std::signal(SIGPIPE, SIG_IGN);
+  for (const std::string signal : {"XFSZ", "PIPE"}) {
+    EXPECT_TRUE(command_run("kill -s " + signal + " $$; echo survived > '" + path + "'", 60000));
+    EXPECT_FALSE(fs::exists(file)) << signal;
+  }
+  EXPECT_FALSE(command_run("sleep 60", 50));
 }
 
 // Its own looked like a leftover while it was stopped.

@@ -15,6 +15,9 @@ TEST(GrowList, NoMemoryEndsTheProgramInASentence) {
   GrowList list;
   EXPECT_EXIT(GrowList_init(&list, UINT32_MAX), testing::ExitedWithCode(1), "vorel: .* no memory");
   EXPECT_EXIT(std::get_new_handler()(), testing::ExitedWithCode(1), "vorel: .* no memory");
+  memory_save = memory_exhausted;
+  EXPECT_EXIT(memory_exhausted(), testing::ExitedWithCode(1), "^$");
+  memory_save = nullptr;
   growlist_initial_capacity = 1;
 }
 

@@ -38,7 +38,8 @@ TEST_F(File, CommandsHaveTheUsualSignalsAndALimit) {
   file_survive_limits();
   std::signal(SIGPIPE, SIG_IGN);
   for (const std::string signal : {"XFSZ", "PIPE"}) {
-    EXPECT_TRUE(command_run("kill -s " + signal + " $$; echo survived > '" + path + "'", 60000));
+    EXPECT_TRUE(command_run(
+        "ulimit -c 0; kill -s " + signal + " $$; echo survived > '" + path + "'", 60000));
     EXPECT_FALSE(fs::exists(file)) << signal;
   }
   EXPECT_FALSE(command_run("sleep 60", 50));

@@ -93,6 +93,7 @@ TEST(Style, AFontThatGoesLeavesItsGlyphsToAStyle) {
   Font *tall = font_find_style(built.fmod, 1, 3, 0, 0);
   const uint32_t texture = tall->texture;
   font_select(tall);
+  EXPECT_EQ(font_rows, fonts.data);
   font_delete(built.fmod);
   EXPECT_EQ(glIsTexture(texture), GL_TRUE);
   EXPECT_EQ(wide->base, tall->base);

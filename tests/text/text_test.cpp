@@ -60,7 +60,8 @@ std::vector<float> state() {
 TEST(Text, IsBlendedByItsModeAndLeavesTheStateAsItWas) {
   fonts_for_test();
   const uint8_t records[] = {0, 0, 4, 1, 27, 27, 255, 255};
-  font_select(font_build(records, sizeof records, "grey"));
+  current_font = nullptr;
+  font_build(records, sizeof records, "grey"); // is then current
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
   glBindTexture(GL_TEXTURE_2D, 0);

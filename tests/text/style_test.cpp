@@ -109,6 +109,7 @@ TEST(Style, AFontThatGoesLeavesItsGlyphsToAStyle) {
   EXPECT_STREQ(current_font->base->name, "lost:big");
   Font *blank = font_make_blank("LOST:big");
   EXPECT_EQ(fonts.count, 1U) << "the other of that name is gone";
+  EXPECT_EQ(glIsTexture(blank->texture), GL_TRUE);
   font_delete(blank);
 }
 

@@ -1,5 +1,7 @@
 #include "app/relaxation.h"
 
+#include <iterator>
+
 #include <gtest/gtest.h>
 
 #include "maze/attachment.h"
@@ -7,38 +9,47 @@
 
 namespace {
 
-const char *const drawn[] = {"lists",        "ballstick_ballslist", "ballstick_stickslist",
-                             "voronoi",      "voronoilist",         "gantrylist",
-                             "EdgeAngleRecs"};
-
-// Two nodes 1 apart. R with a step s leaves 1 - 2 s of the distance, E 0.8 of it and then adds a
-// fifth of the force.
-TEST(Relaxation, RSmoothsByTheTimeAndThenESmoothsAndRepelsByATenth) {
+TEST(Relaxation, SimplifyingSpeedsUpToALimitAndStartsAgain) {
   const struct {
     double dt;
-    bool simplify, experiment;
-    double distance;
-  } frames[] = {
-      {0.3, false, false, 1},     {0.001, false, true, 1.190625},
-      {3, false, true, 1.190625}, {0.01, true, false, 0.98},
-      {3, true, false, 0.9},      {0.0625, true, true, 0.72 + 0.2 / (0.72 * 0.72 * 0.72)},
-  };
-  for (const auto &frame : frames) {
-    SCOPED_TRACE(testing::Message()
-                 << frame.dt << (frame.simplify ? " R" : "") << (frame.experiment ? " E" : ""));
+    bool held;
+    double share; // of its way to the next node that the first one goes
+  } cases[] = {{0.01, true, 0.01},
+               {0.01, true, 0.01 * 1.01},
+               {3.0, true, 0.05 * 1.01 * 1.01},        // a slow frame moves no further
+               {0.01, true, 0.01 * 1.01 * 1.01 * 4.0}, // but its time counts
+               {0.01, false, 0},
+               {0.01, true, 0.01},
+               {1e9, true, 0.05 * 1.01},
+               {1e-7, true, 0.1},
+               {0.01, true, 1}};
+  Maze *path = scenario_path(3);
+  Relaxation state = {1.0};
+  for (const auto &[dt, held, share] : cases) {
+    for (int32_t i = 0; i < 3; i++)
+      maze_nodes(path)[i].x = i;
+    EXPECT_EQ(relax_frame(&state, path, dt, held, false), held);
+    EXPECT_DOUBLE_EQ(maze_nodes(path)[0].x, share) << dt;
+  }
+  Maze_destroy(path, 1);
+}
+
+TEST(Relaxation, EitherKeyDropsWhatIsDrawnOfTheMazeAndBelowIt) {
+  const char *const drawn[] = {"lists",         "ballstick_ballslist", "ballstick_stickslist",
+                               "voronoi",       "voronoilist",         "gantrylist",
+                               "EdgeAngleRecs", "of another kind"};
+  for (const bool simplify : {true, false}) {
     const ThreeLevels t = scenario_three_levels();
-    Maze *maze = t.m2;
-    Attachment_add(t.root, "lists", 1, nullptr);
-    for (const char *name : drawn)
-      Attachment_add(maze, name, 1, nullptr);
-    Attachment_add(maze, "of another kind", 1, nullptr);
+    Maze *const mazes[] = {t.root, t.m2, t.m1, t.n2, t.n3}; // the first two are not below m1
+    for (Maze *maze : mazes)
+      for (const char *name : drawn)
+        Attachment_add(maze, name, 1, nullptr);
     Relaxation state = {1.0};
-    const bool moved = relax_frame(&state, maze, frame.dt, frame.simplify, frame.experiment);
-    const MazeNode *nodes = maze_nodes(maze);
-    EXPECT_NEAR(length(node_position(nodes[1]) - node_position(nodes[0])), frame.distance, 1e-12);
-    EXPECT_EQ(moved, frame.distance != 1);
-    EXPECT_EQ(maze->attachments.count, moved ? 1u : 8u);
-    EXPECT_EQ(t.root->attachments.count, 1u);
+    relax_frame(&state, t.m1, 0.01, false, false);
+    EXPECT_EQ(t.n2->attachments.count, std::size(drawn));
+    relax_frame(&state, t.m1, 0.01, simplify, !simplify);
+    for (int i = 0; i < 5; i++)
+      EXPECT_EQ(mazes[i]->attachments.count, i < 2 ? std::size(drawn) : 1) << i;
     Maze_destroy(t.root, 1);
   }
 }

@@ -1,53 +1,36 @@
 #include "gfx/screenshot.h"
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
-#include <unistd.h>
-
 #include "gfx/gl.h"
+#include "own_folder.h"
 #include "picture.h"
 #include "support/clock.h"
 
-namespace fs = std::filesystem;
-
 namespace {
 
-// A clean folder, and a command "magick" of ours before all others.
-struct Screenshot : testing::Test {
-  fs::path folder = fs::temp_directory_path() / ("vorel_shot." + std::to_string(getpid()));
+// The command "magick" is a script.
+struct Screenshot : OwnFolder {
+  const fs::path magick = fs::temp_directory_path() / ("vorel_bin." + std::to_string(getpid()));
 
   void SetUp() override {
-    fs::create_directories(folder / "bin");
-    fs::current_path(folder);
-    setenv("PATH", ((folder / "bin").string() + ":/usr/bin:/bin").c_str(), 1);
+    fs::create_directory(magick);
+    setenv("PATH", (magick.string() + ":/usr/bin:/bin").c_str(), 1);
   }
   void TearDown() override {
-    fs::current_path("/");
-    fs::remove_all(folder);
+    fs::remove_all(magick);
     clock_reset();
   }
-  void be_magick(const std::string &script) {
-    std::ofstream(folder / "bin/magick") << "#!/bin/sh\n" << script << "\n";
-    fs::permissions(folder / "bin/magick", fs::perms::owner_all);
+  void set_magick(const std::string &script) {
+    std::ofstream(magick / "magick") << "#!/bin/sh\n" << script << "\n";
+    fs::permissions(magick / "magick", fs::perms::owner_all);
   }
 };
 
-using Bytes = std::vector<uint8_t>;
-
-Bytes bytes_of(const std::string &path) {
-  std::ifstream file(path, std::ios::binary);
-  return Bytes(std::istreambuf_iterator<char>(file), {});
-}
-
+// Three pixels by two of a blue frame, with an orange one on the left of the upper row.
 TEST_F(Screenshot, FilesHaveTheFixedHeaderAndPaddedRows) {
   picture_begin();
-  // A red pixel's square in the frame's corner at (4, 2) from the top left, on blue.
   glClearColor(0, 0, 1, 0);
   glClear(GL_COLOR_BUFFER_BIT);
   glEnable(GL_SCISSOR_TEST);
@@ -56,53 +39,50 @@ TEST_F(Screenshot, FilesHaveTheFixedHeaderAndPaddedRows) {
   glClear(GL_COLOR_BUFFER_BIT);
   glDisable(GL_SCISSOR_TEST);
   glClearColor(0, 0, 0, 0);
-  for (uint8_t width = 1; width <= 5; width++) {
-    bmp_capture_rect(4, 1, width, 3, "part.bmp", 0);
-    Bytes wanted = {'B',   'M', 0x46, 0x0E, 3, 0, 0,    0,    0, 0, 54, 0, 0, 0, 40, 0, 0,    0,
-                    width, 0,   0,    0,    3, 0, 0,    0,    1, 0, 24, 0, 0, 0, 0,  0, 0x10, 0x0E,
-                    3,     0,   0x12, 0x0B, 0, 0, 0x12, 0x0B, 0, 0, 0,  0, 0, 0, 0,  0, 0,    0};
-    for (int y = 0; y < 3; y++) { // the bottom row first
-      for (int x = 0; x < width; x++) {
-        const Bytes pixel = y == 1 && x == 0 ? Bytes{0, 51, 255} : Bytes{255, 0, 0};
-        wanted.insert(wanted.end(), pixel.begin(), pixel.end());
-      }
-      wanted.resize((wanted.size() - 54 + 3) / 4 * 4 + 54);
-    }
-    EXPECT_EQ(bytes_of("part.bmp"), wanted) << "width " << int{width};
-  }
+  bmp_capture_rect(4, 2, 3, 2, "part.bmp", 0);
+  const std::string seen = contents("part.bmp");
+  EXPECT_EQ(std::vector<uint8_t>(seen.begin(), seen.end()),
+            (std::vector<uint8_t>{'B',  'M', 0x46, 0x0E, 3,    0,   0, 0,   0,    0,    54, 0, 0,
+                                  0,    40,  0,    0,    0,    3,   0, 0,   0,    2,    0,  0, 0,
+                                  1,    0,   24,   0,    0,    0,   0, 0,   0x10, 0x0E, 3,  0, 0x12,
+                                  0x0B, 0,   0,    0x12, 0x0B, 0,   0, 0,   0,    0,    0,  0, 0,
+                                  0,    0,   255,  0,    0,    255, 0, 0,   255,  0,    0,  0, 0,
+                                  0,    0,   51,   255,  255,  0,   0, 255, 0,    0,    0,  0, 0}));
 }
 
-TEST_F(Screenshot, TheBmpGoesOnlyForAPngThatIsNew) {
+TEST_F(Screenshot, TheBmpIsRemovedOnlyForANewPng) {
+  const char *const convert = "[ \"$1 $2\" = '-quality 95' ] && cp \"$3\" \"$4\"; exit 3";
+  const struct {
+    const char *script, *path, *files; // all files afterwards
+  } cases[] = {{convert, "a b.v2.bmp", "a b.v2.png "},
+               {"exit 0", "a b.v2.bmp", "a b.v2.bmp a b.v2.png "}, // of an earlier shot
+               {"exit 0", "bare", "a b.v2.bmp a b.v2.png bare "},
+               {convert, "bare", "a b.v2.bmp a b.v2.png bare.png "},
+               {convert, ".x", ".x.png a b.v2.bmp a b.v2.png bare.png "}};
   const std::vector<uint8_t> pixels(64);
-  be_magick("[ \"$1 $2\" = '-quality 95' ] && cp \"$3\" \"$4\"; exit 3");
-  bmp_write(pixels.data(), 4, 4, "my shot.v2.bmp", 1);
-  EXPECT_TRUE(fs::exists("my shot.v2.png")) << "whatever the exit status";
-  EXPECT_FALSE(fs::exists("my shot.v2.bmp"));
-  be_magick("exit 0");
-  bmp_write(pixels.data(), 4, 4, "my shot.v2.bmp", 1);
-  EXPECT_TRUE(fs::exists("my shot.v2.bmp")) << "the PNG there is another shot's";
-  bmp_write(pixels.data(), 4, 4, "bare", 1);
-  EXPECT_TRUE(fs::exists("bare"));
-  be_magick("cp \"$3\" \"$4\"");
-  bmp_write(pixels.data(), 4, 4, "bare", 1);
-  bmp_write(pixels.data(), 4, 4, ".x", 1);
-  EXPECT_TRUE(fs::exists("bare.png") && fs::exists(".x.png"));
-  fs::create_directory("taken.bmp");
-  fs::create_symlink("/dev/full", "full.bmp");
-  for (const char *path : {"taken.bmp", "full.bmp"}) {
-    testing::internal::CaptureStderr();
+  for (const auto &[script, path, expected] : cases) {
+    set_magick(script);
     bmp_write(pixels.data(), 4, 4, path, 1);
-    EXPECT_NE(testing::internal::GetCapturedStderr().find(path), std::string::npos);
+    EXPECT_EQ(files(), expected);
   }
 }
 
-TEST_F(Screenshot, TheNumberComesFromTheClock) {
-  be_magick("exit 0");
+TEST_F(Screenshot, AFailureIsReportedAndLeavesNothing) {
+  fs::create_symlink("/dev/full", "full");
+  testing::internal::CaptureStderr();
+  bmp_write("four", 1, 1, "full", 1);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "vorel: the picture could not be written to \"full\" (No space left on device)\n");
+  EXPECT_EQ(files(), "");
+}
+
+TEST_F(Screenshot, TheWholeFrameIsSavedUnderANumberFromTheClock) {
+  set_magick("exit 0");
   picture_begin();
-  gfx_clock = [] { return 3000000.31; }; // 10,000,001.03 thirds of 0.9 seconds
+  gfx_clock = [] { return 3000000.31; }; // 10,000,001.03 times 0.3 seconds
   screenshot_save("Vorel");
-  EXPECT_TRUE(fs::exists("Vorel_00001.bmp"));
-  EXPECT_EQ(bytes_of("Vorel_00001.bmp").size(), 54 + 640 * 480 * 3U);
+  EXPECT_EQ(files(), "Vorel_00001.bmp ");
+  EXPECT_EQ(contents("Vorel_00001.bmp").size(), 54 + 640 * 480 * 3U);
 }
 
 } // namespace

@@ -1,147 +1,148 @@
 #include "gfx/window.h"
 
+#include <array>
 #include <bit>
 #include <cstdio>
 #include <fstream>
 #include <string>
+#include <tuple>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "gfx/display_settings.h"
 #include "gfx/error_box.h"
-#include "gfx/fake_platform.h"
-#include "gfx/projection.h"
+#include "gfx/fake_sdl.h"
 #include "support/report.h"
 
 namespace {
 
-// The primary monitor, one to the left and lower, one above; a window on each area asked for.
-TEST(Window, EveryRequestHasItsArea) {
-  const struct {
-    int32_t width, height;
-    MonitorRect want;
-  } cases[] = {{0, 0, {0, 0, 1920, 1080}},
-               {0, 2, {-1280, 276, 0, 1300}},
-               {0, 4, {0, 0, 1920, 1080}},
-               {-1, INT32_MIN, {-1280, -900, 1920, 1300}},
-               {-1, 5, {0, -900, 1920, 1080}},
-               {-1, 2 | 4 | 8, {-1280, -900, 1700, 1300}}, // the fourth is not there
-               {800, 600, {0, 0, 800, 600}}};
-  for (const auto &c : cases) {
-    fake_start();
-    fake.monitors = {{0, 0, 1920, 1080}, {-1280, 276, 0, 1300}, {100, -900, 1700, 0}};
-    fake.metrics.virtual_desktop = {-1280, -900, 1920, 1300};
-    fullscreen_offset_y = -5;
-    gfx_open(c.width, c.height, "t");
-    const MonitorRect &outer = fake.request.outer;
-    EXPECT_TRUE(outer.left == c.want.left && outer.top == c.want.top - 5 &&
-                outer.right == c.want.right && outer.bottom == c.want.bottom - 5)
-        << c.width << ", " << c.height;
-    EXPECT_EQ(fake.cursor_hidden, 1);
-  }
+using Place = std::array<int32_t, 4>; // left, top, width, height
+
+constexpr uint32_t framed = SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE,
+                   on_top = SDL_WINDOW_OPENGL | SDL_WINDOW_ALWAYS_ON_TOP,
+                   part = on_top | SDL_WINDOW_BORDERLESS,
+                   whole = on_top | SDL_WINDOW_FULLSCREEN_DESKTOP,
+                   mode = on_top | SDL_WINDOW_FULLSCREEN;
+
+// Opens the window that the settings ask for. A setting without a text is missing.
+Place open(const char *resolution, const char *offset, bool windowed_too, int refused = 0) {
   fake_start();
-  fullscreen_offset_x = INT32_MAX; // must not trap
-  const int32_t empty[][2] = {{-1, 1 << 30}, {800, 0}, {-5, 600}, {800, -5}};
-  for (const auto &[width, height] : empty)
-    EXPECT_TRUE(gfx_open(width, height, "t") == 0 && fake.request.title == nullptr) << width;
+  sdl.contexts_to_refuse = refused;
+  windowed = windowed_too ? 1 : 0;
+  sdl.displays = {{0, 0, 1920, 1083}, {-1280, 276, 1280, 1024}, {100, -900, 1600, 900}};
+  sdl.cursor = {1301, -77};
+  Settings list;
+  GrowList_init(&list, sizeof(SettingsEntry));
+  if (resolution != nullptr) Settings_set(&list, "Resolution", resolution);
+  if (offset != nullptr) Settings_set(&list, "Fullscreen offset", offset);
+  Resolution_parse(&list);
+  Settings_free(&list);
+  const bool opened = gfx_open(screen_width, screen_height, "title") != 0;
+  EXPECT_EQ(gfx_context_alive(), opened);
+  EXPECT_EQ(SDL_ShowCursor(SDL_QUERY) == SDL_DISABLE, opened && !windowed_too);
+  EXPECT_TRUE(!opened || (screen_width == sdl.window.w && screen_height == sdl.window.h));
+  return std::bit_cast<Place>(sdl.window);
 }
 
-// Centred on the cursor, but on the desktop; one that is too large starts at its corner.
-TEST(Window, FramedWindowStaysOnTheDesktop) {
+TEST(Window, IsWhereTheSettingsSay) {
+  constexpr Place nowhere = {}, primary = {0, 0, 1920, 1083}, second = {-1280, 276, 1280, 1024},
+                  third = {100, -900, 1600, 900}, desktop = {-1280, -900, 3200, 2200};
   const struct {
-    int32_t height; // of the primary screen
-    PlatformPoint cursor, corner;
-  } cases[] = {{1083, {1, 1}, {-439, -345}},
-               {1083, {-1280, -900}, {-1280, -900}},
-               {1083, {1919, 1299}, {1039, 608}},
-               {4000, {300, 300}, {-1280, -900}}};
-  for (const auto &c : cases) {
-    fake_start();
-    windowed = 1;
-    fake.metrics = {1920, c.height, {-1280, -900, 1920, 1300}, 8, 10, 23};
-    fake.cursor = c.cursor;
-    ASSERT_EQ(gfx_open(0, 0, "t"), 1);
-    const MonitorRect &outer = fake.request.outer;
-    EXPECT_EQ(screen_height, c.height * 6 / 10);
-    EXPECT_EQ(screen_width, screen_height * 4 / 3);
-    EXPECT_TRUE(outer.left == c.corner.x && outer.top == c.corner.y &&
-                outer.right - outer.left == screen_width + 16 &&
-                outer.bottom - outer.top == screen_height + 43)
-        << outer.left << ", " << outer.top;
+    const char *resolution;
+    Place place;
+    uint32_t flags = part;
+    const char *offset = nullptr;
+  } cases[] = {{nullptr, primary, whole},
+               {"AUTO", {-40, 3, 1920, 1083}, part, "-40, 3"},
+               {"automatic", primary, whole}, // no resolution at all
+               {"Display2", {-1275, 276, 1280, 1024}, part, "5;9"},
+               {"display", primary, whole},
+               {"display -2x", primary, whole},
+               {"display +3", third, whole},
+               {"display 4", primary, whole}, // there is no such display
+               {"display 4294967298", primary, whole},
+               {"display -4294967294", primary, whole},
+               {"span", desktop},
+               {"SPAN 1", primary, whole},
+               {"span1-2", {-1280, 0, 3200, 1300}},
+               {"span 2.1,4e1 5E+1,6e 34", second, whole}, // 2.1, 4e1 and 5E+1 are numbers
+               {"span 3e,1", {0, -900, 1920, 1983}},
+               {"span 0x1", desktop}, // two numbers, and 0 means all
+               {"span ,", desktop},
+               {"span 4", nowhere},
+               {" 800x 600", {0, 0, 800, 600}, mode},
+               {"800x601", {0, 0, 800, 601}}, // no mode of the display
+               {"801x600", {0, 0, 801, 600}},
+               {"800x600", {0, 7, 800, 600}, part, "0,7"},
+               {"800x600", {-7, 0, 800, 600}, part, "-7"},
+               {"1x1", {0, 0, 1, 1}},
+               {"800X600", nowhere},
+               {"-1x5", {0, -900, 1920, 1983}},
+               {"-5x600", nowhere, 0, "2147483647"},
+               {"800x-5", nowhere}};
+  for (const auto &[resolution, place, flags, offset] : cases) {
+    SCOPED_TRACE(resolution != nullptr ? resolution : "no resolution");
+    EXPECT_EQ(open(resolution, offset, false), place);
+    EXPECT_EQ(sdl.window_flags, place == nowhere ? 0 : flags);
   }
-  ASSERT_EQ(gfx_open(800, 600, "t"), 1);
-  EXPECT_TRUE(screen_width == 800 && fake.request.framed && fake.cursor_hidden == 0);
 }
 
-// Where the frame's edges are seen, at a distance of 1; finite also for no frame at all.
-TEST(Projection, Central43RegionSpans90Degrees) {
-  const double cases[][4] = {{1920, 1080, 4.0 / 3, 0.75}, {300, 1200, 1, 4}, {0, 0, 1, 1}};
-  for (const auto &[width, height, half_width, half_height] : cases) {
-    float matrix[16];
-    projection_perspective(static_cast<int>(width), static_cast<int>(height), matrix);
-    EXPECT_NEAR(1 / matrix[0], half_width, 1e-6) << width << "x" << height;
-    EXPECT_NEAR(1 / matrix[5], half_height, 1e-6) << width << "x" << height;
+// It has 0.6 of the height. It is centred on the cursor, but kept on the desktop.
+TEST(Window, FramedWindowIsNearTheCursor) {
+  const std::pair<const char *, Place> cases[] = {{"auto", {869, -401, 865, 649}},
+                                                  {"display 2", {892, -384, 818, 614}},
+                                                  {"800x700", {901, -427, 800, 700}},
+                                                  {"1301x1700", {619, -900, 1301, 1700}},
+                                                  {"span", {-1280, -900, 3200, 2200}}};
+  for (const auto &[resolution, place] : cases) {
+    EXPECT_EQ(open(resolution, "9,9", true), place) << resolution;
+    EXPECT_EQ(sdl.window_flags, framed);
   }
 }
 
-// Elements 10 and 14 of the whole depth and of its two slabs, which overlap a little.
-TEST(Projection, SlabsMeet) {
-  float matrix[16];
-  const auto expect_bits = [&matrix](uint32_t m10, uint32_t m14) {
-    EXPECT_EQ(std::bit_cast<uint32_t>(matrix[10]), m10);
-    EXPECT_EQ(std::bit_cast<uint32_t>(matrix[14]), m14);
-  };
-  projection_perspective(1600, 900, matrix);
-  expect_bits(0xBF80068D, 0xBE4CD20B);
-  projection_far_slab(matrix);
-  expect_bits(0xBF80068B, 0xC4FA0664);
-  projection_near_slab(matrix);
-  expect_bits(0xBF80068B, 0xBE4CD209);
-}
-
-TEST(Window, FailureTellsTheUserThenEndsTheProgram) {
+TEST(Window, FailureIsExplainedAndEndsTheProgram) {
+  fake_start();
   const struct {
-    bool has_display;
-    PlatformOpen result;
-    const char *lack, *words;
-    int32_t width = 640;
+    const char *driver; // the best one if null, which is none without a display
+    int refused;        // contexts
+    const char *resolution, *sentence, *words;
   } cases[] = {
-      {false, PlatformOpen::ok, "no display", "Window Creation Error."},
-      {true, PlatformOpen::no_class, "window system", "Failed To Register The Window Class."},
-      {true, PlatformOpen::no_window, "no window", "Window Creation Error."},
-      {true, PlatformOpen::no_window, "99999 by 480 pixels", "Window Creation Error.", 99999},
-      {true, PlatformOpen::no_pixel_format, "24 bits", "Can't Find A Suitable PixelFormat."},
-      {true, PlatformOpen::bad_pixel_format, "refused", "Can't Set The PixelFormat."},
-      {true, PlatformOpen::no_context, "OpenGL", "Can't Create A GL Rendering Context."},
-      {true, PlatformOpen::no_current, "OpenGL", "Can't activate GLRC."},
-  };
-  for (const auto &c : cases) {
-    auto open = [&c] {
-      fake_start();
-      std::fflush(stdout);
+      {"none", 0, "auto", "no display .*none not available", "Window Creation"},
+      {nullptr, 0, "auto", "no display .*neither DISPLAY", "Window Creation"},
+      {"offscreen", 0, "99999x5", "no window of 99999 by 5 pixels", "Window Creation"},
+      {"offscreen", 4, "auto", "OpenGL with .*no reason", "Can't Create A GL Rendering Context"}};
+  report_sleep = [](int32_t) {};
+  for (const auto &[driver, refused, resolution, sentence, words] : cases) {
+    const auto fail = [&] {
       dup2(STDERR_FILENO, STDOUT_FILENO);
-      report_sleep = [](int32_t milliseconds) {
-        std::fprintf(stderr, "waited %d\n", milliseconds);
-      };
-      fake.has_display = c.has_display;
-      fake.open_result = c.result;
-      gfx_open(c.width, 480, "t");
+      SDL_Quit();
+      for (const char *name : {"SDL_VIDEODRIVER", "DISPLAY", "WAYLAND_DISPLAY"})
+        unsetenv(name);
+      SDL_SetHint(SDL_HINT_VIDEODRIVER, driver);
+      open(resolution, nullptr, true, refused);
     };
-    std::string pattern = std::string("^vorel: .*") + c.lack + ".*\\(the fake said so\\): .*\\.\n" +
-                          "\n\\[FATAL ERROR\\] " + c.words + "\nwaited 2500\n$";
-    EXPECT_EXIT(open(), testing::ExitedWithCode(1), pattern) << c.words;
+    EXPECT_EXIT(fail(), testing::ExitedWithCode(1),
+                std::string("vorel: ") + sentence + "(.|\n)*\\[FATAL ERROR\\] " + words);
   }
+}
+
+TEST(Window, ThreeWorseKindsOfContextDoToo) {
+  open("auto", nullptr, true, 3);
+  EXPECT_TRUE(gfx_context_alive());
 }
 
 TEST(Window, ErrorBoxIsLoggedAndShown) {
-  std::remove("graphics_error.log");
-  gfx_warning_box("first");
-  EXPECT_EQ(fake.box, "Errr|first");
-  EXPECT_EXIT(gfx_fatal_box("then"), testing::ExitedWithCode(1), "");
+  fake_start();
+  gfx_warning_box("words");
+  EXPECT_EQ(sdl.box, "Errr|words");
   std::string log;
-  std::getline(std::ifstream("graphics_error.log"), log, '\0');
-  EXPECT_EQ(log, "2018-Jan-31 23:59:59 first\n2018-Jan-31 23:59:59 then\n");
+  std::getline(std::ifstream("graphics_error.log"), log);
+  EXPECT_THAT(log, testing::MatchesRegex("....-...-.. ..:..:.. words"));
   std::remove("graphics_error.log");
+  EXPECT_EXIT(gfx_fatal_box("words"), testing::ExitedWithCode(1), "");
+  EXPECT_EQ(std::remove("graphics_error.log"), 0);
 }
 
 } // namespace

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+// Each test runs in an empty folder of its own.
+struct OwnFolder : testing::Test {
+  const fs::path outside = fs::current_path();
+  const fs::path folder = fs::temp_directory_path() / ("vorel_test." + std::to_string(getpid()));
+
+  OwnFolder() {
+    fs::create_directory(folder);
+    fs::current_path(folder);
+  }
+  ~OwnFolder() override {
+    fs::current_path(outside); // some systems keep a folder that is in use
+    fs::remove_all(folder);
+  }
+
+  // The names of all files, in order, each with a space behind it.
+  std::string files() const {
+    std::set<std::string> names;
+    for (const auto &entry : fs::directory_iterator(folder))
+      names.insert(entry.path().filename().string() + " ");
+    std::string all;
+    for (const std::string &name : names)
+      all += name;
+    return all;
+  }
+  static std::string contents(const std::string &name) {
+    std::ifstream file(name, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+  }
+};

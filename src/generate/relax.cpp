@@ -27,6 +27,7 @@ void move_node(MazeNode *node, Vec3 delta) {
 void Maze_smooth(Maze *maze, double k) {
   MazeNode *nodes = maze_nodes(maze);
   std::vector<Vec3> targets;
+  targets.reserve(static_cast<size_t>(maze_count(maze)));
   for (int32_t i = 0; i < maze_count(maze); ++i)
     targets.push_back(mean_of_neighbours(nodes, nodes[i]));
   for (int32_t i = maze_count(maze); i-- > 0;)
@@ -36,6 +37,7 @@ void Maze_smooth(Maze *maze, double k) {
 void Maze_repel(Maze *maze, double k) {
   MazeNode *nodes = maze_nodes(maze);
   std::vector<Vec3> places;
+  places.reserve(static_cast<size_t>(maze_count(maze)));
   for (int32_t i = 0; i < maze_count(maze); ++i)
     places.push_back(node_position(nodes[i]));
   const std::vector<Vec3> forces = repulsion(places);

@@ -33,6 +33,8 @@ Maze *random_box(int32_t cells) {
 Maze *drawn_topology(double s) {
   const int32_t width = static_cast<int32_t>(s - 1.0);
   const int32_t half = static_cast<int32_t>((s - 1.0) * 0.5);
+  const int32_t major = 2 * half / 3;
+  const int32_t minor = half / 3;
   switch (rand_int(11)) {
   case 3:
     return Maze_polar(half, 1);
@@ -43,9 +45,9 @@ Maze *drawn_topology(double s) {
   case 6:
     return Maze_sphere(half);
   case 7:
-    return Maze_torus(2 * half / 3, half / 3);
+    return Maze_torus(major, minor);
   case 8:
-    return Maze_mobius(2 * half / 3, half / 3);
+    return Maze_mobius(major, minor);
   case 9:
     return random_cube(width);
   case 10:

@@ -56,7 +56,7 @@ void draw_eye(const Stereo &stereo, double side) {
   glPushMatrix();
   double modelview[16];
   glGetDoublev(GL_MODELVIEW_MATRIX, modelview);
-  for (int column = 0; column < 4; column++)
+  for (size_t column = 0; column < 4; column++)
     modelview[4 * column] += stereo.eyes.offset * side * modelview[4 * column + 3];
   glLoadMatrixd(modelview);
   stereo.scene(stereo.context);

@@ -93,8 +93,9 @@ PlatformWindowRequest plan_window(int32_t width_request, int32_t height_request)
 
 void load_projection(int32_t width, int32_t height) {
   float matrix[16];
+  const int32_t half_height = height / 2;
   if (projection_is_2d != 0)
-    projection_ortho(0, width, height, 0, height / 2, -(height / 2), matrix);
+    projection_ortho(0, width, height, 0, half_height, -half_height, matrix);
   else
     projection_perspective(width, height, matrix);
   glMatrixMode(GL_PROJECTION);

@@ -14,7 +14,8 @@ constexpr double most_segments = 1000.0; // with the eye on the disc it would be
 
 // About five segments for the root of each pixel of the radius.
 int32_t segments(double radius, double distance) {
-  const double pixels = radius * (screen_height / 4) / distance;
+  const int32_t quarter_height = screen_height / 4;
+  const double pixels = radius * quarter_height / distance;
   const double count = 5.0 * std::sqrt(pixels);
   return count >= 1.0 ? static_cast<int32_t>(std::min(count, most_segments)) : 0;
 }

@@ -144,7 +144,7 @@ bool file_append_line(const char *path, const char *text) {
 
 std::string file_free_name(const std::string &stem, const char *ending) {
   for (int32_t number = 1;; number++) {
-    const std::string name = numbered(stem, number, ending);
+    std::string name = numbered(stem, number, ending);
     std::error_code ignored;
     if (!fs::exists(fs::symlink_status(path_of(name), ignored))) return name;
   }
@@ -179,7 +179,7 @@ void file_remove_leftovers(const std::string &prefix) {
 
 std::string file_data_folder() {
   const std::string root = file_data_root();
-  if (root.empty()) return root;
+  if (root.empty()) return {};
   const fs::path folder = path_of(root) / "vorel";
   std::error_code error;
   fs::create_directories(folder, error);

@@ -34,6 +34,7 @@ struct FontStyle {
   float skew, boldness;
   int32_t glyph_count;
   int32_t reserved;
+  bool operator==(const FontStyle &) const = default;
 };
 
 constexpr FontStyle font_style_default = {nullptr, 1.0F, 1.0F, 0.0F, 0.0F, 0, 0};

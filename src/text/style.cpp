@@ -224,7 +224,7 @@ Font *font_find_style(Font *base, float width, float height, float skew, float b
 }
 
 void font_apply_style(FontStyle style) {
-  if (std::memcmp(&style, &current_style, sizeof style) == 0) return;
+  if (style == current_style) return;
   Font *font = font_find_style(style.base, style.width_scale, style.height_scale, style.skew,
                                style.boldness);
   if (font != current_font) font_select(font);

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <numeric>
 #include <set>
 #include <string>
 
@@ -11,10 +12,11 @@
 
 namespace fs = std::filesystem;
 
-// Each test runs in an empty folder of its own.
+// Each test runs in an empty folder of its own, with a name beyond ASCII.
 struct OwnFolder : testing::Test {
   const fs::path outside = fs::current_path();
-  const fs::path folder = fs::temp_directory_path() / ("vorel_test." + std::to_string(getpid()));
+  const fs::path folder = fs::temp_directory_path() / fs::path(u8"\u0436\u0444") +=
+      std::to_string(getpid());
 
   OwnFolder() {
     fs::create_directory(folder);
@@ -30,12 +32,12 @@ struct OwnFolder : testing::Test {
     std::set<std::string> names;
     for (const auto &entry : fs::directory_iterator(folder))
       names.insert(entry.path().filename().string() + " ");
-    std::string all;
-    for (const std::string &name : names)
-      all += name;
-    return all;
+    return std::accumulate(names.begin(), names.end(), std::string());
   }
-  static std::string contents(const std::string &name) {
+  static void write(const fs::path &name, const std::string &text) {
+    std::ofstream(name, std::ios::binary) << text;
+  }
+  static std::string contents(const fs::path &name) {
     std::ifstream file(name, std::ios::binary);
     return std::string(std::istreambuf_iterator<char>(file), {});
   }

@@ -1,11 +1,10 @@
 #include "gfx/fake_sdl.h"
 
-#include <cstring>
+#include <algorithm>
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include "gfx/gl_util.h"
 #include "gfx/input.h"
 #include "gfx/window.h"
 
@@ -15,20 +14,17 @@ void fake_start() {
   GTEST_FLAG_SET(death_test_style, "threadsafe"); // since drivers start threads
   gfx_close();
   sdl = {};
-  fake_keys({});
   SDL_ShowCursor(SDL_ENABLE);
   SDL_EnableScreenSaver();
   quit_requested = mouse_buttons = mouse_buttons_prev = mouse_event_buttons = 0;
   screen_width = screen_height = fullscreen_offset_x = fullscreen_offset_y = 0;
-  mouse_wait_release = 1;
   alt_tabbed = windowed = window_active = projection_is_2d = 0;
-  std::memset(key_state, 0, sizeof key_state);
-  std::memset(key_state_prev, 0, sizeof key_state_prev);
+  mouse_wait_release = 1;
 }
 
 void fake_keys(const std::vector<int> &keys) {
   uint8_t *state = const_cast<uint8_t *>(SDL_GetKeyboardState(nullptr));
-  std::memset(state, 0, SDL_NUM_SCANCODES);
+  std::fill_n(state, int{SDL_NUM_SCANCODES}, uint8_t{0});
   for (const int key : keys)
     state[key] = 1;
 }
@@ -52,11 +48,11 @@ int SDL_GetDisplayBounds(int index, SDL_Rect *rect) {
   return 0;
 }
 int SDL_GetNumDisplayModes(int index) {
-  return sdl.displays[static_cast<size_t>(index)].x == 0 ? 1 : 0;
+  return index == 0 ? 1 : 0;
 }
 int SDL_GetDisplayMode(int, int, SDL_DisplayMode *mode) {
-  mode->w = sdl.mode.x;
-  mode->h = sdl.mode.y;
+  mode->w = 1024;
+  mode->h = 768;
   return 0;
 }
 SDL_Window *SDL_CreateWindow(const char *title, int x, int y, int w, int h, uint32_t flags) {
@@ -64,10 +60,6 @@ SDL_Window *SDL_CreateWindow(const char *title, int x, int y, int w, int h, uint
   sdl.window_flags = flags;
   const uint32_t kept = flags & ~uint32_t{SDL_WINDOW_FULLSCREEN_DESKTOP};
   return original(SDL_CreateWindow, "SDL_CreateWindow")(title, x, y, w, h, kept);
-}
-SDL_GLContext SDL_GL_CreateContext(SDL_Window *window) {
-  if (sdl.contexts_to_refuse-- > 0) return nullptr;
-  return original(SDL_GL_CreateContext, "SDL_GL_CreateContext")(window);
 }
 void SDL_GL_SwapWindow(SDL_Window *) {
   sdl.swaps++;
@@ -77,11 +69,6 @@ uint32_t SDL_GetWindowFlags(SDL_Window *window) {
 }
 void SDL_MinimizeWindow(SDL_Window *) {
   sdl.minimised++;
-}
-int SDL_GetWindowBordersSize(SDL_Window *, int *top, int *left, int *bottom, int *right) {
-  *left = *bottom = *right = sdl.border;
-  *top = sdl.border == 0 ? 0 : sdl.border + 20;
-  return 0;
 }
 SDL_Window *SDL_GetMouseFocus() {
   return SDL_GL_GetCurrentWindow();
@@ -106,12 +93,10 @@ int SDL_SetRelativeMouseMode(SDL_bool on) {
   return 0;
 }
 uint32_t SDL_GetRelativeMouseState(int *x, int *y) {
-  if (x != nullptr) *x = sdl.motion.x;
-  if (y != nullptr) *y = sdl.motion.y;
+  if (x != nullptr) {
+    *x = sdl.motion.x;
+    *y = sdl.motion.y;
+  }
   sdl.motion = {0, 0};
-  return 0;
-}
-int SDL_ShowSimpleMessageBox(uint32_t, const char *caption, const char *text, SDL_Window *) {
-  sdl.box = std::string(caption) + "|" + text;
   return 0;
 }

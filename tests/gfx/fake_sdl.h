@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include <SDL.h>
@@ -10,19 +9,15 @@
 struct FakeSdl {
   // What SDL reports.
   std::vector<SDL_Rect> displays = {{0, 0, 1920, 1080}};
-  SDL_Point mode = {800, 600};             // the only one of the display at the corner
   uint32_t state = SDL_WINDOW_INPUT_FOCUS; // flags of the window, beside the true ones
-  int border = 0;                          // of the window's frame; the upper one is 20 more
   uint32_t buttons = 0, own_buttons = 0;   // held anywhere, and those pressed in the window
   SDL_Point cursor = {0, 0}, motion = {0, 0};
   bool cursor_moves = true, relative = false;
-  int contexts_to_refuse = 0; // of those requested next
 
   // What it was asked.
   SDL_Rect window = {0, 0, 0, 0};
   uint32_t window_flags = 0;
   int minimised = 0, swaps = 0;
-  std::string box; // caption, bar, text
 };
 
 extern FakeSdl sdl;

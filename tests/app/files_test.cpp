@@ -1,6 +1,5 @@
 // What a run does with its settings and its session.
 
-#include <chrono>
 #include <tuple>
 
 #include <gmock/gmock.h>
@@ -12,18 +11,9 @@
 
 namespace {
 
-using testing::HasSubstr;
-
 struct Files : OwnFolder {
   ::Run run = {};
 };
-
-// The sentences on standard error during a call.
-template <typename Call> std::string said(Call call) {
-  testing::internal::CaptureStderr();
-  call();
-  return testing::internal::GetCapturedStderr();
-}
 
 TEST_F(Files, SettingsAreCompletedAtTheStartAndKeptAtTheEnd) {
   const auto read = [this] {
@@ -69,35 +59,16 @@ TEST_F(Files, NoSessionIsLost) {
     for (const auto &entry : fs::directory_iterator(folder))
       fs::remove(entry.path());
     before();
-    const std::string words = said([&] {
-      start_session(&run);
-      meanwhile();
-      EXPECT_EQ(save_session(&run), SessionPlace::this_folder);
-    });
-    EXPECT_THAT(words, HasSubstr(sentences));
+    testing::internal::CaptureStderr();
+    start_session(&run);
+    meanwhile();
+    EXPECT_EQ(save_session(&run), SessionPlace::this_folder);
+    const std::string words = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(words, testing::HasSubstr(sentences));
     EXPECT_EQ(words.empty(), *sentences == '\0') << words;
     EXPECT_EQ(files(), expected);
     World_free(&run.world);
   }
-}
-
-TEST_F(Files, TheNewerOneOfTheSessionAndTheRecoveryFileIsResumed) {
-  start_session(&run);
-  run.world.time = 77.7;
-  save_session(&run);
-  run.world.time = 88.8;
-  run.world.zoom = 3.3;
-  EXPECT_THAT(said([&] { save_for_recovery(&run); }), HasSubstr("to \"maze_save.recovery.dat\""));
-  const auto saved = fs::last_write_time("maze_save.dat");
-  for (const int newer : {2, -2}) {
-    Recovery_end(&run.recovery, false); // as a process that is killed
-    World_free(&run.world);
-    fs::last_write_time("maze_save.recovery.dat", saved + std::chrono::seconds(newer));
-    said([&] { start_session(&run); });
-    EXPECT_EQ(run.world.time, newer > 0 ? 88.8 : 77.7);
-  }
-  EXPECT_EQ(files(), "maze_save.beside-1.dat maze_save.dat ");
-  World_free(&run.world);
 }
 
 } // namespace

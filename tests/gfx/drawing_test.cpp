@@ -12,6 +12,8 @@
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
 #include "gfx/offscreen.h"
+#include "gfx/platform.h"
+#include "gfx/stereo.h"
 #include "gfx/texture.h"
 #include "gfx/window.h"
 #include "picture.h"
@@ -91,6 +93,36 @@ TEST_F(Drawing, UploadMakesBoxFilteredLevels) {
   EXPECT_EQ(level_pixels(1, GL_RGB, 16),
             (Bytes{26, 27, 28, 46, 47, 48, 0, 0, 108, 109, 110, 128, 129, 130, 0, 0}));
   EXPECT_EQ(level_pixels(2, GL_RGB, 4), (Bytes{77, 78, 79, 0}));
+}
+
+void draw_point(const void *) {
+  glColor3f(1, 1, 1);
+  glPointSize(5);
+  glBegin(GL_POINTS);
+  glVertex3d(0, 1.2, -4);
+  glEnd();
+}
+
+// The mean column of what is white in every second row.
+double column(const Picture &picture, int first_row) {
+  double sum = 0, count = 0;
+  for (int y = first_row; y < picture_height; y += 2)
+    for (int x = 0; x < picture_width; x++) {
+      const bool white = picture_colour(picture, x, y) == 0xFFFFFF;
+      sum += white ? x : 0;
+      count += white ? 1 : 0;
+    }
+  return sum / count;
+}
+
+// The eyes are 0.8 apart and their axes are turned by 0.03 of the width. The approved pictures show
+// all modes.
+TEST_F(Drawing, TheEyeOfTheEvenLinesSeesANearPointFurtherToTheRight) {
+  picture_begin();
+  stereo_render(draw_point, nullptr, 3, 0, 0.8, -0.03);
+  const Picture picture = picture_take();
+  const int even = platform_window_rect().top & 1;
+  EXPECT_NEAR(column(picture, even) - column(picture, 1 - even), picture_width * 0.07, 1);
 }
 
 } // namespace

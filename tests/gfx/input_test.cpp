@@ -79,15 +79,6 @@ TEST(Input, ALostFocusReleasesKeysButtonsAndMouse) {
   }
 }
 
-TEST(Input, AltTabMinimises) {
-  open(true);
-  pump({SDL_SCANCODE_LALT});
-  pump({SDL_SCANCODE_TAB});
-  EXPECT_EQ(sdl.minimised, 0);
-  pump({SDL_SCANCODE_RALT, SDL_SCANCODE_TAB});
-  EXPECT_EQ(sdl.minimised, 1);
-}
-
 TEST(Input, ACursorThatCanNotBeMovedSteersByItsMotion) {
   open(true);
   sdl.cursor_moves = false;

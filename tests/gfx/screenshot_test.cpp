@@ -1,5 +1,6 @@
 #include "gfx/screenshot.h"
 
+#include <array>
 #include <cstdlib>
 #include <vector>
 
@@ -49,11 +50,11 @@ TEST_F(Screenshot, TheFrameIsSavedUnderANumberFromTheClock) {
 
 TEST_F(Screenshot, TheBmpIsRemovedOnlyForANewPng) {
   const char *const convert = "[ \"$1 $2\" = '-quality 95' ] && cp \"$3\" \"$4\"; exit 3";
-  const struct {
-    const char *script, *path, *files; // all files afterwards
-  } cases[] = {{convert, "a b.v2.bmp", ".bin a b.v2.png "},
-               {"exit 0", "a b.v2.bmp", ".bin a b.v2.bmp a b.v2.png "}, // of an earlier shot
-               {convert, ".x", ".bin .x.png a b.v2.bmp a b.v2.png "}};
+  const std::array<const char *, 3> cases[] = {
+      // the last are all files afterwards
+      {convert, "a b.v2.bmp", ".bin a b.v2.png "},
+      {"exit 0", "a b.v2.bmp", ".bin a b.v2.bmp a b.v2.png "}, // of an earlier shot
+      {convert, ".x", ".bin .x.png a b.v2.bmp a b.v2.png "}};
   for (const auto &[script, path, expected] : cases) {
     set_magick(script);
     bmp_write("1234567890ab", 1, 3, path, 1);

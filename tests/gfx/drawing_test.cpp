@@ -18,8 +18,7 @@
 
 namespace {
 
-constexpr int width = 200;
-constexpr int height = 152;
+constexpr int width = 200, height = 152;
 using Bytes = std::vector<uint8_t>;
 
 struct Drawing : testing::Test {
@@ -76,9 +75,6 @@ TEST_F(Drawing, CaptureTakesAPartOfThePictureWithItsAlpha) {
     glDeleteTextures(1, &name);
     offscreen_end();
   }
-  EXPECT_EQ(std::pair(screen_width, screen_height), std::pair(width, height));
-  glClear(GL_COLOR_BUFFER_BIT); // in the window and with its clear colour again
-  EXPECT_EQ(picture_colour(picture_take(), 0, 0), 0x336699u);
 }
 
 // Each texel is the rounded mean of four of the level above. An odd column is dropped, a single one

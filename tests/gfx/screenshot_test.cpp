@@ -50,8 +50,8 @@ TEST_F(Screenshot, TheFrameIsSavedUnderANumberFromTheClock) {
 
 TEST_F(Screenshot, TheBmpIsRemovedOnlyForANewPng) {
   const char *const convert = "[ \"$1 $2\" = '-quality 95' ] && cp \"$3\" \"$4\"; exit 3";
+  // What the converter does, the picture's path, and all files afterwards.
   const std::array<const char *, 3> cases[] = {
-      // the last are all files afterwards
       {convert, "a b.v2.bmp", ".bin a b.v2.png "},
       {"exit 0", "a b.v2.bmp", ".bin a b.v2.bmp a b.v2.png "}, // of an earlier shot
       {convert, ".x", ".bin .x.png a b.v2.bmp a b.v2.png "}};

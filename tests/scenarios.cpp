@@ -1,8 +1,7 @@
 #include "scenarios.h"
 
-#include <algorithm>
 #include <cmath>
-#include <sstream>
+#include <initializer_list>
 
 #include "maze/edit.h"
 #include "maze/pos.h"
@@ -51,18 +50,6 @@ void scenario_hold(Maze *maze, int32_t node, Maze *below) {
   below->parentnode = node;
 }
 
-void scenario_paint(Maze *maze, uint32_t *next_colour) {
-  for (int32_t i = 0; i < maze_count(maze); i++) {
-    MazeNode &node = maze_nodes(maze)[i];
-    for (uint32_t r = 0; r < node.degree; r++) {
-      MazeNode &other = maze_nodes(maze)[node.nbr[r]];
-      if (node.nbr[r] < i) continue;
-      node.edge[r].colour = other.edge[MazeNode_row(other, i)].colour = (*next_colour)++;
-    }
-    if (node.submaze) scenario_paint(node.submaze, next_colour);
-  }
-}
-
 ThreeLevels scenario_three_levels() {
   ThreeLevels t = {scenario_path(4), scenario_path(4), scenario_path(2), scenario_path(3),
                    scenario_path(2)};
@@ -98,21 +85,4 @@ static Maze *nested(int32_t depth, double spacing, Vec3 centre) {
 
 Maze *scenario_nested(int32_t depth) {
   return nested(depth, 1.0, {});
-}
-
-Maze *scenario_graph(const std::string &edges) {
-  Maze *maze = Maze_new();
-  std::istringstream words(edges);
-  for (std::string word; words >> word;) {
-    const int32_t a = word[0] - 'a', b = word[word.size() > 1] - 'a';
-    while (maze_count(maze) <= std::max(a, b)) {
-      add_node(maze, {});
-      maze_nodes(maze)[maze_count(maze) - 1].self.colour = maze->nodes.count - 1;
-    }
-    if (a == b) continue;
-    Maze_join(maze, a, b);
-    for (MazeNode *end : {maze_nodes(maze) + a, maze_nodes(maze) + b})
-      if (word.size() > 2) end->edge[end->degree - 1].colour = static_cast<uint32_t>(word[2]);
-  }
-  return maze;
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "maze/maze.h"
 
 // Mazes for tests and benchmarks. The caller owns what comes back and destroys it recursively.
@@ -20,9 +18,6 @@ Maze *scenario_random(int32_t count, int32_t edges);
 // Hangs `below` on a plain node. Moves and aligns nothing.
 void scenario_hold(Maze *maze, int32_t node, Maze *below);
 
-// Gives every edge of the tree, on both halves, a colour of its own.
-void scenario_paint(Maze *maze, uint32_t *next_colour);
-
 // 0 - [1: m1] - [2: m2] - 3, where m1 is 0 - [2: n2] - [3: n3] - 1. Also m2 is 0 - 1, n2 is
 // 0 - 1 - 2, of which 2 is no door, and n3 is 0 - 1.
 struct ThreeLevels {
@@ -36,7 +31,3 @@ Maze *scenario_nested(int32_t depth);
 
 // `levels` mazes of two nodes, each but the last with the next one in its node 1.
 Maze *scenario_deep(int32_t levels);
-
-// Nodes a, b, c, ... up to the last letter, with their indices as self.colour, and the edges that
-// the words of `edges` name. The third letter of a word is the edge's colour.
-Maze *scenario_graph(const std::string &edges);

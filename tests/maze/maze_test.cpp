@@ -9,6 +9,7 @@
 
 #include "maze/attachment.h"
 #include "maze/edit.h"
+#include "maze/reach.h"
 #include "same_tree.h"
 #include "scenarios.h"
 #include "support/strings.h"
@@ -20,32 +21,22 @@ static void log_gone(intptr_t data, Maze *maze) {
           std::to_string(maze->attachments.count) + ", ";
 }
 
-TEST(Attachment, TheLastRowOfANameComesFirst) {
-  gone.clear();
-  Maze *maze = Maze_new();
-  Attachment_add(maze, "lists", 1, log_gone);
-  Attachment_add(maze, "other", 2, nullptr);
-  Attachment_add(maze, "LISTS", 3, log_gone);
-  EXPECT_EQ(Attachment_find(maze, "Lists"), 3);
-  for (const char *name : {"list", "liSTs", "OTHER"})
-    Attachment_drop(maze, name);
-  EXPECT_EQ(Attachment_find(maze, "lists"), 1);
-  EXPECT_EQ(Attachment_find(maze, "other"), 0);
-  EXPECT_EQ(maze->attachments.count, 1U);
-  Attachment_add(maze, "last", 4, log_gone);
-  Maze_destroy(maze, 0);
-  EXPECT_EQ(gone, "3 nodes 3, 4 2, 1 2, ");
-}
-
-TEST(Attachment, ATreeIsDroppedFromTheLastHolderOn) {
+TEST(Attachment, TheLastOfANameIsTheFirstToGo) {
   gone.clear();
   const ThreeLevels t = scenario_three_levels();
-  intptr_t number = 0;
-  for (Maze *maze : {t.root, t.m1, t.m2, t.n2, t.n3})
-    Attachment_add(maze, "lists", number++, log_gone);
-  Attachment_drop_tree(t.root, "lists");
-  EXPECT_EQ(gone, "0 nodes 1, 2 nodes 1, 1 nodes 1, 4 nodes 1, 3 nodes 1, ");
+  Attachment_add(t.root, "lists", 1, log_gone);
+  Attachment_add(t.root, "other", 2, nullptr);
+  Attachment_add(t.root, "LISTS", 3, log_gone);
+  Attachment_add(t.m1, "lists", 4, log_gone);
+  Attachment_add(t.n3, "lists", 5, log_gone);
+  EXPECT_EQ(Attachment_find(t.root, "Lists"), 3);
+  for (const char *name : {"list", "liSTs", "OTHER"})
+    Attachment_drop_tree(t.root, name);
+  EXPECT_EQ(Attachment_find(t.root, "lists"), 1);
+  EXPECT_EQ(Attachment_find(t.root, "other"), 0);
+  Attachment_add(t.root, "last", 6, log_gone);
   Maze_destroy(t.root, 1);
+  EXPECT_EQ(gone, "3 nodes 3, 4 nodes 1, 5 nodes 1, 6 2, 1 2, ");
 }
 
 TEST(Maze, CopiesAreEqualButForCaches) {
@@ -78,52 +69,37 @@ TEST(Maze, CopiesAreEqualButForCaches) {
   Maze_destroy(deep, 1);
 }
 
-TEST(Maze, MergingRaisesTheRowsOfTheSecond) {
-  const ThreeLevels t = scenario_three_levels();
-  Maze *path = scenario_path(5), *merged = Maze_merged(path, t.root);
-  Maze_destroy(path, 1);
-  for (int32_t i = 0; i < 4; i++) {
-    const MazeNode &node = maze_nodes(merged)[5 + i], &source = maze_nodes(t.root)[i];
-    ASSERT_EQ(node.degree, source.degree);
-    for (uint32_t r = 0; r < node.degree; r++)
-      EXPECT_EQ(node.nbr[r], source.nbr[r] + 5);
-    if (!source.submaze) continue;
-    EXPECT_EQ(tree_difference(node.submaze, source.submaze), "");
-    EXPECT_EQ(node.submaze->parent, merged);
-    EXPECT_EQ(node.submaze->parentnode, 5 + i);
+TEST(Maze, ConnectedGivesTheDistanceOrTheSizeOfASide) {
+  Maze *ring = scenario_path(6), *tail = scenario_path(3), *all = Maze_merged(ring, tail);
+  Maze_join(all, 0, 5);
+  const struct {
+    int32_t a, b, length, out;
+  } ways[] = {{2, 2, 1, 0}, {2, 3, 1, 1},  {0, 4, 2, 2}, {1, 4, 3, 3},
+              {8, 6, 2, 2}, {0, 7, 0, -3}, {8, 1, 0, 3}};
+  for (const auto &way : ways) {
+    int32_t out = -999;
+    EXPECT_EQ(Maze_connected(all, way.a, way.b, &out), way.length) << way.a << " " << way.b;
+    EXPECT_EQ(out, way.out) << way.a << " " << way.b;
   }
-  Maze_destroy(t.root, 1);
-  EXPECT_EQ(maze_nodes(merged)[4].degree, 1U);
-  Maze_destroy(merged, 1);
-}
-
-TEST(Maze, DepthHasNoLimit) {
-  Maze *root = scenario_deep(100000), *copy = Maze_copy(root, 1);
-  EXPECT_EQ(tree_difference(copy, root), "");
-  Attachment_add(maze_nodes(root)[1].submaze, "lists", 1, nullptr);
-  Attachment_drop_tree(root, "lists");
-  EXPECT_EQ(maze_nodes(root)[1].submaze->attachments.count, 0U);
-  Maze_destroy(root, 1);
-  Maze_destroy(copy, 1);
+  for (Maze *maze : {ring, tail, all})
+    Maze_destroy(maze, 0);
 }
 
 TEST(Maze, DumpReportsFaults) {
   const std::string path = testing::TempDir() + "maze_dump_test." + std::to_string(getpid());
   std::remove(path.c_str());
   Maze *maze = scenario_path(2);
-  EXPECT_EQ(Maze_dump(maze, path.c_str(), "good"), 0);
   MazeNode_append_row(&maze_nodes(maze)[1], 1);
   EXPECT_EQ(Maze_dump(maze, path.c_str(), "loop"), 1);
   MazeNode_append_row(&maze_nodes(maze)[1], 0);
   EXPECT_EQ(Maze_dump(maze, path.c_str(), "both"), 2);
   std::string text;
   std::getline(std::ifstream(path), text, '\0');
-  EXPECT_EQ(text.substr(0, 65),
-            "---------- good\n2 nodes\nNode 0 is joined to 1\nNode 1 is joined to");
-  EXPECT_EQ(text.substr(text.find("both")),
-            "both\n2 nodes\nNode 0 is joined to 1\n"
-            "Node 1 is joined to 0 1 0\nERROR: node 1 is joined to itself\n"
-            "ERROR: node 1 is joined to 0 twice\n");
+  EXPECT_EQ(text, "---------- loop\n2 nodes\nNode 0 is joined to 1\n"
+                  "Node 1 is joined to 0 1\nERROR: node 1 is joined to itself\n"
+                  "---------- both\n2 nodes\nNode 0 is joined to 1\n"
+                  "Node 1 is joined to 0 1 0\nERROR: node 1 is joined to itself\n"
+                  "ERROR: node 1 is joined to 0 twice\n");
   EXPECT_EQ(Maze_dump(maze, (path + "/no/folder").c_str(), "lost"), -1);
   std::remove(path.c_str());
   Maze_destroy(maze, 1);

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstdio>
 #include <fstream>
-#include <memory>
 #include <sstream>
 #include <string>
 
@@ -23,18 +22,14 @@
 
 namespace {
 
-struct MazeDestroyer {
-  void operator()(Maze *maze) const { Maze_destroy(maze, 1); }
-};
-using OwnedMaze = std::unique_ptr<Maze, MazeDestroyer>;
-
 // The topologies of that size by many seeds, as one maze that is not connected.
 Maze *random_topologies(double size, int32_t seeds) {
   Maze *all = Maze_new();
   for (int32_t seed = 1; seed <= seeds; ++seed) {
     rand_seed(static_cast<uint32_t>(seed));
-    const OwnedMaze one(Maze_random_topology(size));
-    Maze_append(all, one.get());
+    Maze *one = Maze_random_topology(size);
+    Maze_append(all, one);
+    Maze_destroy(one, 1);
   }
   return all;
 }
@@ -129,11 +124,12 @@ std::string digest_of(const std::string &entry) {
   std::string name;
   double a = 0.0, b = 0.0, c = 0.0;
   words >> name >> a >> b >> c;
-  const OwnedMaze tree(build(name, a, b, c));
+  Maze *tree = build(name, a, b, c);
   const int32_t next_draw = rand15();
   TreeDigest digest;
-  for (Maze *maze = tree.get(); maze; maze = Maze_next(tree.get(), maze))
+  for (Maze *maze = tree; maze; maze = Maze_next(tree, maze))
     digest.add_maze(maze);
+  Maze_destroy(tree, 1);
   char text[80];
   std::snprintf(text, sizeof text,
                 "%u nodes, draw %d, rows %04x, places %04x, marks %04x, mazes %04x", digest.nodes,

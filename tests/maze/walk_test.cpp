@@ -104,20 +104,6 @@ TEST(Walk, StepsLeadAndLeaveMarksAsTheFileSays) {
   EXPECT_EQ(steps.str(), text);
 }
 
-TEST(Walk, AFullDoorHasNineEntries) {
-  Maze *root = scenario_path(2), *below = scenario_random(9, 0);
-  for (int32_t i = 1; i < 9; i++)
-    Maze_join(below, 0, i);
-  scenario_hold(root, 1, below);
-  Pos out[pos_max_edges];
-  MazeEdge edges[pos_max_edges];
-  EXPECT_EQ(Pos_alledges(below, 0, out, edges), 9);
-  EXPECT_EQ(Pos_edges(below, 0, 0, out, edges), 8);
-  EXPECT_TRUE(Pos_equal(out[7], {below, 8}));
-  EXPECT_TRUE(Pos_equal(out[8], {root, 0})); // of the first call
-  Maze_destroy(root, 1);
-}
-
 TEST(WalkDeathTest, ABorderWithoutADoorIsFatal) {
   Maze *root = scenario_path(2);
   scenario_hold(root, 1, scenario_path(2));

@@ -60,27 +60,6 @@ TEST(Move, ArrivesPastTheEndOfTheCorridorThatThePushFollows) {
   }
 }
 
-// A straight line of places along x: a plain node, two mazes of two, a plain node.
-TEST(Move, WalksThroughTheDoorsOfNeighbouringMazes) {
-  Maze *root = scenario_path(4), *left = scenario_path(2), *right = scenario_path(2);
-  SmallWorld world(root);
-  scenario_hold(root, 1, left);
-  scenario_hold(root, 2, right);
-  const std::vector<Pos> way = {{root, 0}, {left, 0}, {left, 1}, {right, 0}, {right, 1}, {root, 3}};
-  for (size_t i = 0; i < way.size(); ++i)
-    maze_nodes(way[i].maze)[way[i].node].x = 2.1 * static_cast<double>(i);
-  for (size_t i = 1; i < way.size(); ++i) {
-    World_move(&world, 0.6, 0);
-    EXPECT_NEAR(World_follow_point(&world).x, 2.1 * static_cast<double>(i - 1) + 0.6, 1e-12);
-    World_move(&world, 9, 0);
-    EXPECT_TRUE(Pos_equal(world.cur, way[i])) << i;
-  }
-  for (size_t i = way.size() - 1; i-- > 0;) {
-    World_move(&world, -9, 0);
-    EXPECT_TRUE(Pos_equal(world.cur, way[i])) << i;
-  }
-}
-
 TEST(FollowPoint, SlowsTowardsTheBisector) {
   SmallWorld world(star({{2, 0, 0}, {0, 1, 0}}));
   for (double angle = 0.01; angle < pi / 2; angle += 0.01) {

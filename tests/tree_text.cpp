@@ -1,4 +1,4 @@
-#include "same_tree.h"
+#include "tree_text.h"
 
 #include <sstream>
 
@@ -38,12 +38,4 @@ std::string tree_text(const Maze *root) {
     }
   }
   return out.str();
-}
-
-std::string tree_difference(const Maze *a, const Maze *b) {
-  std::istringstream left(tree_text(a) + "the end"), right(tree_text(b) + "the end");
-  std::string p, q;
-  while (std::getline(left, p) && std::getline(right, q))
-    if (p != q) return p + "\nthe other: " + q;
-  return "";
 }

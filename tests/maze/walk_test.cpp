@@ -6,14 +6,11 @@
 #include <vector>
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include "maze/attachment.h"
-#include "maze/edit.h"
 #include "maze/pos.h"
 #include "maze/visit.h"
 #include "scenarios.h"
-#include "support/report.h"
 
 static const char *const kinds[] = {"lists",        "ballstick_ballslist", "ballstick_stickslist",
                                     "voronoi",      "voronoilist",         "gantrylist",
@@ -102,19 +99,4 @@ TEST(Walk, StepsLeadAndLeaveMarksAsTheFileSays) {
   std::string text;
   std::getline(std::ifstream(VOREL_STEPS), text, '\0');
   EXPECT_EQ(steps.str(), text);
-}
-
-TEST(WalkDeathTest, ABorderWithoutADoorIsFatal) {
-  Maze *root = scenario_path(2);
-  scenario_hold(root, 1, scenario_path(2));
-  MazeNode_remove_row(&maze_nodes(root)[1], 0);
-  Pos out[pos_max_edges];
-  const auto walk = [&] {
-    report_sleep = [](int32_t) {};
-    dup2(STDERR_FILENO, STDOUT_FILENO); // where a death test looks
-    Pos_alledges(root, 0, out, nullptr);
-  };
-  EXPECT_EXIT(walk(), testing::ExitedWithCode(1),
-              "FATAL ERROR. Pos_alledges: Pos_submaze_enter returned Pos_null");
-  Maze_destroy(root, 1);
 }

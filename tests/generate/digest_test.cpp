@@ -157,4 +157,16 @@ TEST(Generate, TreesAreThePinnedOnes) {
   std::printf("if the change is meant: cp %s tests/generate/trees.txt\n", path.c_str());
 }
 
+// Though it holds a maze.
+TEST(Generate, BoundsCoverTheFirstNode) {
+  Maze *root = Maze_plane_xy(3, 1), *below = Maze_plane_xy(1, 1);
+  Maze_translate(below, {1.5, 0, 0}, 0);
+  below->parent = root;
+  maze_nodes(root)[0].submaze = below;
+  Vec3 low, high;
+  Maze_bounds(root, &low, &high);
+  EXPECT_EQ(low.x, maze_nodes(root)[0].x);
+  Maze_destroy(root, 1);
+}
+
 } // namespace

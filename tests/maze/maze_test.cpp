@@ -9,6 +9,7 @@
 
 #include "maze/attachment.h"
 #include "maze/edit.h"
+#include "maze/pos.h"
 #include "maze/reach.h"
 #include "scenarios.h"
 #include "support/strings.h"
@@ -49,10 +50,12 @@ TEST(Maze, CopiesAreEqualButForCaches) {
   void *slot = t.m1->nodes.data;
   t.m1->nodes.mirror = &slot;
   Attachment_add(t.m1, "lists", 1, nullptr);
-  Maze *shallow = Maze_copy(t.m1, 0), *deep = Maze_copy(t.m1, 1);
+  Maze *deep = Maze_copy(t.m1, 1);
   EXPECT_EQ(tree_text(deep), tree_text(t.m1));
-  EXPECT_EQ(maze_nodes(shallow)[3].submaze, t.n3);
-  Maze_destroy(shallow, 0);
+  for (Maze *shallow : {Maze_copy(t.m1, 0), Maze_reachable_copy(t.m1, 0)}) {
+    EXPECT_EQ(maze_nodes(shallow)[3].submaze, t.n3);
+    Maze_destroy(shallow, 0);
+  }
   for (const Maze *copy : {deep, maze_nodes(deep)[3].submaze}) {
     const Maze *source = copy == deep ? t.m1 : t.n3;
     EXPECT_EQ(copy->parent, copy == deep ? t.root : deep);
@@ -85,12 +88,13 @@ TEST(Maze, ConnectedGivesTheDistanceOrTheSizeOfASide) {
     Maze_destroy(maze, 0);
 }
 
-TEST(Maze, DumpReportsFaults) {
+TEST(Maze, DoubledRowsAndLoopsAreReported) {
   const std::string path = testing::TempDir() + "maze_dump_test." + std::to_string(getpid());
   std::remove(path.c_str());
   Maze *maze = scenario_path(2);
   MazeNode_append_row(&maze_nodes(maze)[1], 1);
   MazeNode_append_row(&maze_nodes(maze)[1], 0);
+  EXPECT_EQ(MazeNode_row(maze_nodes(maze)[1], 0), 2); // the last one
   EXPECT_EQ(Maze_dump(maze, path.c_str(), "both"), 2);
   std::string text;
   std::getline(std::ifstream(path), text, '\0');

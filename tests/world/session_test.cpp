@@ -71,12 +71,9 @@ std::string text_of(const World &world) {
   std::ostringstream out;
   out << tree_text(world.root) << "time " << world.time << ", zoom " << world.zoom << ", trail "
       << world.showtrail << ", " << world.roamers.count << " Roamers\n";
-  for (int32_t row = 0; row < 3; row++) {
-    const Vec3 view = Mat3_row(world.view, row);
-    out << "view " << view.x << " " << view.y << " " << view.z << "\n";
-  }
-  for (const Vec3 v : {world.camera, Pos_position(world.cur), world.offset})
-    out << "at " << v.x << " " << v.y << " " << v.z << "\n";
+  for (const Vec3 v : {Mat3_row(world.view, 0), Mat3_row(world.view, 1), Mat3_row(world.view, 2),
+                       world.camera, Pos_position(world.cur), world.offset})
+    out << "(" << v.x << " " << v.y << " " << v.z << ")\n";
   return out.str();
 }
 
@@ -160,11 +157,11 @@ TEST(Session, NumbersThatMakeNoSenseGetTheValuesOfANewSession) {
   } bad[] = {
       {0, -0.5, "time 0, zoom 40.1, trail 258"},
       {0, nan, "time 0, zoom 40.1, trail 258"},
-      {1, nan, "view 1 0 0\nview 0 1 0\nview 0 0 1\nat -1.1 -2.2 -3.3"},
-      {5, -HUGE_VAL, "view 1 0 0\nview 0 1 0\nview 0 0 1\nat -1.1 -2.2 -3.3"},
-      {9, nan, "view 1 0 0\nview 0 1 0\nview 0 0 1\nat -1.1 -2.2 -3.3"},
-      {10, nan, "view 0.31 0.32 0.33\nat 13.431 13.082 13.233"},
-      {12, HUGE_VAL, "view 0.31 0.32 0.33\nat 13.431 13.082 13.233"},
+      {1, nan, "(1 0 0)\n(0 1 0)\n(0 0 1)\n(-1.1 -2.2 -3.3)"},
+      {5, -HUGE_VAL, "(1 0 0)\n(0 1 0)\n(0 0 1)\n(-1.1 -2.2 -3.3)"},
+      {9, nan, "(1 0 0)\n(0 1 0)\n(0 0 1)\n(-1.1 -2.2 -3.3)"},
+      {10, nan, "(0.31 0.32 0.33)\n(13.431 13.082 13.233)"},
+      {12, HUGE_VAL, "(0.31 0.32 0.33)\n(13.431 13.082 13.233)"},
       {13, 0.0, "time 86400.1, zoom 20,"},
       {13, HUGE_VAL, "time 86400.1, zoom 20,"},
   };

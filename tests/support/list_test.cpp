@@ -1,25 +1,10 @@
 #include "support/list.h"
 
 #include <algorithm>
-#include <new>
 #include <random>
 #include <vector>
 
 #include <gtest/gtest.h>
-
-#include "support/memory.h"
-
-TEST(GrowList, NoMemoryEndsTheProgramInASentence) {
-  memory_begin();
-  growlist_initial_capacity = UINT32_MAX;
-  GrowList list;
-  EXPECT_EXIT(GrowList_init(&list, UINT32_MAX), testing::ExitedWithCode(1), "vorel: .* no memory");
-  EXPECT_EXIT(std::get_new_handler()(), testing::ExitedWithCode(1), "vorel: .* no memory");
-  memory_save = memory_exhausted;
-  EXPECT_EXIT(memory_exhausted(), testing::ExitedWithCode(1), "^$");
-  memory_save = nullptr;
-  growlist_initial_capacity = 1;
-}
 
 // The capacity follows in whole numbers: fifths and quarters.
 TEST(GrowList, FollowsAVectorThroughRandomChanges) {
@@ -55,15 +40,10 @@ TEST(GrowList, FollowsAVectorThroughRandomChanges) {
     ASSERT_EQ(list.data, mirrored);
     ASSERT_EQ(std::vector(rows<uint64_t>(list), rows<uint64_t>(list) + list.count), reference);
   }
-  GrowList_reserve(&list, 20000);
-  const void *reserved = list.data;
-  while (list.count < 20000)
-    GrowList_append(&list, &reference[0]);
-  EXPECT_EQ(list.data, reserved);
+  EXPECT_TRUE(GrowList_reserve(&list, 20000));
   EXPECT_TRUE(std::equal(reference.begin(), reference.end(), rows<uint64_t>(list)));
   GrowList_clear(&list);
   EXPECT_EQ(list.capacity, 9U);
-  EXPECT_EQ(list.data, mirrored);
   GrowList_free(&list);
   EXPECT_EQ(mirrored, nullptr);
 }

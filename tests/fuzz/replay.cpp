@@ -1,6 +1,5 @@
 // Runs a fuzz target over all files of the folder named on the command line.
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -9,13 +8,12 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
 
 int main(int, char **argv) {
-  int tried = 0;
+  bool found = false;
   for (const auto &entry : std::filesystem::directory_iterator(argv[1])) {
     std::ifstream file(entry.path(), std::ios::binary);
     const std::string bytes(std::istreambuf_iterator<char>(file), {});
     LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(bytes.data()), bytes.size());
-    tried++;
+    found = true;
   }
-  std::printf("%d inputs\n", tried);
-  return tried > 0 ? 0 : 1;
+  return found ? 0 : 1;
 }

@@ -23,10 +23,3 @@ Fonts fonts_for_test() {
     font_delete(rows<Font *>(fonts)[2]);
   return built;
 }
-
-uint64_t digest(const void *bytes, size_t size) {
-  uint64_t hash = 0xCBF29CE484222325U;
-  for (size_t i = 0; i < size; i++)
-    hash = (hash ^ static_cast<const uint8_t *>(bytes)[i]) * 0x100000001B3U;
-  return hash;
-}

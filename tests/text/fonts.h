@@ -1,8 +1,5 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
-
 #include "text/font.h"
 
 // The program's two fonts in a context without a display, "normal" current.
@@ -12,6 +9,3 @@ struct Fonts {
 
 // Builds them if there are no fonts, deletes all other entries and clears the frame.
 Fonts fonts_for_test();
-
-// A hash of bytes (FNV-1a), for results that are pinned.
-uint64_t digest(const void *bytes, size_t size);

@@ -8,51 +8,11 @@
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
 #include "picture.h"
-#include "support/mat3.h"
-#include "text/layout.h"
-#include "text/style.h"
 
-namespace {
-
-void print(Vec3 p, const char *text, Vec3 line, Vec3 step) {
-  text3d_begin();
-  text3d_print(p.x, p.y, p.z, text, line.x, line.y, line.z, step.x, step.y, step.z);
-  text3d_end();
-}
-
-// In pixel space times a matrix without zeros, whose inverse has whole numbers.
-TEST(Text, InTheWorldFollowsItsVectors) {
-  fonts_for_test();
-  text_begin();
-  text_print(30, 50, 0, 0, "8ab", 0x90B0D0);
-  text_print(static_cast<float>(30 + text_width("8ab") + 1 + 13), 50, 0, 0, "c", 0x90B0D0);
-  text_print(30, 63, 0, 0, "gWm", 0x90B0D0);
-  text_print(30, 76, 0, 0, "\xE9", 0x90B0D0);
-  text_end();
-  const Picture expected = picture_take();
-  fonts_for_test();
-  const double columns[] = {2, 1, 1, 0, 3, 1, 2, 0, 1, 1, 1, 0, 0, 0, 0, 1};
-  const Mat3 inverse = Mat3_inverse({{{2, 3, 1}, {1, 1, 1}, {1, 2, 1}}});
-  const Vec3 place = inverse * Vec3{30, 50, 0};
-  const Vec3 line = inverse * Vec3{0, 13, 0}, step = inverse * Vec3{13, 0, 0};
-  gfx_push_2d();
-  glMultMatrixd(columns);
-  glColor3ub(0x90, 0xB0, 0xD0);
-  print(place, "8ab\tc\ngWm\n\xE9", line, step);
-  font_apply("fmod:height=0");
-  print(place, "no cells", line, step);
-  current_font = nullptr;
-  print(place, "no font", line, step);
-  gfx_pop_2d();
-  EXPECT_EQ(picture_take().bgra, expected.bgra);
-}
-
-std::vector<float> state() {
-  std::vector<float> values;
-  for (const GLenum name :
-       {GL_BLEND, GL_BLEND_SRC, GL_BLEND_DST, GL_LIGHTING, GL_ALPHA_TEST, GL_ALPHA_TEST_FUNC,
-        GL_ALPHA_TEST_REF, GL_TEXTURE_2D, GL_TEXTURE_BINDING_2D})
-    glGetFloatv(name, &values.emplace_back());
+static std::vector<int32_t> state() {
+  std::vector<int32_t> values;
+  for (const GLenum name : {GL_LIGHTING, GL_BLEND_SRC, GL_TEXTURE_BINDING_2D, GL_MATRIX_MODE})
+    glGetIntegerv(name, &values.emplace_back());
   return values;
 }
 
@@ -62,7 +22,6 @@ TEST(Text, IsBlendedByItsModeAndLeavesTheStateAsItWas) {
   const uint8_t records[] = {0, 0, 4, 1, 27, 27, 255, 255};
   current_font = nullptr;
   font_build(records, sizeof records, "grey"); // is then current
-  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
   glBindTexture(GL_TEXTURE_2D, 0);
   glClearColor(64 / 255.0F, 96 / 255.0F, 128 / 255.0F, 0);
@@ -80,24 +39,20 @@ TEST(Text, IsBlendedByItsModeAndLeavesTheStateAsItWas) {
     text_blend_mode = row.mode;
     picture_begin();
     glBlendFunc(GL_ONE, GL_ONE);
-    glAlphaFunc(GL_LESS, 0.25F);
     glEnable(GL_LIGHTING);
-    const std::vector<float> before = state();
+    const std::vector<int32_t> before = state();
     text_begin();
     text_print(20, 30, 0, 0, "\1", 0xFF8040);
-    glEnd();
-    int32_t filter = 0;
-    glGetTexParameteriv(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, &filter);
-    EXPECT_EQ(filter, GL_LINEAR_MIPMAP_LINEAR);
-    glBegin(GL_QUADS);
     text_end();
     EXPECT_EQ(state(), before);
-    glDisable(GL_LIGHTING);
     gfx_push_2d();
+    glDisable(GL_LIGHTING);
     glColor4ub(255, 128, 64, 80);
-    print({20, 50, 0}, "\1", {0, 1, 0}, {1, 0, 0});
-    gfx_pop_2d();
+    text3d_begin();
+    text3d_print(20, 50, 0, "\1", 0, 1, 0, 1, 0, 0);
+    text3d_end();
     glEnable(GL_LIGHTING);
+    gfx_pop_2d();
     EXPECT_EQ(state(), before);
     const Picture picture = picture_take();
     EXPECT_LE(colour_distance(picture_colour(picture, 21, 30), row.screen), 1);
@@ -108,7 +63,9 @@ TEST(Text, IsBlendedByItsModeAndLeavesTheStateAsItWas) {
   text_blend_mode = rows[0].mode;
   glDisable(GL_LIGHTING);
   glClearColor(0, 0, 0, 0);
+  int32_t filter = 0;
+  glBindTexture(GL_TEXTURE_2D, current_font->texture);
+  glGetTexParameteriv(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, &filter);
+  EXPECT_EQ(filter, GL_LINEAR_MIPMAP_LINEAR);
   font_delete(current_font);
 }
-
-} // namespace

@@ -49,7 +49,7 @@ TEST(Text, IsBlendedByItsModeAndLeavesTheStateAsItWas) {
     glDisable(GL_LIGHTING);
     glColor4ub(255, 128, 64, 80);
     text3d_begin();
-    text3d_print(20, 50, 0, "\1", 0, 1, 0, 1, 0, 0);
+    text3d_print(20, 48, 0, "\n\t\n\1", 0, 1, 0, 1, 0, 0);
     text3d_end();
     glEnable(GL_LIGHTING);
     gfx_pop_2d();

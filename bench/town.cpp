@@ -11,24 +11,14 @@
 #include "support/random.h"
 #include "world/camera.h"
 
-Maze *town(int32_t side, double room, int32_t passes) {
+Maze *town(int32_t side, double extent, int32_t passes) {
   Maze *root = Maze_plane_xy(side, side);
   Maze_carve(root);
   for (int32_t pass = 0; pass < passes; pass++)
-    Maze_nest(root, 0.5, room, Maze_random_topology);
+    Maze_nest(root, 0.5, extent, Maze_random_topology);
   Maze_colour_field(root, colour_field_sine, 1);
   Maze_scale(root, 2.5, 1);
   return root;
-}
-
-Pos town_place(Maze *root) {
-  Maze *maze = root;
-  for (;;) {
-    const int32_t i = rand_int(maze_count(maze));
-    Maze *below = maze_nodes(maze)[i].submaze;
-    if (below == nullptr) return {maze, i};
-    maze = below;
-  }
 }
 
 void town_look(World *world, Pos cur, double zoom, double yaw, double pitch) {

@@ -1,30 +1,14 @@
 #include "picture.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdlib>
 
 #include "gfx/gl.h"
 #include "gfx/window.h"
 
-namespace {
-
-constexpr double eye_height = 16.0;
-constexpr double pixels_per_unit = picture_width / 2 / eye_height;
-
-size_t pixel_index(int x, int y) {
+static size_t pixel_index(int x, int y) {
   return static_cast<size_t>(y) * picture_width + static_cast<size_t>(x);
 }
-
-template <typename Value> void flip_rows(std::vector<Value> *pixels, size_t row) {
-  for (size_t top = 0, bottom = picture_height - 1; top < bottom; top++, bottom--) {
-    std::swap_ranges(pixels->begin() + static_cast<std::ptrdiff_t>(top * row),
-                     pixels->begin() + static_cast<std::ptrdiff_t>((top + 1) * row),
-                     pixels->begin() + static_cast<std::ptrdiff_t>(bottom * row));
-  }
-}
-
-} // namespace
 
 void picture_begin() {
   if (!gfx_context_alive()) {
@@ -42,11 +26,11 @@ Picture picture_take() {
   Picture picture;
   picture.bgra.resize(size_t{picture_width} * picture_height * 4);
   picture.depth.resize(size_t{picture_width} * picture_height);
-  glReadPixels(0, 0, picture_width, picture_height, GL_BGRA, GL_UNSIGNED_BYTE, picture.bgra.data());
-  glReadPixels(0, 0, picture_width, picture_height, GL_DEPTH_COMPONENT, GL_FLOAT,
-               picture.depth.data());
-  flip_rows(&picture.bgra, size_t{picture_width} * 4);
-  flip_rows(&picture.depth, size_t{picture_width});
+  for (int y = 0; y < picture_height; y++) {
+    const size_t first = pixel_index(0, picture_height - 1 - y);
+    glReadPixels(0, y, picture_width, 1, GL_BGRA, GL_UNSIGNED_BYTE, &picture.bgra[first * 4]);
+    glReadPixels(0, y, picture_width, 1, GL_DEPTH_COMPONENT, GL_FLOAT, &picture.depth[first]);
+  }
   return picture;
 }
 
@@ -59,10 +43,6 @@ float picture_depth(const Picture &picture, int x, int y) {
   return picture.depth[pixel_index(x, y)];
 }
 
-double picture_eye_z(float depth) {
-  return 0.20002 / (2.0 * static_cast<double>(depth) - 1.0 - 1.0002);
-}
-
 int colour_distance(uint32_t a, uint32_t b) {
   int distance = 0;
   for (int shift = 0; shift < 24; shift += 8) {
@@ -73,21 +53,13 @@ int colour_distance(uint32_t a, uint32_t b) {
 }
 
 World world_from_above(Maze *root, Pos cur) {
-  World world = {};
-  world.root = root;
-  world.cur = cur;
-  world.time = 100.0;
-  world.view = mat3_identity;
-  world.camera = {0, 0, eye_height};
-  world.zoom = eye_height;
-  world.showtrail = 1;
-  return world;
-}
-
-int pixel_x(double x) {
-  return static_cast<int>(std::floor(picture_width / 2 + x * pixels_per_unit));
-}
-
-int pixel_y(double y) {
-  return static_cast<int>(std::floor(picture_height / 2 - y * pixels_per_unit));
+  return {.root = root,
+          .cur = cur,
+          .offset = {},
+          .time = 100.0,
+          .view = mat3_identity,
+          .camera = {0, 0, 16},
+          .zoom = 16,
+          .showtrail = 1,
+          .roamers = {}};
 }

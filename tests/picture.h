@@ -28,17 +28,9 @@ Picture picture_take();
 uint32_t picture_colour(const Picture &picture, int x, int y);
 float picture_depth(const Picture &picture, int x, int y);
 
-// The eye's z, in world units (negative in front), that a window depth means under the default
-// perspective.
-double picture_eye_z(float depth);
-
 // Largest difference of a channel between two colours.
 int colour_distance(uint32_t a, uint32_t b);
 
 // A world that looks straight down on (0, 0) from the height 16; time 100. Roamers are empty and
 // not allocated.
 World world_from_above(Maze *root, Pos cur);
-
-// The pixel of a point in the plane z = 0 seen by world_from_above.
-int pixel_x(double x);
-int pixel_y(double y);

@@ -1,0 +1,68 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "picture.h"
+#include "render/age_colour.h"
+#include "render/shader_procs.h"
+#include "render/shader_program.h"
+#include "render/shader_text.h"
+
+namespace {
+
+constexpr const char *plain_fragment = "#version 120\n"
+                                       "void main() { gl_FragColor = gl_Color; }\n";
+
+// Within each band, and at its last age. By hand: from 0.01 s on a grey of 123, 107, 91, 75, 59,
+// 43, 27 and then 17 at the last ages, to which the bands add 0 or 36, at 1e7 s 18. The card draws
+// a little beside the last ages, where its rounding can't choose another band.
+TEST(AgeColour, IsThatOfItsBandInBothPrograms) {
+  const struct {
+    double age;
+    uint32_t colour;
+  } ages[] = {{-5, 0x9F9F9F},     {0, 0x9F9F9F},       {0.01, 0x9F9F9F},  {0.032, 0x979797},
+              {0.1, 0x8F8F8F},    {0.32, 0x877587},    {1, 0x7F7F7F},     {3.2, 0x775365},
+              {10, 0x6F4B6F},     {32, 0x675543},      {100, 0x5F3B3B},   {320, 0x455733},
+              {1000, 0x4F4F2B},   {3200, 0x234735},    {10000, 0x1B3F1B}, {32000, 0x132537},
+              {100000, 0x113535}, {320000, 0x1A1A2C},  {1e+06, 0x111135}, {3.2e+06, 0x1A1A1A},
+              {1e+07, 0x232323},  {3.2e+07, 0x111111}, {1e+08, 0x111111}};
+  picture_begin();
+  const char *const vertex[] = {shader_agecolour,
+                                "void main() { gl_Position = gl_Vertex; gl_FrontColor = "
+                                "vec4(agecolour(gl_MultiTexCoord0.x), 1.0); }\n"};
+  gl2.use_program(program_build(vertex, 2, &plain_fragment, 1, nullptr, nullptr, nullptr));
+  for (const auto &[age, colour] : ages) {
+    EXPECT_EQ(agecolour_rgb(age), colour) << age << std::hex << " 0x" << agecolour_rgb(age);
+    glTexCoord1d(age * 1.003);
+    glRecti(-1, -1, 1, 1);
+    const uint32_t seen = picture_colour(picture_take(), 9, 9);
+    EXPECT_LE(colour_distance(seen, agecolour_rgb(age * 1.003)), 3) << age << " on the card";
+  }
+  gl2.use_program(0);
+}
+
+TEST(Shaders, FailuresAreAppendedToTheLogFile) {
+  picture_begin();
+  const std::string path = testing::TempDir() + "vorel_shader_test.log";
+  std::remove(path.c_str());
+  const char *const usual_log = shader_error_log;
+  shader_error_log = path.c_str();
+  EXPECT_NE(fragment_program_build(plain_fragment, nullptr, nullptr), 0u);
+  EXPECT_FALSE(std::ifstream(path).good()) << "a good program must leave no log";
+  char *shader_log = nullptr, *program_log = nullptr;
+  const char *const bad = "#version 120\nvoid main() { nonsense; }\n";
+  EXPECT_NE(fragment_program_build(bad, &shader_log, &program_log), 0u);
+  EXPECT_NE(std::string(shader_log).find("nonsense"), std::string::npos) << shader_log;
+  std::stringstream text;
+  text << std::ifstream(path).rdbuf();
+  EXPECT_EQ(text.str(), std::string(shader_log) + "\n" + program_log + "\n");
+  std::free(shader_log);
+  std::free(program_log);
+  shader_error_log = usual_log;
+}
+
+} // namespace

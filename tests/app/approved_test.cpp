@@ -16,7 +16,7 @@
 
 namespace {
 
-// A sheet of pictures, three bytes a pixel, top row first.
+// A sheet of pictures, three bytes a pixel, top row first, in rows of one height each.
 struct Sheet {
   int width = 800, height = 0;
   std::vector<uint8_t> rgb;
@@ -47,28 +47,6 @@ void write_sheet(const Sheet &sheet, const char *path) {
   std::fclose(file);
 }
 
-// Where the pictures lie: in rows of one height each.
-struct Shelf {
-  int x = 0, y = 0, height = 0;
-  void place(const Scene &scene, int width) {
-    if (x + scene.width > width || scene.height != height) {
-      y += height;
-      x = 0;
-    }
-    height = scene.height;
-  }
-};
-
-void put(const Picture &picture, Sheet *sheet, int left, int top, const Scene &scene) {
-  for (int y = 0; y < scene.height; y++)
-    for (int x = 0; x < scene.width; x++) {
-      const uint32_t colour = picture_colour(picture, x, picture_height - scene.height + y);
-      uint8_t *pixel = sheet->at(left + x, top + y);
-      for (const int shift : {16, 8, 0})
-        *pixel++ = static_cast<uint8_t>(colour >> shift);
-    }
-}
-
 // The approved pictures are this driver's. With another one, thin lines may lie a pixel aside, and
 // textures differ a little all over. (One that does not clamp the depths of fragments, softpipe,
 // draws the rims of lines in front of everything: there it fails.)
@@ -81,70 +59,79 @@ int channel_difference(const uint8_t *a, const uint8_t *b) {
   return std::max({std::abs(a[0] - b[0]), std::abs(a[1] - b[1]), std::abs(a[2] - b[2])});
 }
 
-// How many pixels differ by more than rounding, and by more than a texture's filter may.
-struct Difference {
-  int little = 0, much = 0, most = 0;
+// A part of the sheet.
+struct Frame {
+  int x, y, width, height;
 };
 
-Difference compare(Sheet *drawn, Sheet *approved, Sheet *shown, int left, int top,
-                   const Scene &scene) {
-  const int reach = is_reference_driver() ? 0 : 1;
-  Difference sum;
-  for (int y = top; y < top + scene.height; y++)
-    for (int x = left; x < left + scene.width; x++) {
-      int by = 255;
-      for (int v = std::max(y - reach, top); v <= std::min(y + reach, top + scene.height - 1); v++)
-        for (int u = std::max(x - reach, left); u <= std::min(x + reach, left + scene.width - 1);
-             u++)
-          by = std::min(by, channel_difference(drawn->at(x, y), approved->at(u, v)));
-      std::fill_n(shown->at(x, y), 3, static_cast<uint8_t>(by));
-      sum.little += by > 6;
-      sum.much += by > 40;
-      sum.most = std::max(sum.most, by);
-    }
-  return sum;
+// The least difference to the approved pixels of the frame that are at most `reach` away.
+int difference(Sheet *drawn, Sheet *approved, const Frame &frame, int x, int y, int reach) {
+  int least = 255;
+  const int top = std::max(y - reach, frame.y), left = std::max(x - reach, frame.x);
+  for (int v = top; v <= std::min(y + reach, frame.y + frame.height - 1); v++)
+    for (int u = left; u <= std::min(x + reach, frame.x + frame.width - 1); u++)
+      least = std::min(least, channel_difference(drawn->at(x, y), approved->at(u, v)));
+  return least;
 }
 
-// What a frame must leave as it found it; a world also leaves the depths clean.
+// Puts a picture on the sheet and its differences on another. Whether no more pixels differ than by
+// rounding, and few by more than a texture's filter may.
+bool compare(const Picture &picture, const Frame &frame, Sheet *drawn, Sheet *approved,
+             Sheet *shown) {
+  for (Sheet *sheet : {drawn, approved, shown})
+    sheet->grow(frame.y + frame.height);
+  const bool reference = is_reference_driver();
+  int little = 0, much = 0;
+  for (int i = 0; i < frame.width * frame.height; i++) {
+    const int x = frame.x + i % frame.width, y = frame.y + i / frame.width;
+    const uint32_t colour =
+        picture_colour(picture, x - frame.x, picture_height - frame.height + y - frame.y);
+    for (const int channel : {0, 1, 2})
+      drawn->at(x, y)[channel] = static_cast<uint8_t>(colour >> (16 - 8 * channel));
+    const int by = difference(drawn, approved, frame, x, y, reference ? 0 : 1);
+    std::fill_n(shown->at(x, y), 3, static_cast<uint8_t>(by));
+    little += by > 6;
+    much += by > 40;
+  }
+  const bool same = little <= (reference ? 30 : 1200) && much <= (reference ? 8 : 40);
+  EXPECT_TRUE(same) << little << " pixels differ, " << much << " of them much; see drawn.ppm at "
+                    << frame.x << ", " << frame.y;
+  return same;
+}
+
+// What a frame must leave as it found it. A tree also leaves the depths clean.
 void expect_state(const Scene &scene, const Picture &picture) {
   const auto clean = std::count(picture.depth.begin(), picture.depth.end(), 1.0F);
-  EXPECT_TRUE(scene.draw != nullptr || clean == picture_width * picture_height);
+  EXPECT_TRUE(scene_number(scene, "text") >= 0 || clean == picture_width * picture_height);
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
   for (const GLenum off : {GL_BLEND, GL_LINE_SMOOTH, GL_LIGHTING, GL_TEXTURE_2D, GL_ALPHA_TEST})
     EXPECT_EQ(glIsEnabled(off), GL_FALSE) << std::hex << off;
   EXPECT_EQ(glIsEnabled(GL_DEPTH_TEST), GL_TRUE);
-  float value[4] = {};
-  glGetFloatv(GL_LINE_WIDTH, value);
-  EXPECT_EQ(value[0], 1);
-  glGetFloatv(GL_DEPTH_WRITEMASK, value);
-  EXPECT_EQ(value[0], 1);
-  glGetFloatv(GL_CURRENT_PROGRAM, value);
-  EXPECT_EQ(value[0], 0);
+  for (const auto &[name, usual] :
+       {std::pair{GL_LINE_WIDTH, 1}, {GL_DEPTH_WRITEMASK, 1}, {GL_CURRENT_PROGRAM, 0}}) {
+    int value = -1;
+    glGetIntegerv(static_cast<GLenum>(name), &value);
+    EXPECT_EQ(value, usual) << std::hex << name;
+  }
 }
 
 TEST(Approved, PicturesAreThose) {
   Sheet drawn, approved = read_sheet(VOREL_APPROVED), shown;
   ASSERT_EQ(approved.width, drawn.width);
-  Shelf shelf;
+  Frame frame = {};
   bool same = true;
-  for (const Scene &scene : scenes) {
+  for (const Scene &scene : read_scenes()) {
     SCOPED_TRACE(scene.name);
-    shelf.place(scene, drawn.width);
-    drawn.grow(shelf.y + scene.height);
-    approved.grow(drawn.height);
-    shown.grow(drawn.height);
+    const int width = scene_number(scene, "width"), height = scene_number(scene, "height");
+    frame.x += frame.width;
+    if (frame.x + width > drawn.width || height != frame.height)
+      frame = {0, frame.y + frame.height, width, height};
+    frame.width = width;
     picture_begin();
     scene_frame(scene);
     const Picture picture = picture_take();
     expect_state(scene, picture);
-    put(picture, &drawn, shelf.x, shelf.y, scene);
-    const Difference off = compare(&drawn, &approved, &shown, shelf.x, shelf.y, scene);
-    const bool reference = is_reference_driver();
-    const bool good = off.little <= (reference ? 30 : 1200) && off.much <= (reference ? 8 : 40);
-    EXPECT_TRUE(good) << off.little << " pixels differ, " << off.much << " of them much, by "
-                      << off.most << " at most; see drawn.ppm at " << shelf.x << ", " << shelf.y;
-    same = same && good;
-    shelf.x += scene.width;
+    same &= compare(picture, frame, &drawn, &approved, &shown);
   }
   if (same) return;
   write_sheet(drawn, "drawn.ppm");

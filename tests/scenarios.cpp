@@ -57,18 +57,6 @@ void scenario_move(Maze *maze, int32_t node, Vec3 to) {
   moved.z = to.z;
 }
 
-void scenario_paint(Maze *maze, uint32_t *next_colour) {
-  for (int32_t i = 0; i < maze_count(maze); i++) {
-    MazeNode &node = maze_nodes(maze)[i];
-    for (uint32_t r = 0; r < node.degree; r++) {
-      MazeNode &other = maze_nodes(maze)[node.nbr[r]];
-      if (node.nbr[r] < i) continue;
-      node.edge[r].colour = other.edge[MazeNode_row(other, i)].colour = (*next_colour)++;
-    }
-    if (node.submaze) scenario_paint(node.submaze, next_colour);
-  }
-}
-
 ThreeLevels scenario_three_levels() {
   ThreeLevels t = {scenario_path(4), scenario_path(4), scenario_path(2), scenario_path(3),
                    scenario_path(2)};

@@ -21,9 +21,6 @@ void scenario_hold(Maze *maze, int32_t node, Maze *below);
 // Moves one node.
 void scenario_move(Maze *maze, int32_t node, Vec3 to);
 
-// Gives every edge of the tree, on both halves, a colour of its own.
-void scenario_paint(Maze *maze, uint32_t *next_colour);
-
 // 0 - [1: m1] - [2: m2] - 3, where m1 is 0 - [2: n2] - [3: n3] - 1. Also m2 is 0 - 1, n2 is
 // 0 - 1 - 2, of which 2 is no door, and n3 is 0 - 1.
 struct ThreeLevels {

@@ -55,7 +55,9 @@ TEST_F(RecoveryFile, IsWrittenWhenSomethingHasChangedAndResumedAfterAKill) {
   frames(&first, 0); // due for a long time
   world.cur.node = 2;
   frames(&first, recovery_period - 1);
+  testing::internal::CaptureStderr();
   EXPECT_EQ(resume(), -1) << "the run goes on";
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
   kill(&first);
   EXPECT_EQ(resume(), 1);
   world.zoom = 30.0;

@@ -49,7 +49,6 @@ void start_with_bare_font() {
     font_delete(rows<Font *>(fonts)[0]);
   atlas_layout(&font, records, glyph_records(normal_font.data(), normal_font_size, records), 2048);
   font.max_width = 16;
-  font.space_measure = 9;
   font.name = name;
   font.width_scale = font.height_scale = 1;
   font.glyph_count = font_codes;

@@ -74,10 +74,6 @@ TEST(Layout, PlacesQuadsAndEndsAtTheLastLine) {
     EXPECT_EQ(output.str(), row.expected);
     EXPECT_EQ(current_font, font);
   }
-  font_apply("normal");
-  output.str("");
-  text_layout(&recorder, 0, 0, 0, 0, nullptr);
-  EXPECT_EQ(output.str(), "0,0+9x13 10,0+9x13 20,0+6x13 27,0+6x13 34,0+6x13 ") << "NULL?";
   current_font = nullptr;
   EXPECT_EQ(text_width("abc"), 14);
   EXPECT_EQ(text_layout(&recorder, 0, 6, 0, 0, "abc"), 6);

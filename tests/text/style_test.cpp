@@ -18,7 +18,6 @@ TEST(Style, WordsGiveAnEntryNamedByItsFields) {
       {"FMOD:Bold:width=2:height=0.5", "fmod:width=2.2:height=0.5:boldness=0.05"},
       {"fmod:demibold", "fmod:boldness=0.03"},
       {"fmod:black:bold", "fmod:width=1.32:boldness=0.13"},
-      {":big", "normal:width=1.5:height=1.5"},
       {"nowhere:small", "normal:width=0.666667:height=0.666667"},
       {"normal:size=200%:width=26px", "normal:width=2:height=2"},
       {"normal:width=1300%px:skew=13%px\xB0", "normal:width=100:skew=1"},

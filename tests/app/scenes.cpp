@@ -79,7 +79,7 @@ Tree read_tree(const std::string &name) {
 void draw_world(const Scene &scene) {
   const auto real = [&](const char *key) { return scene.values.at(key); };
   const auto number = [&](const char *key) { return scene_number(scene, key); };
-  constexpr const char *trees[] = {"house.txt", "ages.txt", "depths.txt"};
+  constexpr const char *trees[] = {"house.txt", "ages.txt", "depths.txt", "narrow.txt"};
   const Tree tree = read_tree(trees[number("tree")]);
   Maze_scale(tree.levels[0], real("scale"), 1);
   for (int k = 1; k < 4; k++)
@@ -147,21 +147,6 @@ void draw_styles() {
   pixel_text("fmod:small", 100, 40, 0x40FF40, "Big");
 }
 
-void draw_blends() {
-  background();
-  for (int mode = 1; mode <= 4; mode++) {
-    text_blend_mode = mode;
-    pixel_text("normal:size=3", static_cast<float>(2 + 38 * (mode - 1)), 5, 0xE0A060, "H&");
-    font_apply("fmod");
-    text3d_begin();
-    glColor3f(0.9F, 0.5F, 0.2F);
-    world_text({3.7 * (mode - 1) - 7.5, -0.5, -8}, "8\n\tg", {0, -3, 0}, {3, 0, 0});
-    text3d_end();
-    font_apply("normal");
-  }
-  text_blend_mode = 3;
-}
-
 // Texts turned, far away and close, and one of them half within another.
 void draw_world_texts() {
   font_apply("fmod");
@@ -200,7 +185,7 @@ int scene_number(const Scene &scene, const char *key) {
 }
 
 void scene_frame(const Scene &scene) {
-  constexpr void (*texts[])() = {draw_glyphs, draw_styles, draw_blends, draw_world_texts};
+  constexpr void (*texts[])() = {draw_glyphs, draw_styles, draw_world_texts};
   fonts_for_test();
   gfx_resize(scene_number(scene, "width"), scene_number(scene, "height"));
   if (const int text = scene_number(scene, "text"); text >= 0) return texts[text]();

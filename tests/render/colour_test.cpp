@@ -31,6 +31,7 @@ TEST(AgeColour, IsThatOfItsBandInBothPrograms) {
               {100000, 0x113535}, {320000, 0x1A1A2C},  {1e+06, 0x111135}, {3.2e+06, 0x1A1A1A},
               {1e+07, 0x232323},  {3.2e+07, 0x111111}, {1e+08, 0x111111}};
   picture_begin();
+  shader_procs_load();
   const char *const vertex[] = {shader_agecolour,
                                 "void main() { gl_Position = gl_Vertex; gl_FrontColor = "
                                 "vec4(agecolour(gl_MultiTexCoord0.x), 1.0); }\n"};

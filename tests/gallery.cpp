@@ -13,12 +13,9 @@
 #include "generate/paint.h"
 #include "generate/transform.h"
 #include "gfx/texture.h"
-#include "maze/attachment.h"
 #include "maze/pos.h"
-#include "maze/visit.h"
 #include "picture.h"
 #include "render/apply_view.h"
-#include "render/plot.h"
 #include "support/random.h"
 #include "world/camera.h"
 
@@ -90,34 +87,6 @@ void draw_from_outside_and_inside(Maze *root, const std::string &path) {
   Maze_destroy(root, 1);
 }
 
-// Each way of drawing it, near the middle, with some steps walked.
-void draw_plots(Maze *root, const std::string &path) {
-  Vec3 low, high;
-  Maze_bounds(root, &low, &high);
-  Pos cur = place_near(root, (low + high) * 0.5);
-  for (int step = 0; step < 40; step++) {
-    Pos ways[pos_max_edges];
-    const int32_t count = Pos_alledges(cur.maze, cur.node, ways, nullptr);
-    const Pos next = ways[rand_int(count)];
-    Pos_mark_usertime(cur.maze, cur.node, next.maze, next.node, 100.0 - 40 + step);
-    cur = next;
-  }
-  const Vec3 middle = Pos_position(cur);
-  draw(root, cur, middle, 25.0, path + "-lines.ppm");
-  plot_light = 1;
-  for (plot_type = 1; plot_type < plot_types; plot_type++)
-    draw(root, cur, middle, 25.0, path + (plot_type == 1 ? "-gantry.ppm" : "-balls.ppm"));
-  plot_type = 0;
-  plot_light = 0;
-  plot_voronoi = 1;
-  for (voronoi_mode = 0; voronoi_mode < voronoi_modes; voronoi_mode++) {
-    Attachment_drop_tree(root, "voronoilist"); // of another mode
-    draw(root, cur, middle, 25.0, path + "-landscape-" + std::to_string(voronoi_mode) + ".ppm");
-  }
-  plot_voronoi = 0;
-  Maze_destroy(root, 1);
-}
-
 } // namespace
 
 int main(int argc, char **argv) {
@@ -129,10 +98,6 @@ int main(int argc, char **argv) {
   for (const char *name : kinds) {
     rand_seed(seed_of(kind++));
     draw_from_outside_and_inside(Maze_choose(0), folder + "/kind-" + name);
-  }
-  for (const int32_t plotted : {3, 8}) {
-    rand_seed(seed_of(plotted));
-    draw_plots(Maze_choose(0), folder + "/plot-" + kinds[plotted - first_kind]);
   }
   rand_seed(5);
   draw_from_outside_and_inside(Maze_choose(1), folder + "/kind-patchwork");

@@ -17,7 +17,6 @@
 #include "maze/pos.h"
 #include "picture.h"
 #include "render/apply_view.h"
-#include "render/bucket_grid.h"
 #include "render/disc.h"
 #include "render/voronoi_shapes.h"
 #include "scenarios.h"
@@ -138,28 +137,8 @@ TEST(Voronoi, NoiseOfANestedLatticeEmptiesNoCell) {
   Maze_destroy(root, 1);
 }
 
-TEST(BucketGrid, BallsHoldWhatIsNear) {
-  rand_seed(11);
-  Maze *maze = shaken(scenario_grid(300, 1, 0, {}), 10);
-  BucketGrid grid;
-  bucket_grid_new(&grid, {1, 2, 3}, {9, 9, 11}, 300); // some lie outside
-  for (int32_t i = 0; i < 300; i++)
-    bucket_grid_add(&grid, node_position(maze_nodes(maze)[i]), i);
-  GrowList found;
-  bucket_grid_ball(&found, &grid, {4, 5, 6}, 3.7);
-  std::vector<int32_t> near(rows<int32_t>(found), rows<int32_t>(found) + found.count);
-  for (int32_t i = 0; i < 300; i++) {
-    const bool is_near = length(node_position(maze_nodes(maze)[i]) - Vec3{4, 5, 6}) <= 3.7;
-    EXPECT_EQ(std::count(near.begin(), near.end(), i), is_near) << i;
-  }
-  GrowList_free(&found);
-  bucket_grid_free(&grid);
-  Maze_destroy(maze, 1);
-}
-
 TEST(Landscape, ShortEdgesHaveNoWalls) {
-  for (const double y :
-       {2.06, 2.08}) { // the edge of the cells of 1 and 2 is (y - 2) / sqrt(2) long
+  for (const double y : {2.06, 2.08}) { // the cells of 1 and 2 share (y - 2) / sqrt(2)
     Maze *maze = scenario_grid(2, 2, 2, {1, 1, 0});
     scenario_move(maze, 3, {2, y, 0});
     Maze_cut(maze, 0, 2);

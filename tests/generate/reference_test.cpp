@@ -1,0 +1,68 @@
+// Compares carving and welding with step by step implementations, on random graphs.
+#include "generate_reference.h"
+
+#include <gtest/gtest.h>
+
+#include "generate/carve.h"
+#include "maze/edit.h"
+#include "scenarios.h"
+#include "support/random.h"
+#include "tree_text.h"
+
+namespace {
+
+// Some edges double, with colours of their own, and times, which carving sets back.
+Maze *tangle(int32_t count) {
+  Maze *maze = scenario_random(count, rand_int(4 * count));
+  for (int32_t i = 0; i < maze_count(maze); ++i) {
+    MazeNode *nodes = maze_nodes(maze);
+    if (nodes[i].degree > 0 && rand_int(2) == 0) Maze_join(maze, i, nodes[i].nbr[0]);
+    for (MazeEdge &edge : nodes[i].edge)
+      edge = {static_cast<uint32_t>(rand15()), 3.1, 2.7};
+  }
+  return maze;
+}
+
+void expect_same_and_destroy(Maze *made, Maze *wanted, uint32_t seed) {
+  EXPECT_EQ(tree_text(made), tree_text(wanted)) << "seed " << seed;
+  Maze_destroy(made, 1);
+  Maze_destroy(wanted, 1);
+}
+
+TEST(Reference, CarvingLeavesTheSameForest) {
+  for (uint32_t seed = 1; seed <= 1000 && !HasFailure(); ++seed) {
+    rand_seed(seed);
+    Maze *graph = tangle(1 + rand_int(30));
+    if (seed % 2 == 0) scenario_hold(graph, maze_count(graph) / 2, scenario_path(9));
+    rand_seed(seed);
+    Maze *wanted = reference_carved(graph);
+    const int32_t next_draw = rand15();
+    rand_seed(seed);
+    Maze *made = Maze_carved(graph);
+    EXPECT_EQ(rand15(), next_draw) << "another number of draws, seed " << seed;
+    expect_same_and_destroy(made, wanted, seed);
+    Maze_destroy(graph, 1);
+  }
+}
+
+// On a lattice so narrow that many places coincide or are equally near, some at just 0.75. Small
+// pairs and large ones are searched in different ways.
+TEST(Reference, WeldingMergesTheSameNodes) {
+  for (uint32_t seed = 1; seed <= 300 && !HasFailure(); ++seed) {
+    rand_seed(seed);
+    const int32_t count = 20 + rand_int(seed % 4 == 0 ? 20 : 150), spread = 8 + rand_int(40);
+    Maze *mazes[] = {tangle(count), tangle(count)};
+    for (Maze *maze : mazes)
+      for (int32_t i = 0; i < count; ++i) {
+        const int32_t x = rand_int(spread), y = rand_int(spread), z = rand_int(spread);
+        scenario_move(maze, i, 0.25 * Vec3{x - 3.0, y - 3.0, z - 3.0});
+      }
+    maze_nodes(mazes[seed % 2])[0].y = seed % 3 == 0 ? 1e300 : 0.0 / seed;
+    expect_same_and_destroy(Maze_weld(mazes[0], mazes[1]), reference_weld(mazes[0], mazes[1]),
+                            seed);
+    for (Maze *maze : mazes)
+      Maze_destroy(maze, 1);
+  }
+}
+
+} // namespace

@@ -35,14 +35,16 @@ rest() {
   desktop_wait "the picture to rest" picture_rests
 }
 
+# The colours of a trail go on changing slowly.
 picture_rests() {
   local round
   for round in 1 2 3; do
     sleep 0.2
     shot now.ppm
-    cmp -s last.ppm now.ppm && continue
-    mv now.ppm last.ppm
-    return 1
+    cmp -s last.ppm now.ppm || [ "$(pixels_changed last.ppm now.ppm)" -eq 0 ] || {
+      mv now.ppm last.ppm
+      return 1
+    }
   done
 }
 

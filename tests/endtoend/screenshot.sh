@@ -14,18 +14,11 @@ desktop_start
 vorel_start
 ladder
 push 300 "X" 0.8 x
-pictures() {
-  find . -maxdepth 1 -name 'Vorel_*' | wc -l
-}
-more_pictures() {
-  [ "$(pictures)" -gt "$1" ]
-}
 # save_picture: holds Ctrl and S until there is another file.
 save_picture() {
-  local before
-  before=$(pictures)
+  rm -f Vorel_*
   xdotool keydown Control_L keydown s
-  desktop_wait "a picture" more_pictures "$before"
+  desktop_wait "a picture" eval 'ls Vorel_* >/dev/null 2>&1'
   xdotool keyup s keyup Control_L
 }
 save_picture

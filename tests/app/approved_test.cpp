@@ -12,6 +12,7 @@
 
 #include "app/scenes.h"
 #include "gfx/gl.h"
+#include "gfx/window.h"
 #include "picture.h"
 
 namespace {
@@ -103,6 +104,8 @@ bool compare(const Picture &picture, const Frame &frame, Sheet *drawn, Sheet *ap
 void expect_state(const Scene &scene, const Picture &picture) {
   const auto clean = std::count(picture.depth.begin(), picture.depth.end(), 1.0F);
   EXPECT_TRUE(scene_number(scene, "text") >= 0 || clean == picture_width * picture_height);
+  EXPECT_EQ(screen_width, scene_number(scene, "width"));
+  EXPECT_EQ(screen_height, scene_number(scene, "height"));
   EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
   for (const GLenum off : {GL_BLEND, GL_LINE_SMOOTH, GL_LIGHTING, GL_TEXTURE_2D, GL_ALPHA_TEST})
     EXPECT_EQ(glIsEnabled(off), GL_FALSE) << std::hex << off;

@@ -82,7 +82,12 @@ TEST_F(RecoveryFile, EachRunHasItsOwnAndTheNewestIsResumed) {
   write("maze_save.recovery-8.dat", ""); // of a run that was killed before its first write
   EXPECT_EQ(resume(), 2);
   EXPECT_EQ(files(), "maze_save.beside-1.dat maze_save.damaged-1.dat maze_save.recovery-1.dat ");
-  kill(&second);
+  Recovery_frame(&second, &world, true, false);
+  now += recovery_period;
+  Recovery_frame(&second, &world, true, false);
+  EXPECT_NE(files().find(".new-1"), std::string::npos) << "a write has begun";
+  Recovery_end(&second, false);
+  EXPECT_EQ(files().find(".new-1"), std::string::npos);
   write("maze_save.dat", "x");
   fs::last_write_time("maze_save.dat", fs::file_time_type::clock::now() + std::chrono::hours(1));
   EXPECT_EQ(resume(), -1);

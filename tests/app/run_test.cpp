@@ -124,6 +124,11 @@ TEST_F(RunTest, AFrameMovesClockRoamersUserAndCamera) {
   EXPECT_NEAR(run.world.time, 0.05, 1e-9);
   EXPECT_NE(rows<Roamer>(run.world.roamers)[0].cur.node, 1);
   EXPECT_NEAR(run.world.camera.x, 2 + 2 * 7.3 * 0.05 / 2, 1e-9);
+  EXPECT_EQ(sdl.swaps, 1);
+  sdl.state = SDL_WINDOW_MINIMIZED;
+  frame(0.05);
+  EXPECT_EQ(sdl.swaps, 1) << "nobody sees it";
+  sdl.state = SDL_WINDOW_INPUT_FOCUS;
   EXPECT_FALSE(frame(0.05, {SDL_SCANCODE_Q}));
 }
 

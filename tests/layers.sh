@@ -26,7 +26,7 @@ forbid "the files of a system" '^(\./)?support/[a-z]+_(posix|windows)\.cpp:' \
   'unistd\.h|sys/stat\.h|<io\.h>' .
 
 lines() {
-  find "$1" -type f -regex '.*\.\(cpp\|h\|sh\)' -exec cat {} + | grep -vcE '^\s*(//.*)?$'
+  find "$1" -type f -regex '.*\.\(cpp\|h\|sh\)' -exec cat {} + | grep -vcE '^\s*(//.*|#|# .*|#!.*)?$'
 }
 
 source=$(lines .)

@@ -38,14 +38,3 @@ lines config.txt | grep -q '): 3$' || fail "the mode was not kept"
 lines config.txt | grep -qx 'Swap stereo (Y/N): Y' || fail "the swap was not kept"
 lines config.txt | grep -qx 'Stereo Depth: 0.06' || fail "the depth was not kept: $(grep Depth config.txt)"
 
-sed -i 's/): 3\r\?$/): 12/' config.txt
-vorel_start
-rest
-lit_below_the_prompt() {
-  convert last.ppm -crop 2000x2000+0+20 -colorspace gray -threshold 10% \
-    -format '%[fx:round(mean*w*h)]' info:
-}
-[ "$(lit_below_the_prompt)" -eq 0 ] || fail "a mode beyond the last draws"
-press 200 "F3" F3
-[ "$(lit_below_the_prompt)" -gt 200 ] || fail "F3 does not bring the picture back"
-quit_cleanly

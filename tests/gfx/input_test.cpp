@@ -41,14 +41,6 @@ TEST(Input, ButtonsCountWherePressedInTheWindow) {
   EXPECT_EQ(mouse_buttons, mouse_right | mouse_middle);
 }
 
-TEST(Input, TypedTextIsAQueueOf499Bytes) {
-  for (uint32_t i = 0; i < 600; i++)
-    input_char_message('a' + i % 26);
-  for (uint32_t i = 0; i < 499; i++)
-    ASSERT_EQ(gfx_next_typed_char(), 'a' + i % 26);
-  EXPECT_EQ(gfx_next_typed_char(), 0u);
-}
-
 // Releases go to another program then. The mouse of a fullscreen window is free until it returns.
 TEST(Input, ALostFocusReleasesKeysButtonsAndMouse) {
   const auto mouse = [] {

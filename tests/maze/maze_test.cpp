@@ -72,15 +72,6 @@ TEST(Maze, CopiesAreEqualButForCaches) {
   Maze_destroy(deep, 1);
 }
 
-TEST(Maze, WeldingTakesTheLastOfEquallyNearNodes) {
-  Maze *a = scenario_grid(2, 1, 8, {4.5, 0, 0}), *b = scenario_path(2); // from x = 0.5, and from 0
-  Maze *welded = Maze_weld(a, b);
-  const MazeNode *nodes = maze_nodes(welded);
-  EXPECT_EQ(nodes[nodes[1].nbr[0]].x, 1.0);
-  for (Maze *maze : {a, b, welded})
-    Maze_destroy(maze, 0);
-}
-
 TEST(Maze, ConnectedGivesTheDistanceOrTheSizeOfASide) {
   Maze *ring = scenario_path(6), *tail = scenario_path(3), *all = Maze_merged(ring, tail);
   Maze_join(all, 0, 5);

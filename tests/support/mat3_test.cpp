@@ -11,11 +11,7 @@ TEST(Mat3, OperationsAgree) {
   EXPECT_LT(length((-a - b + a * 7 / 3) * v - (a * v * (4.0 / 3) - b * v)), 1e-11);
   EXPECT_NEAR(dot(u, a * v), dot(Mat3_transpose(a) * u, v), 1e-11);
   EXPECT_LT(Mat3_max_abs(Mat3_inverse(a) * a - mat3_identity), 1e-14);
-  for (int i = 0; i < 9; i++) {
-    Mat3 other = a;
-    other.m[i / 3][i % 3] = -10;
-    EXPECT_EQ(Mat3_max_abs(other), 10) << i;
-  }
+  EXPECT_EQ(Mat3_max_abs(b * -10.0), 90);
 }
 
 TEST(Mat3, RotationsAreRightHandedAndAgreeWithTheExponential) {

@@ -30,8 +30,7 @@ TEST(Repulsion, BothKernelsAddTheForcesOfAllPairs) {
         SCOPED_TRACE(testing::Message() << "node " << i << " of " << n);
         const Vec3 made = {forces[0][i], forces[1][i], forces[2][i]};
         EXPECT_EQ(is_finite(made), is_finite(wanted[i]));
-        if (!is_finite(made)) continue;
-        EXPECT_LT(length(made - wanted[i]), 1e-9 * (1 + length(wanted[i])));
+        if (is_finite(made)) EXPECT_LT(length(made - wanted[i]), 1e-9 * (1 + length(wanted[i])));
       }
     }
     Maze_destroy(maze, 1);

@@ -31,7 +31,7 @@ pixels_changed() {
 
 # rest: waits until the picture stays the same, and keeps it for the next comparison.
 rest() {
-  shot last.ppm
+  desktop_wait "a picture" shot last.ppm # there is none while a window returns
   desktop_wait "the picture to rest" picture_rests
 }
 
@@ -49,7 +49,7 @@ picture_rests() {
 }
 
 picture_differs() {
-  shot now.ppm
+  shot now.ppm || return 1
   changed=$(pixels_changed last.ppm now.ppm)
   [ "$changed" -gt "$1" ]
 }

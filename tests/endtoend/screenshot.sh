@@ -23,12 +23,10 @@ save_picture() {
 }
 save_picture
 desktop_wait "the PNG instead of the BMP" eval 'ls Vorel_*.png >/dev/null 2>&1 && ! ls Vorel_*.bmp >/dev/null 2>&1'
-shots=$(ls Vorel_*.png)
-[ "$(echo "$shots" | wc -l)" -eq 1 ] || fail "one press made $shots"
-[ "$(pixels_changed last.ppm "$shots")" -eq 0 ] || fail "the file is another picture"
-cp last.ppm before.ppm
+[ "$(ls Vorel_* | wc -l)" -eq 1 ] || fail "one press made $(ls Vorel_*)"
+expect_same "$(ls Vorel_*.png)" "the file is another picture"
 rest
-expect_same before.ppm "Ctrl and S moved the user"
+expect_same "$(ls Vorel_*.png)" "Ctrl and S moved the user"
 # A converter that hangs is ended with all that it has started, and the program hears the end meanwhile.
 printf '#!/bin/sh\nsleep 100 &\necho $! >converter\nwait\n' >bin/magick
 ! on_windows || printf ':again\r\n@goto again\r\n' >magick.bat

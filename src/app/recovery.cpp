@@ -32,8 +32,9 @@ void add_orphan(std::vector<Orphan> *orphans, const std::string &path) {
     orphans->push_back({path, lock, identity});
     return;
   }
-  if (lock != nullptr) file_remove(path);
+  const bool removed = lock == nullptr || file_remove(path);
   file_unlock(lock);
+  if (!removed) file_remove(path); // some systems don't remove a locked file
   if (lock != nullptr || errno == EWOULDBLOCK || errno == ENOENT) return;
   report_sentence("the recovery file \"%s\" can't be opened (%s); it is left alone", path.c_str(),
                   std::strerror(errno));

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -16,6 +15,7 @@
 
 #include "maze/edit.h"
 #include "maze/pos.h"
+#include "own_folder.h"
 #include "scenarios.h"
 #include "tree_text.h"
 #include "world/small_world.h"
@@ -28,9 +28,9 @@ const std::string path = testing::TempDir() + "vorel_session_test." + std::to_st
 
 Bytes bytes_of(const World &world) {
   EXPECT_TRUE(World_save(&world, path.c_str()));
-  std::ifstream file(path, std::ios::binary);
+  const std::string bytes = OwnFolder::contents(path);
   std::filesystem::remove(path);
-  return Bytes(std::istreambuf_iterator<char>(file), {});
+  return Bytes(bytes.begin(), bytes.end());
 }
 
 // What session.txt describes, and the places of the bytes with a mark.

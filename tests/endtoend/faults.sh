@@ -1,4 +1,4 @@
-# What the program can't do without is told: the report's words on the standard output, one sentence
+# What the program cannot do without is reported: the report's words on the standard output, one sentence
 # on the standard error, status 1.
 . "$(dirname "$0")/lib.sh"
 

@@ -53,15 +53,13 @@ quit_cleanly
 lines config.txt | grep -qx 'Colour: red' || fail "an unknown setting was lost"
 lines config.txt | grep -qx 'Windowed: t' || fail "a shortened setting was lost"
 
-for number in 1 2; do
-  truncate -s -1 maze_save.dat
-  cp maze_save.dat damaged.dat
-  vorel_start
-  said "maze_save.damaged-$number.dat"
-  cmp damaged.dat "maze_save.damaged-$number.dat" || fail "the damaged session was changed"
-  ladder
-  end_run
-done
+truncate -s -1 maze_save.dat
+cp maze_save.dat damaged.dat
+vorel_start
+said "maze_save.damaged-1.dat"
+cmp damaged.dat maze_save.damaged-1.dat || fail "the damaged session was changed"
+ladder
+end_run
 
 # A session of 10,000 nodes of which the disk has five bytes.
 sparse_session() {

@@ -65,12 +65,6 @@ answer Return
 vorel_wait_end
 [ "$vorel_status" -eq 0 ] || fail "status $vorel_status where nothing can be written"
 
-# A display that can't do it is told of in the same way.
-MESA_GL_VERSION_OVERRIDE=1.4 start_unheard .
-answer Return
-vorel_wait_end
-[ "$vorel_status" -eq 1 ] || fail "status $vorel_status with an old OpenGL"
-
 # tree FILE: the session without what the clock and the camera change.
 tree() {
   head -c -144 "$1"

@@ -64,6 +64,10 @@ SDL_Window *SDL_CreateWindow(const char *title, int x, int y, int w, int h, uint
 void SDL_GL_SwapWindow(SDL_Window *) {
   sdl.swaps++;
 }
+int SDL_WaitEventTimeout(SDL_Event *, int milliseconds) {
+  sdl.waited += milliseconds;
+  return 0;
+}
 uint32_t SDL_GetWindowFlags(SDL_Window *window) {
   return original(SDL_GetWindowFlags, "SDL_GetWindowFlags")(window) | sdl.state;
 }

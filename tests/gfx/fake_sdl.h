@@ -17,7 +17,7 @@ struct FakeSdl {
   // What it was asked.
   SDL_Rect window = {0, 0, 0, 0};
   uint32_t window_flags = 0;
-  int minimised = 0, swaps = 0;
+  int minimised = 0, swaps = 0, waited = 0; // the last in milliseconds
 };
 
 extern FakeSdl sdl;

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "gfx/display_settings.h"
+#include "gfx/error_box.h"
 #include "gfx/fake_sdl.h"
 #include "support/report.h"
 
@@ -65,6 +66,11 @@ TEST(Window, IsWhereTheSettingsSay) {
     EXPECT_EQ(open(resolution, offset, flags == framed), place);
     EXPECT_EQ(sdl.window_flags, flags);
   }
+}
+
+TEST(Window, AFatalBoxEndsTheProgram) {
+  fake_start();
+  EXPECT_EXIT(gfx_fatal_box("no card"), testing::ExitedWithCode(1), "Oh sod it: no card");
 }
 
 TEST(Window, FailureNamesAResolutionThatIsTooLarge) {

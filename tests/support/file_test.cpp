@@ -94,6 +94,12 @@ TEST_F(File, KeepsItsPermissionsAndLinks) {
   EXPECT_TRUE(fs::is_symlink("link"));
 }
 
+TEST_F(File, TheDataFolderIsMade) {
+  setenv("XDG_DATA_HOME", folder.c_str(), 1);
+  EXPECT_EQ(file_data_folder(), folder / "vorel");
+  EXPECT_TRUE(fs::is_directory("vorel"));
+}
+
 TEST_F(File, HolesAreFound) {
   EXPECT_TRUE(replace(path, "first"));
   FILE *stream = file_open(path.c_str());

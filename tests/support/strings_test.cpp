@@ -1,6 +1,7 @@
 #include "support/strings.h"
 
 #include <cstdlib>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -18,4 +19,20 @@ TEST(Strings, SlotsMayGetTheirOwnText) {
   EXPECT_EQ(string_assign(&slot, slot + 2), 3U);
   EXPECT_STREQ(slot, "rst");
   std::free(slot);
+}
+
+TEST(Strings, InFilesEndAtANul) {
+  FILE *file = std::tmpfile();
+  for (const char *text : {"two\nlines", "", "third"})
+    file_write_string(*text == '\0' ? nullptr : text, file);
+  std::rewind(file);
+  std::string seen;
+  for (const auto read :
+       {file_read_string, file_read_string_or_null, file_read_string_or_null, file_read_string}) {
+    char *text = read(file);
+    seen += text == nullptr ? "null" : text;
+    std::free(text);
+  }
+  EXPECT_EQ(seen, "two\nlinesnullthirdnull");
+  std::fclose(file);
 }

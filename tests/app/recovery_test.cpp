@@ -57,6 +57,9 @@ TEST_F(RecoveryFile, IsWrittenWhenSomethingHasChangedAndResumedAfterAKill) {
   EXPECT_EQ(files(), "") << "nothing has changed";
   world.cur.node = 1;
   frames(&first, 0); // due for a long time
+  fs::remove("maze_save.recovery.dat");
+  world.zoom = 25.0;
+  frames(&first, recovery_period);
   world.cur.node = 2;
   frames(&first, recovery_period - 1);
   testing::internal::CaptureStderr();

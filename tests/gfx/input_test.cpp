@@ -94,6 +94,12 @@ TEST(Input, TheWindowIsFollowedUntilItIsClosed) {
   EXPECT_EQ(std::pair(screen_width, screen_height), std::pair(500, 131));
   gfx_swap(0);
   EXPECT_EQ(sdl.swaps, 1);
+  SDL_Event typed = {};
+  typed.text = {SDL_TEXTINPUT, 0, 0, "a1"};
+  SDL_PushEvent(&typed);
+  pump();
+  for (const uint32_t expected : {'a', '1', '\0', '\0'})
+    EXPECT_EQ(gfx_next_typed_char(), expected);
   SDL_Event close = {};
   close.type = SDL_WINDOWEVENT;
   close.window.event = SDL_WINDOWEVENT_CLOSE;

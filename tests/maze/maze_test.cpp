@@ -47,6 +47,7 @@ TEST(Maze, CopiesAreEqualButForCaches) {
   t.m1->bordermask = 0x81;
   t.m1->halfwidth = 0.3;
   GrowList_reserve(&t.m1->nodes, 37);
+  t.m1->nodes.growth = 61;
   void *slot = t.m1->nodes.data;
   t.m1->nodes.mirror = &slot;
   Attachment_add(t.m1, "lists", 1, nullptr);

@@ -4,6 +4,7 @@
 #include "gfx/input.h"
 #include "gfx/screenshot.h"
 #include "maze/attachment.h"
+#include "maze/attachment_names.h"
 #include "render/plot.h"
 
 namespace {
@@ -20,7 +21,7 @@ int32_t next_mode(int32_t mode) {
 // The Voronoi plot compiles its lists for one mode.
 void next_voronoi_mode(Maze *root) {
   voronoi_mode = (voronoi_mode + 1) % voronoi_modes;
-  Attachment_drop_tree(root, "voronoilist");
+  Attachment_drop_tree(root, attachment_cell_list);
 }
 
 } // namespace

@@ -4,17 +4,13 @@
 
 #include "generate/relax.h"
 #include "maze/attachment.h"
+#include "maze/attachment_names.h"
 
 namespace {
 
 constexpr double longest_step = 0.05; // seconds: a slow frame moves no further
 constexpr double greatest_rate = 1000000.0;
 constexpr double experiment_step = 0.1; // a frame, however long it was
-
-// What follows from the places of nodes.
-constexpr const char *stale[] = {"lists",        "ballstick_ballslist", "ballstick_stickslist",
-                                 "voronoi",      "voronoilist",         "gantrylist",
-                                 "EdgeAngleRecs"};
 
 } // namespace
 
@@ -31,7 +27,7 @@ bool relax_frame(Relaxation *relaxation, Maze *maze, double dt, bool simplify, b
     Maze_repel(maze, experiment_step);
   }
   if (!simplify && !experiment) return false;
-  for (const char *name : stale)
+  for (const char *name : attachments_stale_after_move)
     Attachment_drop_tree(maze, name);
   return true;
 }

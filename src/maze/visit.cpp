@@ -1,6 +1,9 @@
 #include "maze/visit.h"
 
+#include <initializer_list>
+
 #include "maze/attachment.h"
+#include "maze/attachment_names.h"
 #include "maze/pos.h"
 
 static void mark_rows(MazeNode &node, int32_t target, double MazeEdge::*time, double t) {
@@ -48,17 +51,11 @@ static void set_border_bit(Maze *maze, const Maze *level, int32_t beyond) {
 }
 
 static void drop_stale(Maze *from, Maze *to) {
-  Attachment_drop(from, "lists");
-  if (to == from) return;
-  Attachment_drop(to, "lists");
-  Attachment_drop(from, "ballstick_ballslist");
-  Attachment_drop(from, "ballstick_stickslist");
-  Attachment_drop(to, "ballstick_ballslist");
-  Attachment_drop(to, "ballstick_stickslist");
-  Attachment_drop(from, "voronoilist");
-  Attachment_drop(to, "voronoilist");
-  Attachment_drop(from, "gantrylist");
-  Attachment_drop(to, "gantrylist");
+  if (to == from) return Attachment_drop(from, attachment_stale_after_step);
+  for (const auto &group : attachments_stale_after_crossing)
+    for (Maze *maze : {from, to})
+      for (const char *name : group)
+        if (name != nullptr) Attachment_drop(maze, name);
 }
 
 void Pos_mark_usertime(Maze *from_maze, int32_t from_node, Maze *to_maze, int32_t to_node,

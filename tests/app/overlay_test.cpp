@@ -7,6 +7,7 @@
 
 #include "gfx/window.h"
 #include "maze/attachment.h"
+#include "maze/attachment_names.h"
 #include "picture.h"
 #include "scenarios.h"
 #include "text/fonts.h"
@@ -24,8 +25,8 @@ TEST(Overlay, StatisticsAreThoseOfTheUsersMaze) {
   World world = world_from_above(t.root, {t.n2, 1});
   world.time = 2 * 3600 + 3 * 60 + 4.9;
   t.n2->visited = 2;
-  Attachment_add(t.root, "gantrylist", 0, nullptr);
-  for (const char *name : {"lists", "voronoi"})
+  Attachment_add(t.root, attachment_gantry, 0, nullptr);
+  for (const char *name : {attachment_lists, attachment_cells})
     Attachment_add(t.n2, name, 0, nullptr);
   gfx_resize(width, height);
   overlay_draw(&world, 2, 0.016);

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "maze/attachment.h"
+#include "maze/attachment_names.h"
 #include "scenarios.h"
 
 namespace {
@@ -31,8 +32,8 @@ TEST(Relaxation, SimplifyingSpeedsUpToALimitAndStartsAgain) {
 
 TEST(Relaxation, DropsWhatIsDrawnOfTheMazeAndBelowIt) {
   const ThreeLevels t = scenario_three_levels();
-  for (const char *name : {"lists", "ballstick_ballslist", "ballstick_stickslist", "voronoi",
-                           "voronoilist", "gantrylist", "EdgeAngleRecs"})
+  for (const char *name : {attachment_lists, attachment_balls, attachment_sticks, attachment_cells,
+                           attachment_cell_list, attachment_gantry, attachment_edge_angles})
     for (Maze *maze : {t.m1, t.n3, t.m2})
       Attachment_add(maze, name, 1, nullptr);
   Relaxation state = {1.0};

@@ -25,15 +25,15 @@ static void log_gone(intptr_t data, Maze *maze) {
 TEST(Attachment, TheLastOfANameIsTheFirstToGo) {
   gone.clear();
   const ThreeLevels t = scenario_three_levels();
-  Attachment_add(t.root, "lists", 1, log_gone);
+  Attachment_add(t.root, "cache", 1, log_gone);
   Attachment_add(t.root, "other", 2, nullptr);
-  Attachment_add(t.root, "LISTS", 3, log_gone);
-  Attachment_add(t.m1, "lists", 4, log_gone);
-  Attachment_add(t.n3, "lists", 5, log_gone);
-  EXPECT_EQ(Attachment_find(t.root, "Lists"), 3);
-  for (const char *name : {"list", "liSTs", "OTHER"})
+  Attachment_add(t.root, "CACHE", 3, log_gone);
+  Attachment_add(t.m1, "cache", 4, log_gone);
+  Attachment_add(t.n3, "cache", 5, log_gone);
+  EXPECT_EQ(Attachment_find(t.root, "Cache"), 3);
+  for (const char *name : {"cach", "caCHe", "OTHER"})
     Attachment_drop_tree(t.root, name);
-  EXPECT_EQ(Attachment_find(t.root, "lists"), 1);
+  EXPECT_EQ(Attachment_find(t.root, "cache"), 1);
   EXPECT_EQ(Attachment_find(t.root, "other"), 0);
   Attachment_add(t.root, "last", 6, log_gone);
   Maze_destroy(t.root, 1);
@@ -50,7 +50,7 @@ TEST(Maze, CopiesAreEqualButForCaches) {
   t.m1->nodes.growth = 61;
   void *slot = t.m1->nodes.data;
   t.m1->nodes.mirror = &slot;
-  Attachment_add(t.m1, "lists", 1, nullptr);
+  Attachment_add(t.m1, "cache", 1, nullptr);
   Maze *deep = Maze_copy(t.m1, 1);
   EXPECT_EQ(tree_text(deep), tree_text(t.m1));
   for (Maze *shallow : {Maze_copy(t.m1, 0), Maze_reachable_copy(t.m1, 0)}) {

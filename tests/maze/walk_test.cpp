@@ -8,13 +8,10 @@
 #include <gtest/gtest.h>
 
 #include "maze/attachment.h"
+#include "maze/attachment_names.h"
 #include "maze/pos.h"
 #include "maze/visit.h"
 #include "scenarios.h"
-
-static const char *const kinds[] = {"lists",        "ballstick_ballslist", "ballstick_stickslist",
-                                    "voronoi",      "voronoilist",         "gantrylist",
-                                    "EdgeAngleRecs"};
 
 struct Named {
   std::string name;
@@ -26,10 +23,10 @@ static std::vector<Named> named_mazes() {
   const std::vector<Named> all = {
       {"root", t.root}, {"m1", t.m1}, {"m2", t.m2}, {"n2", t.n2}, {"n3", t.n3}};
   uint32_t colour = 0;
-  for (const auto &[name, maze] : all) {
+  for (const auto &[label, maze] : all) {
     maze->bordermask = 0x40;
-    for (const char *kind : kinds)
-      Attachment_add(maze, kind, 1, nullptr);
+    for (const char *name : attachments_stale_after_move)
+      Attachment_add(maze, name, 1, nullptr);
     for (int32_t i = 0; i < maze_count(maze); i++)
       for (uint32_t r = 0; r < maze_nodes(maze)[i].degree; r++)
         maze_nodes(maze)[i].edge[r].colour = ++colour;
@@ -56,7 +53,7 @@ static void write_marks(const std::vector<Named> &all, double MazeEdge::*time, d
     }
     if (maze->visited != 0) out << ", visited " << maze->visited;
     if (maze->bordermask != 0x40) out << ", borders of " << name << " " << maze->bordermask;
-    if (maze->attachments.count == std::size(kinds)) continue;
+    if (maze->attachments.count == std::size(attachments_stale_after_move)) continue;
     out << ", " << name << " keeps";
     for (uint32_t i = 0; i < maze->attachments.count; i++)
       out << " " << rows<Attachment>(maze->attachments)[i].name;

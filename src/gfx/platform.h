@@ -46,7 +46,7 @@ enum class PlatformOpen {
   no_current
 };
 
-// Hands what the system has of its own to the ground floor, before anything else is called: its
+// Hands what the system has of its own to `support`, before anything else is called: its
 // clock, its thread numbers and its sleep, and a way to tell sentences to a user who has no
 // standard error to read them from.
 void platform_begin();

@@ -171,8 +171,8 @@ void begin_write(Recovery *recovery, const World *world) {
   recovery->last_write = gfx_clock();
   recovery->next_block = 0;
   GrowList_init(&recovery->blocks, sizeof(ByteBlock));
-  if (World_serialise(world, &recovery->blocks) && open_replacement(recovery, FileFlush::later))
-    return;
+  World_serialise(world, &recovery->blocks);
+  if (open_replacement(recovery, FileFlush::later)) return;
   report_failure(recovery);
   free_blocks(recovery);
 }

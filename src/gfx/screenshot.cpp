@@ -33,18 +33,18 @@ size_t row_length(int32_t width) {
 void put_header(uint8_t *at, int32_t width, int32_t height) {
   *at++ = 'B';
   *at++ = 'M';
-  at = put_number(at, file_size_field);
-  at = put_number(at, uint32_t{0});
-  at = put_number(at, header_size);
-  at = put_number(at, uint32_t{40}); // of the information that follows
-  at = put_number(at, width);
-  at = put_number(at, height);
-  at = put_number(at, uint16_t{1});  // planes
-  at = put_number(at, uint16_t{24}); // bits a pixel
-  at = put_number(at, uint32_t{0});  // not compressed
-  at = put_number(at, image_size_field);
-  at = put_number(at, pixels_per_metre);
-  at = put_number(at, pixels_per_metre);
+  at = store_le(at, file_size_field);
+  at = store_le(at, uint32_t{0});
+  at = store_le(at, header_size);
+  at = store_le(at, uint32_t{40}); // of the information that follows
+  at = store_le(at, width);
+  at = store_le(at, height);
+  at = store_le(at, uint16_t{1});  // planes
+  at = store_le(at, uint16_t{24}); // bits a pixel
+  at = store_le(at, uint32_t{0});  // not compressed
+  at = store_le(at, image_size_field);
+  at = store_le(at, pixels_per_metre);
+  at = store_le(at, pixels_per_metre);
   std::memset(at, 0, 8); // no palette
 }
 

@@ -16,24 +16,24 @@ constexpr size_t smallest_node = 53; // bytes of a node without rows or a submaz
 constexpr size_t smallest_tail = 9;  // of a maze: `visited`, `bordermask`, the name's NUL
 
 uint8_t *put_edge(uint8_t *at, const MazeEdge &edge) {
-  at = put_number(at, edge.colour);
-  at = put_number(at, uint32_t{0}); // filler
-  at = put_number(at, edge.usertime);
-  return put_number(at, edge.roamertime);
+  at = store_le(at, edge.colour);
+  at = store_le(at, uint32_t{0}); // filler
+  at = store_le(at, edge.usertime);
+  return store_le(at, edge.roamertime);
 }
 
 void write_node(const MazeNode &node, ByteWriter *out) {
   uint8_t bytes[smallest_node + MAZE_MAX_DEGREE * (4 + edge_size)];
   uint8_t *at = bytes;
   for (const double coordinate : {node.x, node.y, node.z})
-    at = put_number(at, coordinate);
-  at = put_number(at, node.degree);
+    at = store_le(at, coordinate);
+  at = store_le(at, node.degree);
   for (uint32_t r = 0; r < node.degree; r++)
-    at = put_number(at, node.nbr[r]);
+    at = store_le(at, node.nbr[r]);
   for (uint32_t r = 0; r < node.degree; r++)
     at = put_edge(at, node.edge[r]);
   at = put_edge(at, node.self);
-  at = put_number(at, static_cast<uint8_t>(node.submaze != nullptr ? 1 : 0));
+  at = store_le(at, static_cast<uint8_t>(node.submaze != nullptr ? 1 : 0));
   write_bytes(out, bytes, static_cast<size_t>(at - bytes));
 }
 
@@ -52,7 +52,7 @@ void write_tail(const Maze *maze, ByteWriter *out) {
 }
 
 MazeEdge edge_at(const uint8_t *bytes) {
-  return {u32_at(bytes), f64_at(bytes + 8), f64_at(bytes + 16)};
+  return {load_le<uint32_t>(bytes), load_le<double>(bytes + 8), load_le<double>(bytes + 16)};
 }
 
 // Anything but 0 and 1 is a failure.
@@ -66,8 +66,8 @@ bool read_node(ByteReader *in, MazeNode *node) {
   node->submaze = nullptr; // of the node before
   const uint8_t *head = read_bytes(in, node_head);
   if (head == nullptr) return false;
-  MazeNode_init(node, f64_at(head), f64_at(head + 8), f64_at(head + 16));
-  const uint32_t degree = u32_at(head + 24);
+  MazeNode_init(node, load_le<double>(head), load_le<double>(head + 8), load_le<double>(head + 16));
+  const uint32_t degree = load_le<uint32_t>(head + 24);
   if (degree > MAZE_MAX_DEGREE) {
     in->failed = true;
     return false;
@@ -76,7 +76,7 @@ bool read_node(ByteReader *in, MazeNode *node) {
   if (bytes == nullptr) return false;
   node->degree = degree;
   for (uint32_t r = 0; r < degree; r++, bytes += 4)
-    node->nbr[r] = i32_at(bytes);
+    node->nbr[r] = load_le<int32_t>(bytes);
   for (uint32_t r = 0; r < degree; r++, bytes += edge_size)
     node->edge[r] = edge_at(bytes);
   node->self = edge_at(bytes);
@@ -85,7 +85,8 @@ bool read_node(ByteReader *in, MazeNode *node) {
 
 void read_name(ByteReader *in, char **name) {
   std::string text;
-  for (uint8_t c = read_u8(in); c != 0; c = read_u8(in)) // 0 at the end of the file too
+  for (uint8_t c = read_number<uint8_t>(in); c != 0;
+       c = read_number<uint8_t>(in)) // 0 at the end of the file too
     text.push_back(static_cast<char>(c));
   if (!in->failed && !text.empty()) str_dup_into(name, text.c_str());
 }
@@ -125,8 +126,8 @@ struct MazeReader {
 // there is room at any moment could stand in the file.
 Maze *begin_maze(MazeReader *reader, uint32_t doors, size_t owed) {
   ByteReader *in = reader->in;
-  const bool is_current = is_set(in, read_u8(in));
-  const uint32_t count = read_u32(in);
+  const bool is_current = is_set(in, read_number<uint8_t>(in));
+  const uint32_t count = read_number<uint32_t>(in);
   const size_t left = bytes_left(in);
   const size_t kept = owed + smallest_tail;
   const bool possible = count <= INT32_MAX && count >= doors && left >= kept &&
@@ -136,7 +137,7 @@ Maze *begin_maze(MazeReader *reader, uint32_t doors, size_t owed) {
   if (in->failed) return nullptr;
   Maze *maze = Maze_new();
   if (is_current) reader->current = maze;
-  in->out_of_memory = !GrowList_reserve(&maze->nodes, count);
+  in->out_of_memory = !GrowList_try_reserve(&maze->nodes, count);
   if (in->out_of_memory) in->failed = true;
   reader->levels.push_back({maze, count, doors, owed});
   return maze;
@@ -166,8 +167,8 @@ void read_nodes(MazeReader *reader) {
 
 void end_maze(MazeReader *reader) {
   Maze *maze = reader->levels.back().maze;
-  maze->visited = read_i32(reader->in);
-  maze->bordermask = read_u32(reader->in);
+  maze->visited = read_number<int32_t>(reader->in);
+  maze->bordermask = read_number<uint32_t>(reader->in);
   read_name(reader->in, &maze->name);
   if (!rows_are_sound(maze)) reader->in->failed = true;
   reader->levels.pop_back();

@@ -84,7 +84,11 @@ uint32_t GrowList_append_many(GrowList *list, const void *row_block, uint32_t m)
   return first;
 }
 
-bool GrowList_reserve(GrowList *list, uint32_t capacity) {
+void GrowList_reserve(GrowList *list, uint32_t capacity) {
+  if (capacity > list->capacity) std::free(change_capacity(list, capacity));
+}
+
+bool GrowList_try_reserve(GrowList *list, uint32_t capacity) {
   if (capacity <= list->capacity) return true;
   void *fresh = std::malloc(block_size(list, capacity));
   if (fresh == nullptr) return false;

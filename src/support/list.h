@@ -31,9 +31,11 @@ uint32_t GrowList_append(GrowList *list, const void *row);
 // may be the list's own; `row_block` must not be null, even for no rows.
 uint32_t GrowList_append_many(GrowList *list, const void *row_block, uint32_t m);
 
-// Makes room for `capacity` rows in all, so that appending up to there moves nothing. False, with
-// nothing changed, if there isn't so much memory.
-bool GrowList_reserve(GrowList *list, uint32_t capacity);
+// Grows the capacity to at least `capacity` rows, so that appending up to there moves nothing.
+void GrowList_reserve(GrowList *list, uint32_t capacity);
+
+// The same for a size that a file names. False, with nothing changed, if there is no memory for it.
+bool GrowList_try_reserve(GrowList *list, uint32_t capacity);
 
 // Removes a row by moving the last one into its place, and may shrink the array. An index past
 // the end changes nothing; an empty list must not be passed.

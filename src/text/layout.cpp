@@ -111,11 +111,11 @@ void execute_command(Pen *pen, const char *form) {
   const uint8_t *value = bytes_at(form) + 2;
   switch (byte_at(form + 1)) {
   case text_kind_tab:
-    pen->x = number_at<float>(value);
+    pen->x = load_le<float>(value);
     break;
   case text_kind_script:
-    change_script(pen, static_cast<float>(number_at<uint16_t>(value)) / script_unit,
-                  static_cast<float>(number_at<int16_t>(value + 2)));
+    change_script(pen, static_cast<float>(load_le<uint16_t>(value)) / script_unit,
+                  static_cast<float>(load_le<int16_t>(value + 2)));
     break;
   default:
     break;

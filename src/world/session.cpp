@@ -42,14 +42,14 @@ void read_block(ByteReader *in, World *world) {
   if (bytes == nullptr) return;
   double numbers[block_numbers];
   for (double &number : numbers) {
-    number = f64_at(bytes);
+    number = load_le<double>(bytes);
     bytes += 8;
   }
   world->time = numbers[0];
   std::copy_n(numbers + 1, 9, &world->view.m[0][0]);
   world->camera = {numbers[10], numbers[11], numbers[12]};
   world->zoom = numbers[13];
-  world->showtrail = i32_at(bytes);
+  world->showtrail = load_le<int32_t>(bytes);
 }
 
 void mend_numbers(World *world) {
@@ -109,18 +109,17 @@ bool World_save(const World *world, const char *path) {
   return false;
 }
 
-bool World_serialise(const World *world, GrowList *blocks) {
+void World_serialise(const World *world, GrowList *blocks) {
   const auto out = std::make_unique<ByteWriter>();
   out->blocks = blocks;
   World_write(world, out.get());
-  return !out->failed;
 }
 
 bool World_read(World *world, ByteReader *in) {
   World loaded = {};
   loaded.root = Maze_read(in, &loaded.cur.maze);
   if (loaded.root == nullptr) return false;
-  loaded.cur.node = read_i32(in);
+  loaded.cur.node = read_number<int32_t>(in);
   read_block(in, &loaded);
   if (in->failed || bytes_left(in) > 0 || !is_place(loaded.cur)) {
     Maze_destroy(loaded.root, 1);

@@ -13,9 +13,9 @@ enum class SessionLoad { loaded, absent, damaged, unreadable };
 // the old file is then as it was. An interrupted call is repeated.
 bool World_save(const World *world, const char *path);
 
-// The session as it is now, as blocks to be written later: fills `blocks`, an empty list of
-// ByteBlock whose rows are then the caller's. False, with errno, if there is no memory for them.
-bool World_serialise(const World *world, GrowList *blocks);
+// Appends a copy of the session, as blocks to be written later, to a list of ByteBlock. The caller
+// frees the bytes of each block.
+void World_serialise(const World *world, GrowList *blocks);
 
 // Makes the session of a file. What isn't sound in every part or has holes on the disk is
 // `damaged`; the record is then left alone, as it is if there is nothing to read. The user stands

@@ -40,7 +40,7 @@ TEST(GrowList, FollowsAVectorThroughRandomChanges) {
     ASSERT_EQ(list.data, mirrored);
     ASSERT_EQ(std::vector(rows<uint64_t>(list), rows<uint64_t>(list) + list.count), reference);
   }
-  EXPECT_TRUE(GrowList_reserve(&list, 20000));
+  EXPECT_TRUE(GrowList_try_reserve(&list, 20000));
   EXPECT_TRUE(std::equal(reference.begin(), reference.end(), rows<uint64_t>(list)));
   GrowList_clear(&list);
   EXPECT_EQ(list.capacity, 9U);

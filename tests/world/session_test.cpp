@@ -61,9 +61,10 @@ Layout layout(char mark) {
 
 // Without a root if the bytes are refused.
 World read_world(const Bytes &bytes) {
-  ByteReader in = memory_reader(bytes.data(), bytes.size());
+  OwnFolder::write(path, std::string(bytes.begin(), bytes.end()));
   World world = {};
-  World_read(&world, &in);
+  World_load(&world, path.c_str());
+  std::filesystem::remove(path);
   return world;
 }
 

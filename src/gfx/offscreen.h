@@ -4,9 +4,6 @@
 
 // Drawing into a picture of its own, with 8 bits of alpha, whatever the window has.
 
-// Whether the driver has framebuffer objects: -1 not yet asked, 0 no, 1 yes.
-extern int32_t has_framebuffer_object;
-
 // Until offscreen_end, drawing and reading go to a picture of that size in pixels, which counts as
 // the whole screen; its content is undefined, its clear colour black without alpha, and there is no
 // depth. False, with nothing changed, where the driver has no such thing. Not to be nested.

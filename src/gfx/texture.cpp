@@ -5,17 +5,18 @@
 #include <vector>
 
 #include "gfx/gl.h"
+#include "gfx/gl_procs.h"
 #include "gfx/gl_util.h"
-#include "gfx/platform.h"
 #include "gfx/window.h"
 
 int32_t textures_keep_component_count;
-int32_t has_generate_mipmap = -1;
-void (*generate_mipmap_proc)(uint32_t target);
-int32_t has_anisotropy = -1;
-float max_anisotropy;
 
 namespace {
+
+// What the driver offers, as gl_has_extension keeps it.
+int32_t has_generate_mipmap = -1;
+int32_t has_anisotropy = -1;
+float max_anisotropy; // 0 until first read
 
 constexpr uint32_t formats[5] = {0, GL_LUMINANCE, GL_LUMINANCE_ALPHA, GL_RGB, GL_RGBA};
 
@@ -76,12 +77,11 @@ int32_t components_of(int32_t format) {
   return 3;
 }
 
+// Tests for the old extension, but calls the later entry point.
 bool driver_makes_mipmaps() {
   if (!gl_has_extension(&has_generate_mipmap, "GL_SGIS_generate_mipmap")) return false;
-  if (generate_mipmap_proc == nullptr)
-    generate_mipmap_proc =
-        reinterpret_cast<void (*)(uint32_t)>(platform_gl_proc("glGenerateMipmap"));
-  return generate_mipmap_proc != nullptr;
+  gl_procs_load();
+  return gl.generate_mipmap != nullptr;
 }
 
 int32_t level_parameter(uint32_t name) {
@@ -132,7 +132,7 @@ void texture_build_mipmaps(uint32_t target, int32_t components, uint32_t format,
 
 void texture_generate_mipmaps(uint32_t target) {
   if (driver_makes_mipmaps())
-    generate_mipmap_proc(target);
+    gl.generate_mipmap(target);
   else
     mipmaps_from_read_back(target);
 }

@@ -9,12 +9,6 @@
 // pixel format itself.
 extern int32_t textures_keep_component_count;
 
-// What the driver offers: -1 not yet asked, 0 no, 1 yes.
-extern int32_t has_generate_mipmap;
-extern void (*generate_mipmap_proc)(uint32_t target);
-extern int32_t has_anisotropy;
-extern float max_anisotropy; // 0 until first read
-
 // The pixel format of 1 to 4 components.
 uint32_t texture_format(int32_t components);
 

@@ -4,10 +4,11 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 #include <vector>
 
 #include "gfx/gl.h"
-#include "gfx/offscreen.h"
+#include "gfx/gl_procs.h"
 #include "gfx/window.h"
 #include "picture.h"
 
@@ -67,9 +68,9 @@ TEST(Gantry, TexturesRestoreTheStateAndCanDoWithTheWindow) {
   int32_t window_alpha = 0;
   glGetIntegerv(GL_ALPHA_BITS, &window_alpha);
   if (window_alpha == 0) GTEST_SKIP() << "a window without alpha holds no plate";
-  has_framebuffer_object = 0;
+  const auto gen_framebuffers = std::exchange(gl.gen_framebuffers, nullptr);
   const std::vector<uint8_t> taken = texture(0);
-  has_framebuffer_object = -1;
+  gl.gen_framebuffers = gen_framebuffers;
   int off = 0;
   for (size_t i = size_t{size} * (size - picture_height) * 4; i < taken.size(); i++)
     off += std::abs(taken[i] - usual[i]);

@@ -52,9 +52,9 @@ Lattice *make_lattice(Maze *maze) {
   std::vector<double> weights;
   igraph_vector_int_t ends;
   igraph_vector_int_init(&ends, 0);
-  for (int32_t a = 0; a < maze_count(maze); ++a) {
+  for (int32_t a = 0; a < maze_count(maze); a++) {
     const MazeNode &node = maze_nodes(maze)[a];
-    for (uint32_t r = 0; r < node.degree; ++r) {
+    for (uint32_t r = 0; r < node.degree; r++) {
       if (node.nbr[r] < a) continue;
       weights.push_back(random_weight());
       boost::add_edge(static_cast<size_t>(a), static_cast<size_t>(node.nbr[r]),
@@ -124,14 +124,14 @@ void measure_carving(const std::string &name, Maze *maze, bool literal) {
 
 void count_nodes(const Maze *maze, int64_t *nodes) {
   *nodes += maze_count(maze);
-  for (int32_t i = 0; i < maze_count(maze); ++i)
+  for (int32_t i = 0; i < maze_count(maze); i++)
     if (maze_nodes(maze)[i].submaze) count_nodes(maze_nodes(maze)[i].submaze, nodes);
 }
 
 // Of the first seeds with which this kind of maze comes out, the one with the median node count.
 uint32_t median_seed(int32_t kind, size_t tries) {
   std::vector<std::pair<int64_t, uint32_t>> sizes;
-  for (uint32_t seed = 1; sizes.size() < tries; ++seed) {
+  for (uint32_t seed = 1; sizes.size() < tries; seed++) {
     rand_seed(seed);
     if (rand_int(12) != kind) continue;
     rand_seed(seed);
@@ -150,7 +150,7 @@ void measure_repulsion() {
   const size_t n = maze->nodes.count;
   auto *columns = new std::vector<double>(6 * n, 0.0);
   double *start = columns->data();
-  for (size_t i = 0; i < n; ++i) {
+  for (size_t i = 0; i < n; i++) {
     start[i] = maze_nodes(maze)[i].x;
     start[n + i] = maze_nodes(maze)[i].y;
     start[2 * n + i] = maze_nodes(maze)[i].z;

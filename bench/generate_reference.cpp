@@ -24,7 +24,7 @@ static Maze *and_destroy(Maze *made, Maze *used, Maze *also = nullptr) {
 Maze *reference_carved(const Maze *maze) {
   Maze *c = Maze_copy(maze, 1);
   std::vector<std::pair<int32_t, int32_t>> pairs;
-  for (int32_t a = 0; a < maze_count(maze); ++a) {
+  for (int32_t a = 0; a < maze_count(maze); a++) {
     const MazeNode &node = maze_nodes(maze)[a];
     for (uint32_t r = node.degree; r-- > 0;)
       if (a < node.nbr[r]) pairs.emplace_back(a, node.nbr[r]);
@@ -33,7 +33,7 @@ Maze *reference_carved(const Maze *maze) {
     std::swap(pairs[k], pairs[static_cast<size_t>(rand_int(static_cast<int32_t>(k + 1)))]);
   for (size_t k = pairs.size(); k-- > 0;) {
     const auto [a, b] = pairs[k];
-    const int32_t row = MazeNode_row(maze_nodes(c)[a], b);
+    const int32_t row = MazeNode_find_slot(maze_nodes(c)[a], b);
     const uint32_t colour = row < 0 ? 0 : maze_nodes(c)[a].edge[row].colour;
     Maze_cut(c, a, b);
     if (Maze_connected(c, a, b, nullptr) != 0) continue;
@@ -46,7 +46,7 @@ Maze *reference_carved(const Maze *maze) {
 
 static std::vector<int32_t> reference_weld_map(const Maze *a, const Maze *b) {
   std::vector<int32_t> map;
-  for (int32_t i = 0; i < maze_count(a); ++i) {
+  for (int32_t i = 0; i < maze_count(a); i++) {
     double best = 9e99;
     int32_t found = -1;
     for (int32_t j = maze_count(b); j-- > 0;) {
@@ -66,7 +66,7 @@ Maze *reference_weld(const Maze *a, const Maze *b) {
   const auto partner = [&map](int32_t i) { return map[static_cast<size_t>(i)]; };
   Maze *c = Maze_merged(a, b);
   MazeNode *nodes = maze_nodes(c);
-  for (int32_t i = 0; i < n; ++i)
+  for (int32_t i = 0; i < n; i++)
     for (uint32_t r = partner(i) < 0 ? nodes[i].degree : 0; r-- > 0;) {
       if (r >= nodes[i].degree) continue;
       const int32_t x = nodes[i].nbr[r];
@@ -76,11 +76,11 @@ Maze *reference_weld(const Maze *a, const Maze *b) {
         Maze_cut(c, i, x);
         continue;
       }
-      MazeNode_remove_row(&nodes[x], static_cast<uint32_t>(MazeNode_row(nodes[x], i)));
+      MazeNode_remove_slot(&nodes[x], static_cast<uint32_t>(MazeNode_find_slot(nodes[x], i)));
       nodes[i].nbr[r] = partner(x);
-      MazeNode_append_row(&y, i);
+      MazeNode_append_slot(&y, i);
       const uint32_t colour = nodes[i].edge[r].colour;
-      for (uint32_t q = 0; q < MAZE_MAX_DEGREE; ++q) {
+      for (uint32_t q = 0; q < MAZE_MAX_DEGREE; q++) {
         if (q < nodes[i].degree && nodes[i].nbr[q] == partner(x)) nodes[i].edge[q].colour = colour;
         if (q < y.degree && y.nbr[q] == i) y.edge[q].colour = colour;
       }
@@ -92,11 +92,11 @@ Maze *reference_weld(const Maze *a, const Maze *b) {
 
 Maze *reference_box(int32_t a, int32_t b, int32_t c) {
   Maze *box = Maze_new();
-  for (int32_t face = 0; face < 6; ++face) {
+  for (int32_t face = 0; face < 6; face++) {
     Maze *plane = face < 2   ? Maze_plane_xy(a + 1, b + 1)
                   : face < 4 ? Maze_plane_xz(a + 1, c + 1)
                              : Maze_plane_yz(b + 1, c + 1);
-    for (int32_t i = 0; face % 2 == 1 && i < maze_count(plane); ++i) {
+    for (int32_t i = 0; face % 2 == 1 && i < maze_count(plane); i++) {
       MazeNode &node = maze_nodes(plane)[i];
       (face == 1 ? node.z : face == 3 ? node.y : node.x) += face == 1 ? c : face == 3 ? b : a;
     }
@@ -127,7 +127,7 @@ static Maze *reference_topology(double s) {
 
 static void reference_centre(Maze *maze) {
   Vec3 sum = {};
-  for (int32_t i = 0; i < maze_count(maze); ++i)
+  for (int32_t i = 0; i < maze_count(maze); i++)
     sum = sum + node_position(maze_nodes(maze)[i]);
   Maze_translate(maze, -1.0 * (sum / maze_count(maze)), 0);
 }
@@ -155,7 +155,7 @@ static void reference_nest(Maze *maze, double size) {
 
 Maze *reference_patchwork() {
   Maze *acc = Maze_new();
-  for (int32_t k = 0; k < 25; ++k) {
+  for (int32_t k = 0; k < 25; k++) {
     Maze *tile = reference_topology(22.5);
     const int32_t r1 = rand15(), r2 = rand15();
     Maze_paint(tile, static_cast<uint32_t>((r1 / 32768.0 + r2) * 512), 0);
@@ -197,7 +197,7 @@ static Maze *reference_single() {
   }
   Maze *root = and_destroy(reference_carved(uncarved), uncarved);
   if (t == 8) reference_nest(root, 20);
-  for (int32_t pass = 0; t == 9 && pass < 2; ++pass)
+  for (int32_t pass = 0; t == 9 && pass < 2; pass++)
     reference_nest(root, 10);
   if (rand_int(2) != 0) {
     Maze_colour_field(root, colour_field_sine, 1);
@@ -219,8 +219,8 @@ Maze *reference_choose(int32_t mode) {
 
 std::vector<Vec3> reference_repulsion(const Maze *maze) {
   std::vector<Vec3> forces(maze->nodes.count, Vec3{});
-  for (uint32_t a = 0; a < maze->nodes.count; ++a)
-    for (uint32_t b = 0; b < a; ++b) {
+  for (uint32_t a = 0; a < maze->nodes.count; a++)
+    for (uint32_t b = 0; b < a; b++) {
       const Vec3 d = node_position(maze_nodes(maze)[b]) - node_position(maze_nodes(maze)[a]);
       const double r2 = dot(d, d), w = 1 / (r2 * r2);
       forces[b] = forces[b] + d * w;

@@ -39,7 +39,7 @@ Maze *scenario_random(int32_t count, int32_t edges) {
   }
   for (int32_t i = 0; i < edges; i++) {
     const int32_t a = rand_int(count), b = rand_int(count);
-    if (a != b && MazeNode_row(maze_nodes(maze)[a], b) < 0) Maze_join(maze, a, b);
+    if (a != b && MazeNode_find_slot(maze_nodes(maze)[a], b) < 0) Maze_join(maze, a, b);
   }
   return maze;
 }

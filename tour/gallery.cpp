@@ -93,7 +93,7 @@ int main(int argc, char **argv) {
   const std::string folder = argc > 1 ? argv[1] : ".";
   textures_keep_component_count = 1;
   picture_begin();
-  start_fonts();
+  fonts_start();
   int32_t kind = first_kind;
   for (const char *name : kinds) {
     rand_seed(seed_of(kind++));

@@ -49,7 +49,7 @@ void draw_font(int cause) {
 
 } // namespace
 
-void start_fonts() {
+void fonts_start() {
   font_build(normal_font.data(), normal_font_size, "normal");
   std::vector<uint8_t> bytes;
   const int cause = font_file_read(font_path, &bytes) ? 0 : errno;

@@ -4,4 +4,4 @@
 // drawn and written at the first run and used as it stands from then on. If the file can't be
 // written or read, the drawn font is used and a sentence tells why; one that holds no font is a
 // fatal report. Needs the window.
-void start_fonts();
+void fonts_start();

@@ -43,8 +43,8 @@ void print_right(int32_t y, const char *text) {
 }
 
 void print_clock(const World *world, int32_t y) {
-  constexpr double longest = 2147483647.0;
-  const int32_t seconds = static_cast<int32_t>(std::clamp(world->time, 0.0, longest));
+  constexpr double max_seconds = 2147483647.0;
+  const int32_t seconds = static_cast<int32_t>(std::clamp(world->time, 0.0, max_seconds));
   char text[64];
   std::snprintf(text, sizeof text, "%d:%02d:%02d", seconds / 3600, seconds / 60 % 60, seconds % 60);
   print(0, y, text);

@@ -53,10 +53,10 @@ std::vector<Orphan> lock_orphans() {
 }
 
 void rename_orphan(const Orphan &orphan, const char *stem, const char *reason) {
-  std::string aside = file_rename_free(orphan.path, stem, session_ending);
+  std::string aside = file_rename_unused(orphan.path, stem, session_ending);
   file_unlock(orphan.lock);
   if (aside.empty()) // some systems don't rename a locked file
-    aside = file_rename_free(orphan.path, stem, session_ending);
+    aside = file_rename_unused(orphan.path, stem, session_ending);
   if (aside.empty())
     report_sentence("the recovery file \"%s\" %s and can't be renamed (%s); it is left alone",
                     orphan.path.c_str(), reason, std::strerror(errno));
@@ -108,10 +108,10 @@ void forget_file(Recovery *recovery) {
 // Makes an empty file under the first name that is free. False, with errno, on failure.
 bool create_file(Recovery *recovery) {
   recovery->path = recovery_path;
-  FILE *file = file_create(recovery->path, false);
+  FILE *file = file_create_new(recovery->path, false);
   while (file == nullptr && errno == EEXIST) {
-    recovery->path = file_free_name(recovery_stem, session_ending);
-    file = file_create(recovery->path, false);
+    recovery->path = file_unused_name(recovery_stem, session_ending);
+    file = file_create_new(recovery->path, false);
   }
   if (file == nullptr || std::fclose(file) != 0) return false;
   recovery->lock = file_lock(recovery->path);

@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr double longest_step = 0.05; // seconds: a slow frame moves no further
-constexpr double greatest_rate = 1000000.0;
+constexpr double max_step_time = 0.05; // seconds: a slow frame moves no further
+constexpr double max_simplify_rate = 1000000.0;
 constexpr double experiment_step = 0.1; // a frame, however long it was
 
 } // namespace
@@ -17,8 +17,8 @@ constexpr double experiment_step = 0.1; // a frame, however long it was
 bool relax_frame(Relaxation *relaxation, Maze *maze, double dt, bool simplify, bool experiment) {
   double &rate = relaxation->simplify_rate;
   if (simplify) {
-    Maze_smooth(maze, std::min(std::min(dt, longest_step) * rate, 1.0));
-    rate = std::min((1.0 + dt) * rate, greatest_rate);
+    Maze_smooth(maze, std::min(std::min(dt, max_step_time) * rate, 1.0));
+    rate = std::min((1.0 + dt) * rate, max_simplify_rate);
   } else {
     rate = 1.0;
   }

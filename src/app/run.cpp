@@ -58,7 +58,7 @@ Run *unsaved; // the run that has a session to lose; null if there is none
 void save_unsaved() {
   Run *run = unsaved;
   unsaved = nullptr;
-  if (run != nullptr) save_for_recovery(run);
+  if (run != nullptr) session_save_for_recovery(run);
 }
 
 // The library of the window system ends the program when it loses its server, and so does a fatal
@@ -78,7 +78,7 @@ void report_empty_resolution(bool spans) {
 
 bool run_start(Run *run) {
   textures_keep_component_count = 1;
-  start_settings(run);
+  settings_start(run);
   rand_seed(clock_ticks());
   projection_is_2d = 0;
   const bool spans = screen_width == -1;
@@ -88,10 +88,10 @@ bool run_start(Run *run) {
     return false;
   }
   shader_procs_load(); // no picture without shaders: told at once, not at the first draw
-  start_fonts();
-  start_session(run);
+  fonts_start();
+  session_start(run);
   unsaved = run;
-  memory_save = save_unsaved;
+  memory_set_save(save_unsaved);
   std::atexit(save_at_exit);
   run->control = {};
   run->relaxation = {1.0};
@@ -131,11 +131,11 @@ bool run_frame(Run *run) {
 
 bool run_end(Run *run) {
   Recovery_abandon(&run->recovery);
-  const SessionPlace place = save_session(run);
+  const SessionPlace place = session_save(run);
   unsaved = nullptr;
   Recovery_end(&run->recovery, place == SessionPlace::this_folder);
   World_free(&run->world);
-  end_settings(run);
+  settings_end(run);
   gfx_close();
   return place != SessionPlace::nowhere;
 }

@@ -13,7 +13,7 @@ namespace {
 // Keeps a session that can't be used from being replaced at the end of this run. `instead` tells
 // what the run starts with.
 void keep_damaged(Run *run, const char *instead) {
-  const std::string aside = file_rename_free(session_path, damaged_stem, session_ending);
+  const std::string aside = file_rename_unused(session_path, damaged_stem, session_ending);
   run->may_replace_session = !aside.empty();
   if (!aside.empty())
     report_sentence("the session in \"%s\" is damaged; it has been renamed to \"%s\", and %s",
@@ -39,7 +39,7 @@ const char *reason_to_keep(const Run *run) {
 }
 
 bool save_in(const Run *run, const std::string &folder, std::string *path) {
-  *path = file_free_name(folder + beside_stem, session_ending);
+  *path = file_unused_name(folder + beside_stem, session_ending);
   return World_save(&run->world, path->c_str());
 }
 
@@ -80,7 +80,7 @@ SessionPlace save_beside(const Run *run, const char *reason) {
 
 } // namespace
 
-void start_session(Run *run) {
+void session_start(Run *run) {
   file_remove_leftovers(session_prefix);
   run->may_replace_session = true;
   run->session = file_identity(session_path);
@@ -100,14 +100,14 @@ void start_session(Run *run) {
   Recovery_start(&run->recovery, &run->world);
 }
 
-SessionPlace save_session(const Run *run) {
+SessionPlace session_save(const Run *run) {
   const char *reason = reason_to_keep(run);
   if (reason != nullptr) return save_beside(run, reason);
   if (World_save(&run->world, session_path)) return SessionPlace::this_folder;
   return save_after_failure(run, session_path);
 }
 
-void save_for_recovery(Run *run) {
+void session_save_for_recovery(Run *run) {
   if (run->world.root == nullptr) return; // between two mazes
   if (!Recovery_write(&run->recovery, &run->world)) save_after_failure(run, recovery_path);
 }

@@ -28,7 +28,7 @@ void save_settings(Run *run) {
 
 } // namespace
 
-void start_settings(Run *run) {
+void settings_start(Run *run) {
   run->settings_failed = false;
   run->may_replace_settings = Settings_load(&run->settings, settings_path, settings_separator);
   if (!run->may_replace_settings)
@@ -43,7 +43,7 @@ void start_settings(Run *run) {
   save_settings(run);
 }
 
-void end_settings(Run *run) {
+void settings_end(Run *run) {
   char number[32];
   std::snprintf(number, sizeof number, "%d", run->stereo_mode);
   Settings_set(&run->settings, "Stereo mode", number);

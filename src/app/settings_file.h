@@ -7,7 +7,7 @@
 
 // Reads the settings, adds what is missing, and writes the complete file at once. Sets `windowed`
 // and the coded resolution.
-void start_settings(Run *run);
+void settings_start(Run *run);
 
 // Replaces the settings' file and releases the settings.
-void end_settings(Run *run);
+void settings_end(Run *run);

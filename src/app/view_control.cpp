@@ -18,10 +18,10 @@ constexpr double move_key_zooms = 2.0;     // zoom distances per second
 
 // Seconds in one frame, for zooming and turning by keys. Without it a key that was held while the
 // program was stopped would zoom out of the range of numbers.
-constexpr double longest_key_time = 1.0;
+constexpr double max_key_time = 1.0;
 
 double limited(double dt) {
-  return std::min(dt, longest_key_time);
+  return std::min(dt, max_key_time);
 }
 
 // 1, 0 or -1 by which of two opposite directions is held.

@@ -35,11 +35,11 @@ struct Edges {
 Edges collect_edges(const Maze *maze) {
   const size_t room = maze->nodes.count * size_t{MAZE_MAX_DEGREE} / 2;
   Edges edges = {std::make_unique_for_overwrite<EdgePair[]>(room), 0, false};
-  for (int32_t a = 0; a < maze_count(maze); ++a) {
+  for (int32_t a = 0; a < maze_count(maze); a++) {
     const MazeNode &node = maze_nodes(maze)[a];
     for (uint32_t row = node.degree; row-- > 0;) {
       const int32_t b = node.nbr[row];
-      assert(b != a && MazeNode_row(maze_nodes(maze)[b], a) >= 0);
+      assert(b != a && MazeNode_find_slot(maze_nodes(maze)[b], a) >= 0);
       if (b < a) continue;
       edges.pairs[edges.count++] = {a, b};
       edges.doubled |= std::find(node.nbr, node.nbr + row, b) != node.nbr + row;
@@ -55,7 +55,7 @@ void shuffle(const Edges &edges) {
   size_t drawn = edges.count; // partners of the pairs from here on are known
   for (size_t k = edges.count; k-- > 0;) {
     while (drawn > 0 && drawn + ahead > k + 1) {
-      --drawn;
+      drawn--;
       const auto r = static_cast<size_t>(rand_int(static_cast<int32_t>(drawn) + 1));
       partners[drawn % ahead] = r;
       __builtin_prefetch(&edges.pairs[r], 1);
@@ -67,14 +67,14 @@ void shuffle(const Edges &edges) {
 // Of pairs that stand more than once, marks all but the first to be tried.
 std::vector<bool> later_copies(const Edges &edges) {
   std::vector<size_t> order(edges.count);
-  for (size_t k = 0; k < edges.count; ++k)
+  for (size_t k = 0; k < edges.count; k++)
     order[k] = k;
   const EdgePair *pairs = edges.pairs.get();
   std::sort(order.begin(), order.end(), [pairs](size_t k, size_t l) {
     return std::tie(pairs[k].a, pairs[k].b, k) < std::tie(pairs[l].a, pairs[l].b, l);
   });
   std::vector<bool> copies(edges.count, false);
-  for (size_t i = 0; i + 1 < edges.count; ++i) {
+  for (size_t i = 0; i + 1 < edges.count; i++) {
     const EdgePair &here = pairs[order[i]];
     const EdgePair &next = pairs[order[i + 1]];
     copies[order[i]] = here.a == next.a && here.b == next.b;
@@ -130,10 +130,10 @@ uint32_t lower_colour(const MazeNode *nodes, int32_t node, int32_t neighbour) {
 // into its place, and put back at the end if it stays. Returns how many are left.
 uint32_t try_neighbours(int32_t *nbr, uint32_t degree, const Trials &trials) {
   uint32_t left = degree;
-  for (uint32_t k = 0; k < degree; ++k) {
+  for (uint32_t k = 0; k < degree; k++) {
     const int32_t goes = trials.to[k] >> 31; // all bits, or none
     const int32_t to = trials.to[k] ^ goes;
-    --left;
+    left--;
     *std::find(nbr, nbr + left, to) = nbr[left];
     nbr[left] = to;
     left += static_cast<uint32_t>(1 + goes);
@@ -147,18 +147,18 @@ void rewrite_rows(MazeNode *nodes, int32_t i, const Trials &trials) {
   uint32_t colours[MAZE_MAX_DEGREE];
   std::copy_n(node.nbr, node.degree, nbr);
   const uint32_t degree = try_neighbours(nbr, node.degree, trials);
-  for (uint32_t row = 0; row < degree; ++row)
+  for (uint32_t row = 0; row < degree; row++)
     colours[row] = lower_colour(nodes, i, nbr[row]);
   node.degree = degree;
-  for (uint32_t row = 0; row < degree; ++row) {
+  for (uint32_t row = 0; row < degree; row++) {
     node.nbr[row] = nbr[row];
-    node.edge[row] = {colours[row], never, never};
+    node.edge[row] = {colours[row], time_never, time_never};
   }
 }
 
 // Decides for each edge whether it stays; one that goes has ~b for its b.
 void decide(const Edges &edges, const Sets &sets) {
-  for (size_t k = 0; k < edges.count; ++k) {
+  for (size_t k = 0; k < edges.count; k++) {
     const EdgePair &soon = edges.pairs[std::min(k + ahead, edges.count - 1)];
     __builtin_prefetch(&sets[soon.a], 1);
     __builtin_prefetch(&sets[soon.b], 1);
@@ -188,14 +188,14 @@ std::unique_ptr<Trials[]> sort_by_node(const Edges &edges, size_t count) {
 void carve_simple(Maze *maze, const Edges &edges) {
   decide(edges, separate_sets(maze_count(maze)));
   const auto trials = sort_by_node(edges, maze->nodes.count);
-  for (int32_t i = 0; i < maze_count(maze); ++i)
+  for (int32_t i = 0; i < maze_count(maze); i++)
     rewrite_rows(maze_nodes(maze), i, trials[static_cast<size_t>(i)]);
 }
 
 // Cuts the edge and, if it stays, joins its ends again, which puts it last on both sides.
 void try_edge(Maze *maze, EdgePair pair, bool stays) {
   const MazeNode &node = maze_nodes(maze)[pair.a];
-  const int32_t row = MazeNode_row(node, pair.b);
+  const int32_t row = MazeNode_find_slot(node, pair.b);
   // Of an edge that stood twice, the first trial has removed both.
   if (row < 0) return;
   const uint32_t colour = node.edge[row].colour;
@@ -212,7 +212,7 @@ void try_edge(Maze *maze, EdgePair pair, bool stays) {
 void carve_doubled(Maze *maze, const Edges &edges) {
   std::vector<bool> stays = later_copies(edges);
   const Sets sets = separate_sets(maze_count(maze));
-  for (size_t k = 0; k < edges.count; ++k)
+  for (size_t k = 0; k < edges.count; k++)
     if (!stays[k]) stays[k] = unite(sets, edges.pairs[k]);
   for (size_t k = edges.count; k-- > 0;)
     try_edge(maze, edges.pairs[k], stays[k]);

@@ -91,7 +91,7 @@ Maze *random_tree() {
   // Doors are aligned to the rows of the nodes that hold them, so every level is carved first.
   Maze_carve(root);
   const Nesting nesting = nesting_of(t);
-  for (int32_t pass = 0; pass < nesting.passes; ++pass)
+  for (int32_t pass = 0; pass < nesting.passes; pass++)
     Maze_nest(root, 0.5, nesting.size, Maze_random_topology);
   // Before any bending, so that the colours follow the straight lattice.
   colour_randomly(root);

@@ -52,11 +52,11 @@ Maze *Maze_torus(double major, double minor) {
   const int32_t nv = around(minor);
   Maze *maze = Maze_new();
   GrowList_reserve(&maze->nodes, static_cast<uint32_t>(nu * nv));
-  for (int32_t u = 0; u < nu; ++u)
-    for (int32_t v = 0; v < nv; ++v)
+  for (int32_t u = 0; u < nu; u++)
+    for (int32_t v = 0; v < nv; v++)
       append_node(maze, torus_place(major, minor, u * (2.0 * pi) / nu, v * (2.0 * pi) / nv));
-  for (int32_t u = 0; u < nu; ++u)
-    for (int32_t v = 0; v < nv; ++v) {
+  for (int32_t u = 0; u < nu; u++)
+    for (int32_t v = 0; v < nv; v++) {
       Maze_join(maze, u * nv + v, (u + 1) % nu * nv + v);
       Maze_join(maze, u * nv + v, u * nv + (v + 1) % nv);
     }
@@ -69,11 +69,11 @@ Maze *Maze_mobius(double major, double half) {
   const int32_t nv = static_cast<int32_t>(2.0 * half + 1.0);
   Maze *maze = Maze_new();
   GrowList_reserve(&maze->nodes, static_cast<uint32_t>(nu * nv));
-  for (int32_t u = 0; u < nu; ++u)
-    for (int32_t v = 0; v < nv; ++v)
+  for (int32_t u = 0; u < nu; u++)
+    for (int32_t v = 0; v < nv; v++)
       append_node(maze, band_place(major, v - 0.5 * (nv - 1), u * (2.0 * pi) / nu));
-  for (int32_t u = 0; u < nu; ++u)
-    for (int32_t v = 0; v < nv; ++v) {
+  for (int32_t u = 0; u < nu; u++)
+    for (int32_t v = 0; v < nv; v++) {
       // The seam is closed mirrored, which is what makes the band one-sided.
       Maze_join(maze, u * nv + v, u + 1 < nu ? (u + 1) * nv + v : nv - 1 - v);
       if (v < nv - 1) Maze_join(maze, u * nv + v, u * nv + v + 1);

@@ -22,7 +22,7 @@ void add_skew_node(Maze *maze, int32_t m, int32_t i, int32_t j) {
   for (const auto &[di, dj] : steps) {
     const int32_t x = i + di;
     const int32_t y = j + dj;
-    if (x >= 0 && x < m && y >= 0 && y < m) MazeNode_append_row(&node, y * m + x);
+    if (x >= 0 && x < m && y >= 0 && y < m) MazeNode_append_slot(&node, y * m + x);
   }
   GrowList_append(&maze->nodes, &node);
 }
@@ -48,7 +48,7 @@ int64_t ring_count(const Rings &rings, int32_t r) {
 // A step from place k of a ring of n to the ring beside it with `other` nodes from index `base` on,
 // if it has a node at the same angle.
 void append_spoke(MazeNode *node, int64_t k, int64_t n, int64_t other, int64_t base) {
-  if (k * other % n == 0) MazeNode_append_row(node, static_cast<int32_t>(base + k * other / n));
+  if (k * other % n == 0) MazeNode_append_slot(node, static_cast<int32_t>(base + k * other / n));
 }
 
 void add_ring(Maze *maze, const Rings &rings, int32_t r) {
@@ -58,12 +58,12 @@ void add_ring(Maze *maze, const Rings &rings, int32_t r) {
   const int64_t base = maze_count(maze);
   const double radius = ring_radius(rings, r);
   const double z = rings.radius > 0 ? rings.radius * std::cos(r * rings.step) : 0.0;
-  for (int64_t k = 0; k < n; ++k) {
+  for (int64_t k = 0; k < n; k++) {
     const double angle = static_cast<double>(k) * (2.0 * pi) / static_cast<double>(n);
     MazeNode node = {};
     MazeNode_init(&node, radius * std::cos(angle), radius * std::sin(angle), z);
-    MazeNode_append_row(&node, static_cast<int32_t>(base + (k + n - 1) % n));
-    MazeNode_append_row(&node, static_cast<int32_t>(base + (k + 1) % n));
+    MazeNode_append_slot(&node, static_cast<int32_t>(base + (k + n - 1) % n));
+    MazeNode_append_slot(&node, static_cast<int32_t>(base + (k + 1) % n));
     if (r > rings.first) append_spoke(&node, k, n, inside, base - inside);
     if (r < rings.last) append_spoke(&node, k, n, outside, base + n);
     GrowList_append(&maze->nodes, &node);
@@ -73,10 +73,10 @@ void add_ring(Maze *maze, const Rings &rings, int32_t r) {
 Maze *build(const Rings &rings) {
   Maze *maze = Maze_new();
   int64_t count = 0;
-  for (int32_t r = rings.first; r <= rings.last; ++r)
+  for (int32_t r = rings.first; r <= rings.last; r++)
     count += ring_count(rings, r);
   GrowList_reserve(&maze->nodes, static_cast<uint32_t>(count));
-  for (int32_t r = rings.first; r <= rings.last; ++r)
+  for (int32_t r = rings.first; r <= rings.last; r++)
     add_ring(maze, rings, r);
   return maze;
 }
@@ -92,8 +92,8 @@ Maze *Maze_honeycomb(int32_t n, int32_t holes) {
   if (n < 0 || (n & 1 << 30) != 0) return maze;
   const int32_t m = 2 * n + 1;
   GrowList_reserve(&maze->nodes, static_cast<uint32_t>(m * m));
-  for (int32_t j = 0; j < m; ++j)
-    for (int32_t i = 0; i < m; ++i)
+  for (int32_t j = 0; j < m; j++)
+    for (int32_t i = 0; i < m; i++)
       add_skew_node(maze, m, i, j);
   // Downwards: a deletion moves the last node into the hole, and that one has been judged.
   for (int32_t j = m; j-- > 0;)

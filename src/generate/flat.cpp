@@ -17,12 +17,12 @@ void add_node(Maze *maze, const Lattice &box, int32_t x, int32_t y, int32_t z) {
   const int32_t index = z * layer + y * box.w + x;
   MazeNode node = {};
   MazeNode_init(&node, p.x, p.y, p.z);
-  if (x > 0) MazeNode_append_row(&node, index - 1);
-  if (x + 1 < box.w) MazeNode_append_row(&node, index + 1);
-  if (y > 0) MazeNode_append_row(&node, index - box.w);
-  if (y + 1 < box.h) MazeNode_append_row(&node, index + box.w);
-  if (z > 0) MazeNode_append_row(&node, index - layer);
-  if (z + 1 < box.d) MazeNode_append_row(&node, index + layer);
+  if (x > 0) MazeNode_append_slot(&node, index - 1);
+  if (x + 1 < box.w) MazeNode_append_slot(&node, index + 1);
+  if (y > 0) MazeNode_append_slot(&node, index - box.w);
+  if (y + 1 < box.h) MazeNode_append_slot(&node, index + box.w);
+  if (z > 0) MazeNode_append_slot(&node, index - layer);
+  if (z + 1 < box.d) MazeNode_append_slot(&node, index + layer);
   GrowList_append(&maze->nodes, &node);
 }
 
@@ -30,9 +30,9 @@ Maze *build(const Lattice &box) {
   Maze *maze = Maze_new();
   if (box.w < 1 || box.h < 1 || box.d < 1) return maze;
   GrowList_reserve(&maze->nodes, static_cast<uint32_t>(box.w * box.h * box.d));
-  for (int32_t z = 0; z < box.d; ++z)
-    for (int32_t y = 0; y < box.h; ++y)
-      for (int32_t x = 0; x < box.w; ++x)
+  for (int32_t z = 0; z < box.d; z++)
+    for (int32_t y = 0; y < box.h; y++)
+      for (int32_t x = 0; x < box.w; x++)
         add_node(maze, box, x, y, z);
   return maze;
 }

@@ -41,7 +41,7 @@ Maze *Maze_ladder() {
   Maze_paint(line, brick, 0);
   Maze *room[rooms + 1];
   double cursor = maze_nodes(line)[0].x + gap;
-  for (int32_t k = 1; k <= rooms; ++k) {
+  for (int32_t k = 1; k <= rooms; k++) {
     room[k] = uncarved_room(k);
     const double width = place_room(room[k], cursor);
     place_on_line(line, k, cursor + 0.5 * width);
@@ -49,7 +49,7 @@ Maze *Maze_ladder() {
   }
   place_on_line(line, rooms + 1, cursor);
   // The doors face the neighbours on the line, so these must stand in their places by now.
-  for (int32_t k = 1; k <= rooms; ++k)
+  for (int32_t k = 1; k <= rooms; k++)
     Maze_settle(line, k, room[k]);
   return line;
 }

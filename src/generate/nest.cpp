@@ -34,12 +34,12 @@ void nest_leaf(Maze *maze, double probability, double size, SubmazeGenerator gen
 
 void label_below(Maze *maze) {
   int32_t count = 0;
-  for (int32_t i = 0; i < maze_count(maze); ++i) {
+  for (int32_t i = 0; i < maze_count(maze); i++) {
     Maze *below = maze_nodes(maze)[i].submaze;
     if (below == nullptr) continue;
     char number[16];
-    std::snprintf(number, sizeof number, maze->name ? ".%02d" : "%d", ++count);
-    const std::string label = (maze->name ? maze->name : "") + std::string(number);
+    std::snprintf(number, sizeof number, maze->name != nullptr ? ".%02d" : "%d", ++count);
+    const std::string label = (maze->name != nullptr ? maze->name : "") + std::string(number);
     string_assign(&below->name, label.c_str());
   }
 }

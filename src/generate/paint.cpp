@@ -24,7 +24,7 @@ void colour_edge(MazeNode *nodes, int32_t i, uint32_t row, ColourFunction fn) {
 } // namespace
 
 void Maze_paint(Maze *root, uint32_t colour, int32_t recursive) {
-  Maze_each_node(root, recursive, [colour](Maze *maze, int32_t i) {
+  Maze_each_node(root, recursive != 0, [colour](Maze *maze, int32_t i) {
     MazeNode &node = maze_nodes(maze)[i];
     node.self.colour = colour;
     for (uint32_t row = node.degree; row-- > 0;)
@@ -33,7 +33,7 @@ void Maze_paint(Maze *root, uint32_t colour, int32_t recursive) {
 }
 
 void Maze_colour_field(Maze *root, ColourFunction fn, int32_t recursive) {
-  Maze_each_node(root, recursive, [fn](Maze *maze, int32_t i) {
+  Maze_each_node(root, recursive != 0, [fn](Maze *maze, int32_t i) {
     MazeNode *nodes = maze_nodes(maze);
     nodes[i].self.colour = fn(node_position(nodes[i]));
     for (uint32_t row = nodes[i].degree; row-- > 0;)

@@ -10,7 +10,7 @@ namespace {
 Vec3 mean_of_neighbours(const MazeNode *nodes, const MazeNode &node) {
   if (node.degree == 0) return node_position(node);
   Vec3 sum = {};
-  for (uint32_t row = 0; row < node.degree; ++row)
+  for (uint32_t row = 0; row < node.degree; row++)
     sum = sum + node_position(nodes[node.nbr[row]]);
   return sum / node.degree;
 }
@@ -28,7 +28,7 @@ void Maze_smooth(Maze *maze, double k) {
   MazeNode *nodes = maze_nodes(maze);
   std::vector<Vec3> targets;
   targets.reserve(static_cast<size_t>(maze_count(maze)));
-  for (int32_t i = 0; i < maze_count(maze); ++i)
+  for (int32_t i = 0; i < maze_count(maze); i++)
     targets.push_back(mean_of_neighbours(nodes, nodes[i]));
   for (int32_t i = maze_count(maze); i-- > 0;)
     move_node(&nodes[i], (targets[static_cast<size_t>(i)] - node_position(nodes[i])) * k);
@@ -38,7 +38,7 @@ void Maze_repel(Maze *maze, double k) {
   MazeNode *nodes = maze_nodes(maze);
   std::vector<Vec3> places;
   places.reserve(static_cast<size_t>(maze_count(maze)));
-  for (int32_t i = 0; i < maze_count(maze); ++i)
+  for (int32_t i = 0; i < maze_count(maze); i++)
     places.push_back(node_position(nodes[i]));
   const std::vector<Vec3> forces = repulsion(places);
   for (int32_t i = maze_count(maze); i-- > 0;)

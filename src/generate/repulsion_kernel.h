@@ -36,7 +36,7 @@ static inline void repel_lanes(const RepulsionField &f, int32_t a, int32_t b, La
   Lanes fx = load_lanes<Lanes>(f.fx + b);
   Lanes fy = load_lanes<Lanes>(f.fy + b);
   Lanes fz = load_lanes<Lanes>(f.fz + b);
-  for (int32_t i = 0; i < block; ++i) {
+  for (int32_t i = 0; i < block; i++) {
     const Lanes dx = x - f.x[a + i];
     const Lanes dy = y - f.y[a + i];
     const Lanes dz = z - f.z[a + i];
@@ -58,8 +58,8 @@ static inline void repel_lanes(const RepulsionField &f, int32_t a, int32_t b, La
 template <typename Lanes>
 static inline void gather_force(const RepulsionField &f, int32_t a, const Lanes *force) {
   double *const sums[] = {f.fx + a, f.fy + a, f.fz + a};
-  for (int32_t axis = 0; axis < 3; ++axis)
-    for (uint32_t lane = 0; lane < sizeof(Lanes) / sizeof(double); ++lane)
+  for (int32_t axis = 0; axis < 3; axis++)
+    for (uint32_t lane = 0; lane < sizeof(Lanes) / sizeof(double); lane++)
       *sums[axis] += force[axis][lane];
 }
 
@@ -73,9 +73,9 @@ static inline void repel_block(const RepulsionField &f, int32_t a, int32_t first
   int32_t b = first;
   for (; b + width <= end; b += width)
     repel_lanes<Lanes, block>(f, a, b, forces);
-  for (; b < end; ++b)
+  for (; b < end; b++)
     repel_lanes<One, block>(f, a, b, rest);
-  for (int32_t i = 0; i < block; ++i) {
+  for (int32_t i = 0; i < block; i++) {
     gather_force(f, a + i, forces[i]);
     gather_force(f, a + i, rest[i]);
   }
@@ -89,6 +89,6 @@ template <typename Lanes> static inline void repel_all(const RepulsionField &all
     repel_block<Lanes, 2>(field, a, 0, a);
     repel_block<Lanes, 1>(field, a + 1, a, a + 1);
   }
-  for (; a < field.count; ++a)
+  for (; a < field.count; a++)
     repel_block<Lanes, 1>(field, a, 0, a);
 }

@@ -10,7 +10,7 @@
 namespace {
 
 // Puts every node where `change` sends its place.
-template <typename Change> void move_nodes(Maze *root, int32_t recursive, const Change &change) {
+template <typename Change> void move_nodes(Maze *root, bool recursive, const Change &change) {
   Maze_each_node(root, recursive, [&change](Maze *maze, int32_t i) {
     MazeNode &node = maze_nodes(maze)[i];
     const Vec3 p = change(node_position(node));
@@ -49,7 +49,7 @@ TreeBounds visit_maze(const Maze *maze, size_t here, std::vector<Held> *stack) {
   TreeBounds bounds = {{infinity, infinity, infinity}, {-infinity, -infinity, -infinity}};
   const MazeNode *nodes = maze_nodes(maze);
   if (maze_count(maze) > 0) bounds.min = bounds.max = node_position(nodes[0]);
-  for (int32_t i = 0; i < maze_count(maze); ++i) {
+  for (int32_t i = 0; i < maze_count(maze); i++) {
     const Vec3 p = node_position(nodes[i]);
     if (nodes[i].submaze == nullptr)
       unite(&bounds, p, p);
@@ -62,25 +62,25 @@ TreeBounds visit_maze(const Maze *maze, size_t here, std::vector<Held> *stack) {
 } // namespace
 
 void Maze_translate(Maze *maze, Vec3 v, int32_t recursive) {
-  move_nodes(maze, recursive, [v](Vec3 p) { return p + v; });
+  move_nodes(maze, recursive != 0, [v](Vec3 p) { return p + v; });
 }
 
 void Maze_scale(Maze *maze, double k, int32_t recursive) {
-  move_nodes(maze, recursive, [k](Vec3 p) { return p * k; });
+  move_nodes(maze, recursive != 0, [k](Vec3 p) { return p * k; });
 }
 
 void Maze_rotate(Maze *maze, Vec3 v, int32_t recursive) {
   if (!(length(v) > 0)) return; // not even the rounding of a product
   const Mat3 turn = Mat3_rotation(v);
-  move_nodes(maze, recursive, [&turn](Vec3 p) { return turn * p; });
+  move_nodes(maze, recursive != 0, [&turn](Vec3 p) { return turn * p; });
 }
 
 void Maze_map_positions(Maze *maze, PositionFunction fn, int32_t recursive) {
-  move_nodes(maze, recursive, fn);
+  move_nodes(maze, recursive != 0, fn);
 }
 
 void Maze_height_wave(Maze *maze, int32_t recursive) {
-  move_nodes(maze, recursive, [](Vec3 p) {
+  move_nodes(maze, recursive != 0, [](Vec3 p) {
     const double rise = 4.0 * (std::sin(p.x / 4.0) + std::sin(p.y / 4.0));
     return Vec3{p.x, p.y, p.z + rise};
   });
@@ -113,7 +113,7 @@ void Maze_bounds(const Maze *root, Vec3 *min, Vec3 *max) {
 
 void Maze_centre(Maze *maze) {
   Vec3 sum = {};
-  for (int32_t i = 0; i < maze_count(maze); ++i)
+  for (int32_t i = 0; i < maze_count(maze); i++)
     sum = sum + node_position(maze_nodes(maze)[i]);
   Maze_translate(maze, -1.0 * (sum / maze_count(maze)), 0); // without nodes, nothing moves
 }

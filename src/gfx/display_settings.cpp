@@ -19,7 +19,7 @@ bool is_digit(char c) {
 }
 
 const char *skip_spaces(const char *text) {
-  while (ascii_space(*text))
+  while (ascii_is_space(*text))
     text++;
   return text;
 }
@@ -85,16 +85,16 @@ uint32_t monitor_mask(const char *text) {
 }
 
 void parse_resolution(const char *text) {
-  if (ascii_equal(text, "auto")) {
+  if (ascii_equal_nocase(text, "auto")) {
     screen_width = 0;
     screen_height = 0;
-  } else if (ascii_begins(text, "display")) {
+  } else if (ascii_starts_with_nocase(text, "display")) {
     screen_width = 0;
     screen_height = leading_int(text + 7);
-  } else if (ascii_equal(text, "span")) {
+  } else if (ascii_equal_nocase(text, "span")) {
     screen_width = -1;
     screen_height = -1;
-  } else if (ascii_begins(text, "span")) {
+  } else if (ascii_starts_with_nocase(text, "span")) {
     screen_width = -1;
     screen_height = static_cast<int32_t>(monitor_mask(text + 4));
   } else {

@@ -273,10 +273,8 @@ void platform_dpi_aware() {
 }
 
 void platform_begin() {
-  clock_source = {counter_frequency, counter_reading, ticks};
-  report_thread = thread_number;
-  report_sleep = wait;
-  report_tell = tell;
+  clock_set_source({counter_frequency, counter_reading, ticks});
+  report_set_hooks({wait, thread_number, tell});
 }
 
 bool platform_connect() {

@@ -5,16 +5,25 @@
 #include "maze/walk.h"
 #include "support/strings.h"
 
-// The last row of that name, or -1.
-static int32_t find_row(const Maze *maze, const char *name) {
+namespace {
+
+// Index of the last attachment with that name, or -1.
+int32_t find_last(const Maze *maze, const char *name) {
   const Attachment *table = rows<Attachment>(maze->attachments);
   for (int32_t i = static_cast<int32_t>(maze->attachments.count); i-- > 0;)
-    if (ascii_equal(table[i].name, name)) return i;
+    if (ascii_equal_nocase(table[i].name, name)) return i;
   return -1;
 }
 
+void release(Attachment row, Maze *maze) {
+  if (row.destructor != nullptr) row.destructor(row.data, maze);
+  std::free(row.name);
+}
+
+} // namespace
+
 intptr_t Attachment_find(const Maze *maze, const char *name) {
-  const int32_t i = find_row(maze, name);
+  const int32_t i = find_last(maze, name);
   return i < 0 ? 0 : rows<Attachment>(maze->attachments)[i].data;
 }
 
@@ -25,15 +34,19 @@ void Attachment_add(Maze *maze, const char *name, intptr_t data, AttachmentDestr
 }
 
 void Attachment_drop(Maze *maze, const char *name) {
-  const int32_t i = find_row(maze, name);
+  const int32_t i = find_last(maze, name);
   if (i < 0) return;
-  const Attachment row = rows<Attachment>(maze->attachments)[i];
-  if (row.destructor) row.destructor(row.data, maze);
-  std::free(row.name);
+  release(rows<Attachment>(maze->attachments)[i], maze);
   GrowList_remove(&maze->attachments, static_cast<uint32_t>(i));
 }
 
 void Attachment_drop_tree(Maze *maze, const char *name) {
-  for (Maze *at = maze; at; at = Maze_next(maze, at))
+  for (Maze *at = maze; at != nullptr; at = Maze_next(maze, at))
     Attachment_drop(at, name);
+}
+
+void Attachment_free_all(Maze *maze) {
+  for (uint32_t i = maze->attachments.count; i-- > 0;)
+    release(rows<Attachment>(maze->attachments)[i], maze);
+  GrowList_free(&maze->attachments);
 }

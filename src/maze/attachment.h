@@ -4,26 +4,29 @@
 
 #include "maze/maze.h"
 
-// Derived data that a plot hangs on a maze under a name. Whoever changes a maze drops what became
-// stale; the plot that finds its attachment missing builds it anew. Names compare without regard
-// to case.
+// Data that a plot computed from a maze, kept with the maze under a name. Code that changes a maze
+// drops the attachments that became stale; the plot rebuilds a missing one. Names ignore case and
+// are listed in maze/attachment_names.h.
 
 using AttachmentDestructor = void (*)(intptr_t data, Maze *maze);
 
 struct Attachment {
   char *name;                      // owned
-  intptr_t data;                   // a pointer or a number, as its creator likes
-  AttachmentDestructor destructor; // releases data, leaves other rows alone; may be null
+  intptr_t data;                   // a pointer or a number
+  AttachmentDestructor destructor; // frees the data and changes no other attachment; may be null
 };
 
-// The data of the last row of that name; 0 if there is none.
+// The data of the last attachment with that name; 0 if there is none.
 intptr_t Attachment_find(const Maze *maze, const char *name);
 
-// Appends a row with a copy of `name`, without looking for an older one.
+// Appends an attachment with a copy of `name`. Older ones with that name stay.
 void Attachment_add(Maze *maze, const char *name, intptr_t data, AttachmentDestructor destructor);
 
-// Drops the last row of that name, running its destructor; nothing if there is none.
+// Calls the destructor of the last attachment with that name and removes it, if there is one.
 void Attachment_drop(Maze *maze, const char *name);
 
-// The same on this maze and on all below it.
+// The same for this maze and all mazes below it.
 void Attachment_drop_tree(Maze *maze, const char *name);
+
+// Frees the list of attachments of a maze that is destroyed; the last one goes first.
+void Attachment_free_all(Maze *maze);

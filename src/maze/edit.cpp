@@ -8,64 +8,23 @@
 #include "support/file.h"
 #include "support/report.h"
 
-[[maybe_unused]] static bool has_node(const Maze *maze, int32_t i) {
+namespace {
+
+[[maybe_unused]] bool has_node(const Maze *maze, int32_t i) {
   return i >= 0 && i < maze_count(maze);
 }
 
-void MazeNode_append_row(MazeNode *node, int32_t target) {
-  assert(node->degree < MAZE_MAX_DEGREE);
-  node->nbr[node->degree] = target;
-  node->edge[node->degree] = maze_edge_default;
-  node->degree++;
-}
-
-void MazeNode_remove_row(MazeNode *node, uint32_t r) {
-  assert(r < node->degree);
-  node->degree--;
-  node->nbr[r] = node->nbr[node->degree];
-  node->edge[r] = node->edge[node->degree];
-}
-
-void Maze_join(Maze *maze, int32_t a, int32_t b) {
-  assert(has_node(maze, a) && has_node(maze, b) && a != b);
-  MazeNode *nodes = maze_nodes(maze);
-  if (nodes[a].degree >= MAZE_MAX_DEGREE || nodes[b].degree >= MAZE_MAX_DEGREE) return;
-  MazeNode_append_row(&nodes[a], b);
-  MazeNode_append_row(&nodes[b], a);
-}
-
-static void remove_rows(MazeNode &node, int32_t target) {
+void remove_slots(MazeNode &node, int32_t target) {
   for (uint32_t r = node.degree; r-- > 0;)
-    if (node.nbr[r] == target) MazeNode_remove_row(&node, r);
+    if (node.nbr[r] == target) MazeNode_remove_slot(&node, r);
 }
 
-void Maze_cut(Maze *maze, int32_t a, int32_t b) {
-  assert(has_node(maze, a) && has_node(maze, b));
-  MazeNode *nodes = maze_nodes(maze);
-  remove_rows(nodes[a], b);
-  remove_rows(nodes[b], a);
-}
-
-static void rename_rows(MazeNode &node, int32_t from, int32_t to) {
+void renumber_slots(MazeNode &node, int32_t from, int32_t to) {
   for (uint32_t r = node.degree; r-- > 0;)
     if (node.nbr[r] == from) node.nbr[r] = to;
 }
 
-void Maze_delete_node(Maze *maze, int32_t i) {
-  assert(has_node(maze, i));
-  MazeNode *nodes = maze_nodes(maze);
-  // One cut takes every row of a doubled edge, so the degree is looked at anew each time.
-  while (nodes[i].degree > 0)
-    Maze_cut(maze, i, nodes[i].nbr[nodes[i].degree - 1]);
-  const int32_t last = maze_count(maze) - 1;
-  if (last != i) {
-    for (uint32_t r = nodes[last].degree; r-- > 0;)
-      rename_rows(nodes[nodes[last].nbr[r]], last, i);
-  }
-  GrowList_remove(&maze->nodes, static_cast<uint32_t>(i));
-}
-
-static void exchange_rows(MazeNode &node, int32_t a, int32_t b) {
+void swap_targets(MazeNode &node, int32_t a, int32_t b) {
   for (uint32_t r = node.degree; r-- > 0;) {
     if (node.nbr[r] == a)
       node.nbr[r] = b;
@@ -74,22 +33,8 @@ static void exchange_rows(MazeNode &node, int32_t a, int32_t b) {
   }
 }
 
-void Maze_swap_nodes(Maze *maze, int32_t a, int32_t b) {
-  assert(has_node(maze, a) && has_node(maze, b));
-  MazeNode *nodes = maze_nodes(maze);
-  // A common neighbour must be renamed once only: a second pass would undo the first.
-  int32_t touched[2 * MAZE_MAX_DEGREE];
-  int32_t *end = std::copy_n(nodes[a].nbr, nodes[a].degree, touched);
-  end = std::copy_n(nodes[b].nbr, nodes[b].degree, end);
-  std::sort(touched, end);
-  end = std::unique(touched, end);
-  for (const int32_t *t = touched; t != end; t++)
-    exchange_rows(nodes[*t], a, b);
-  std::swap(nodes[a], nodes[b]);
-}
-
-// The node with index `first` or more that is nearest to p; the highest index among equals.
-static int32_t nearest_from(const Maze *maze, int32_t first, Vec3 p) {
+// The node nearest to p with index `first` or more; the highest index among equals.
+int32_t nearest_from(const Maze *maze, int32_t first, Vec3 p) {
   const MazeNode *nodes = maze_nodes(maze);
   double best_distance = 1e20;
   int32_t best = first;
@@ -102,20 +47,8 @@ static int32_t nearest_from(const Maze *maze, int32_t first, Vec3 p) {
   return best;
 }
 
-void Maze_align_doors(Maze *maze) {
-  if (!maze->parent) return;
-  const MazeNode *around = maze_nodes(maze->parent);
-  const MazeNode &holder = around[maze->parentnode];
-  assert(holder.degree <= maze->nodes.count);
-  const uint32_t doors = std::min(holder.degree, maze->nodes.count);
-  for (uint32_t r = 0; r < doors; r++) {
-    const int32_t door = static_cast<int32_t>(r);
-    Maze_swap_nodes(maze, door, nearest_from(maze, door, node_position(around[holder.nbr[r]])));
-  }
-}
-
-// Writes the faults of one node's table and returns the kind of the last one, or `kind`.
-static int32_t dump_faults(FILE *file, const MazeNode &node, int32_t i, int32_t kind) {
+// Writes the errors of one node and returns the kind of the last one, or `kind`.
+int32_t dump_errors(FILE *file, const MazeNode &node, int32_t i, int32_t kind) {
   for (uint32_t r = 0; r < node.degree; r++) {
     if (node.nbr[r] == i) {
       std::fprintf(file, "ERROR: node %d is joined to itself\n", i);
@@ -130,10 +63,81 @@ static int32_t dump_faults(FILE *file, const MazeNode &node, int32_t i, int32_t 
   return kind;
 }
 
+} // namespace
+
+void MazeNode_append_slot(MazeNode *node, int32_t target) {
+  assert(node->degree < MAZE_MAX_DEGREE);
+  node->nbr[node->degree] = target;
+  node->edge[node->degree] = maze_edge_default;
+  node->degree++;
+}
+
+void MazeNode_remove_slot(MazeNode *node, uint32_t r) {
+  assert(r < node->degree);
+  node->degree--;
+  node->nbr[r] = node->nbr[node->degree];
+  node->edge[r] = node->edge[node->degree];
+}
+
+void Maze_join(Maze *maze, int32_t a, int32_t b) {
+  assert(has_node(maze, a) && has_node(maze, b) && a != b);
+  MazeNode *nodes = maze_nodes(maze);
+  if (nodes[a].degree >= MAZE_MAX_DEGREE || nodes[b].degree >= MAZE_MAX_DEGREE) return;
+  MazeNode_append_slot(&nodes[a], b);
+  MazeNode_append_slot(&nodes[b], a);
+}
+
+void Maze_cut(Maze *maze, int32_t a, int32_t b) {
+  assert(has_node(maze, a) && has_node(maze, b));
+  MazeNode *nodes = maze_nodes(maze);
+  remove_slots(nodes[a], b);
+  remove_slots(nodes[b], a);
+}
+
+void Maze_delete_node(Maze *maze, int32_t i) {
+  assert(has_node(maze, i));
+  MazeNode *nodes = maze_nodes(maze);
+  // A cut removes doubled edges at once, so the degree can drop by more than 1.
+  while (nodes[i].degree > 0)
+    Maze_cut(maze, i, nodes[i].nbr[nodes[i].degree - 1]);
+  const int32_t last = maze_count(maze) - 1;
+  if (last != i) {
+    for (uint32_t r = nodes[last].degree; r-- > 0;)
+      renumber_slots(nodes[nodes[last].nbr[r]], last, i);
+  }
+  GrowList_remove(&maze->nodes, static_cast<uint32_t>(i));
+}
+
+void Maze_swap_nodes(Maze *maze, int32_t a, int32_t b) {
+  assert(has_node(maze, a) && has_node(maze, b));
+  MazeNode *nodes = maze_nodes(maze);
+  // A common neighbour is renumbered only once: a second pass would undo the first.
+  int32_t touched[2 * MAZE_MAX_DEGREE];
+  int32_t *end = std::copy_n(nodes[a].nbr, nodes[a].degree, touched);
+  end = std::copy_n(nodes[b].nbr, nodes[b].degree, end);
+  std::sort(touched, end);
+  end = std::unique(touched, end);
+  for (const int32_t *t = touched; t != end; t++)
+    swap_targets(nodes[*t], a, b);
+  std::swap(nodes[a], nodes[b]);
+}
+
+void Maze_align_doors(Maze *maze) {
+  if (maze->parent == nullptr) return;
+  const MazeNode *around = maze_nodes(maze->parent);
+  const MazeNode &holder = around[maze->parentnode];
+  assert(holder.degree <= maze->nodes.count);
+  const uint32_t doors = std::min(holder.degree, maze->nodes.count);
+  for (uint32_t r = 0; r < doors; r++) {
+    const int32_t door = static_cast<int32_t>(r);
+    Maze_swap_nodes(maze, door, nearest_from(maze, door, node_position(around[holder.nbr[r]])));
+  }
+}
+
 int32_t Maze_dump(const Maze *maze, const char *path, const char *title) {
   FILE *file = std::fopen(path, "a");
-  if (!file) {
-    report_sentence("cannot append the maze's tables to \"%s\"", path);
+  if (file == nullptr) {
+    report_sentence("the dump of the maze could not be written to \"%s\"", path);
     return -1;
   }
   std::fprintf(file, "---------- %s\n%d nodes\n", title, maze_count(maze));
@@ -144,9 +148,9 @@ int32_t Maze_dump(const Maze *maze, const char *path, const char *title) {
     for (uint32_t r = 0; r < node.degree; r++)
       std::fprintf(file, " %d", node.nbr[r]);
     std::fprintf(file, "\n");
-    kind = dump_faults(file, node, i, kind);
+    kind = dump_errors(file, node, i, kind);
   }
   if (file_close_written(file, std::ferror(file) == 0)) return kind;
-  report_sentence("cannot append the maze's tables to \"%s\"", path);
+  report_sentence("the dump of the maze could not be written to \"%s\"", path);
   return -1;
 }

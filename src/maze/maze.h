@@ -5,36 +5,34 @@
 #include "support/list.h"
 #include "support/vec3.h"
 
-// A maze is an undirected graph of at most degree 8 whose nodes have places in one world
-// coordinate system. A node may hold a whole further maze, its submaze; the mazes form a tree, and
-// every level has absolute world coordinates. What holds in a well-formed tree:
-//   - b stands in the rows of a exactly once if and only if a stands in the rows of b exactly once,
-//     and no node is joined to itself;
+// A maze is an undirected graph with at most 8 edges per node. A node may hold another maze, its
+// submaze, so mazes form a tree. All levels use the same world coordinates. In a well-formed tree:
+//   - if a has a slot for b, it has one only, and b has one for a; no node is joined to itself;
 //   - nodes[i].submaze = m if and only if m's parent is this maze and m's parentnode is i;
-//   - a node that holds a submaze is a container and not a place: no Pos in use names it;
-//   - a submaze has at least as many nodes as its holder has rows, and its node j is the door
-//     towards row j of the holder. The record of that edge is the holder's row j.
+//   - a node with a submaze (a holder) is no place to stand: no Pos in use refers to it;
+//   - a submaze has at least as many nodes as its holder has slots. Its node j is the door to the
+//     neighbour in slot j of the holder, and that slot is the record of the edge.
 
 constexpr uint32_t MAZE_MAX_DEGREE = 8;
 constexpr uint32_t maze_default_colour = 0x808080;
-constexpr double never = -1.0; // a time that has not come
+constexpr double time_never = -1.0;
 
-// One row of a node's edge table, and a node's record of itself.
+// One half of an edge, kept at one of its ends; also a node's record of itself.
 struct MazeEdge {
   uint32_t colour;   // 0xRRGGBB
-  double usertime;   // session clock when the user last crossed (or arrived); negative: never
-  double roamertime; // the same for a Roamer
+  double usertime;   // session clock at the user's last crossing or arrival; negative: never
+  double roamertime; // the same for Roamers
 };
 
-constexpr MazeEdge maze_edge_default = {maze_default_colour, never, never};
+constexpr MazeEdge maze_edge_default = {maze_default_colour, time_never, time_never};
 
 struct Maze;
 
 struct MazeNode {
   double x, y, z;                 // world units; z is height
-  uint32_t degree;                // used rows of nbr and edge
-  int32_t nbr[MAZE_MAX_DEGREE];   // indices in this same maze; packed, in no particular order
-  MazeEdge edge[MAZE_MAX_DEGREE]; // row i belongs to the edge towards nbr[i]
+  uint32_t degree;                // slots in use: entries of nbr and edge
+  int32_t nbr[MAZE_MAX_DEGREE];   // indices of neighbours in the same maze, in no particular order
+  MazeEdge edge[MAZE_MAX_DEGREE]; // edge[i] leads to nbr[i]
   MazeEdge self;                  // the node's own colour and times
   Maze *submaze;                  // owned; null for a plain node
 };
@@ -44,15 +42,15 @@ struct Maze {
   Maze *parent;         // one level up, not owned; null at the root
   int32_t parentnode;   // the node of the parent that holds this maze; 0 at the root
   int32_t visited;      // nodes of this maze that the user has arrived at
-  uint32_t bordermask;  // bit i: the user has crossed the border along row i of the holder
-  char *name;           // owned level label such as "1.01.03"; null if it has none
+  uint32_t bordermask;  // bit i: the user has crossed the border along slot i of the holder
+  char *name;           // owned level label such as "1.01.03"; may be null
   double halfwidth;     // half a corridor's width in world units
   GrowList attachments; // of Attachment; derived data, never saved
-  uint64_t serial;      // number of this record in order of creation: a total order of mazes
+  uint64_t serial;      // counts the records created; orders mazes by age
   Maze *pool_next;      // chain of destroyed records, see Maze_destroy
 };
 
-// One place in the whole tree. Compare the fields, never the bytes: the record has padding.
+// A node of any maze in the tree. Compare fields, not bytes: the record has padding.
 struct Pos {
   Maze *maze;
   int32_t node;
@@ -64,9 +62,8 @@ constexpr bool Pos_equal(Pos a, Pos b) {
   return a.maze == b.maze && a.node == b.node;
 }
 
-// Whether `a` comes first of the two ends of an edge. An edge is drawn from that end only, so that
-// it is drawn once, across levels too. Places order by their mazes' age, then by index; a null `b`
-// is never the later end.
+// Whether `a` is the first end of an edge: the one in the older maze, or with the smaller index.
+// Each edge is drawn from its first end only. False if `b` is null.
 inline bool Pos_before(Pos a, Pos b) {
   if (b.maze == nullptr) return false;
   if (a.maze != b.maze) return a.maze->serial < b.maze->serial;
@@ -90,21 +87,22 @@ constexpr Vec3 node_position(const MazeNode &node) {
 // a node holds it.
 Maze *Maze_new();
 
-// Sets place, degree 0, default colour, times of never and no submaze; leaves the tables alone.
+// Sets the position, degree 0, the default colour, no times and no submaze. Leaves nbr and edge as
+// they are.
 void MazeNode_init(MazeNode *node, double x, double y, double z);
 
-// Releases what the maze owns, and with `recursive` first all mazes below it. The small record
-// itself stays reachable in a pool and is never reused. The holder's submaze field is not touched.
-// Destructors of attachments run after the nodes are gone.
+// Frees what the maze owns and, if `recursive` is not 0, first all mazes below it. The record
+// itself stays in a pool and is never reused. The holder's submaze field is left as it is.
+// Destructors of attachments run after the nodes are freed.
 void Maze_destroy(Maze *maze, int32_t recursive);
 
-// A copy without attachments. With `recursive` the mazes below are copied too; without, the copy
-// shares the submazes and must not be destroyed recursively while the source lives.
+// A copy without attachments. If `recursive` is 0 the copy shares its submazes with the source and
+// must not be destroyed recursively.
 Maze *Maze_copy(const Maze *maze, int32_t recursive);
 
-// Appends recursive copies of the nodes of `b`, another maze, their rows raised by a's node count.
-// No edge joins the two halves.
+// Appends recursive copies of the nodes of another maze, `b`; their neighbour indices are raised by
+// a's node count. No edge joins the two parts.
 void Maze_append(Maze *a, const Maze *b);
 
-// The same behind a recursive copy of `a`.
+// The same on a recursive copy of `a`. Owned by the caller.
 Maze *Maze_merged(const Maze *a, const Maze *b);

@@ -4,7 +4,17 @@
 
 #include "support/report.h"
 
-int32_t MazeNode_row(const MazeNode &node, int32_t target) {
+namespace {
+
+// Where a step from `from` to its neighbour `to` ends: at a door if `to` holds a maze.
+Pos walk_to(Maze *maze, int32_t from, int32_t to) {
+  if (maze_nodes(maze)[to].submaze != nullptr) return Pos_submaze_enter(maze, from, to);
+  return {maze, to};
+}
+
+} // namespace
+
+int32_t MazeNode_find_slot(const MazeNode &node, int32_t target) {
   for (uint32_t r = node.degree; r-- > 0;)
     if (node.nbr[r] == target) return static_cast<int32_t>(r);
   return -1;
@@ -14,21 +24,14 @@ Pos Pos_submaze_enter(Maze *maze, int32_t from, int32_t to) {
   assert(from >= 0 && from < maze_count(maze) && to >= 0 && to < maze_count(maze));
   const MazeNode &holder = maze_nodes(maze)[to];
   assert(holder.submaze);
-  const int32_t door = MazeNode_row(holder, from);
+  const int32_t door = MazeNode_find_slot(holder, from);
   if (holder.submaze->parent != maze || door < 0) return Pos_null;
   return {holder.submaze, door};
 }
 
-// Where one comes out when walking from `from` to its neighbour `to`: a container is never a
-// place, one of its doors is.
-static Pos walk_to(Maze *maze, int32_t from, int32_t to) {
-  if (maze_nodes(maze)[to].submaze) return Pos_submaze_enter(maze, from, to);
-  return {maze, to};
-}
-
 Pos Pos_submaze_exit(Maze *maze, int32_t node) {
   assert(node >= 0 && node < maze_count(maze));
-  if (!maze->parent) return Pos_null;
+  if (maze->parent == nullptr) return Pos_null;
   const MazeNode &holder = maze_nodes(maze->parent)[maze->parentnode];
   if (static_cast<uint32_t>(node) >= holder.degree) return Pos_null;
   return walk_to(maze->parent, maze->parentnode, holder.nbr[node]);
@@ -40,23 +43,24 @@ int32_t Pos_alledges(Maze *maze, int32_t node, Pos *out, MazeEdge *edges_out) {
   int32_t count = 0;
   for (uint32_t r = 0; r < here.degree; r++, count++) {
     out[count] = walk_to(maze, node, here.nbr[r]);
-    if (!out[count].maze)
+    if (out[count].maze == nullptr)
       report_fatal("maze", 115, "Pos_alledges: Pos_submaze_enter returned Pos_null");
-    if (edges_out) edges_out[count] = here.edge[r];
+    if (edges_out != nullptr) edges_out[count] = here.edge[r];
   }
   out[count] = Pos_submaze_exit(maze, node);
-  if (!out[count].maze) return count;
-  if (edges_out) edges_out[count] = maze_nodes(maze->parent)[maze->parentnode].edge[node];
+  if (out[count].maze == nullptr) return count;
+  if (edges_out != nullptr)
+    edges_out[count] = maze_nodes(maze->parent)[maze->parentnode].edge[node];
   return count + 1;
 }
 
-int32_t Pos_edges(Maze *maze, int32_t node, int32_t all_levels, Pos *out, MazeEdge *edges_out) {
-  if (all_levels != 0) return Pos_alledges(maze, node, out, edges_out);
+int32_t Pos_edges(Maze *maze, int32_t node, bool all_levels, Pos *out, MazeEdge *edges_out) {
+  if (all_levels) return Pos_alledges(maze, node, out, edges_out);
   assert(node >= 0 && node < maze_count(maze));
   const MazeNode &here = maze_nodes(maze)[node];
   for (uint32_t r = 0; r < here.degree; r++) {
     out[r] = {maze, here.nbr[r]};
-    if (edges_out) edges_out[r] = here.edge[r];
+    if (edges_out != nullptr) edges_out[r] = here.edge[r];
   }
   return static_cast<int32_t>(here.degree);
 }

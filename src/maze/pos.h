@@ -2,29 +2,29 @@
 
 #include "maze/maze.h"
 
-// What makes a tree of mazes one connected graph: every walker and every plot asks here what is
-// joined to what.
+// Edges across the levels of a tree of mazes. This is the only definition of what is joined to
+// what.
 
-constexpr int32_t pos_max_edges = 9; // eight rows and a way out
+constexpr int32_t pos_max_edges = 9; // eight slots and the way out
 
-// The row of `node` that leads to `target`, searched from the last row; -1 if there is none.
-int32_t MazeNode_row(const MazeNode &node, int32_t target);
+// The last slot of `node` that leads to `target`; -1 if there is none.
+int32_t MazeNode_find_slot(const MazeNode &node, int32_t target);
 
-// The door, towards `from`, of the maze that node `to` of `maze` holds. Pos_null if that maze's
-// parent is not `maze` or `from` is no neighbour of its holder.
+// The door through which one enters the submaze of node `to` from node `from`. Pos_null if the
+// submaze's parent is not `maze` or if `from` is no neighbour of `to`.
 Pos Pos_submaze_enter(Maze *maze, int32_t from, int32_t to);
 
-// Where the way out of door `node` leads: the plain neighbour of the holder, or the facing door of
-// a sibling. Pos_null if the node is no door.
+// Where the way out through door `node` leads: to a neighbour of the holder or, if that holds a
+// maze, to the door on its near side. Pos_null if the node is no door.
 Pos Pos_submaze_exit(Maze *maze, int32_t node);
 
-// Everything that one can walk to from (maze, node): the neighbours in row order, the way out last.
-// `out` and, if not null, `edges_out` have room for pos_max_edges; returns the number of entries.
-// A tree whose border rule is broken is a fatal report.
+// All places that one can step to from (maze, node): the neighbours in the order of the slots, then
+// the way out. `out` and, if not null, `edges_out` get up to pos_max_edges entries; returns their
+// number. A tree that is not well formed is a fatal report.
 int32_t Pos_alledges(Maze *maze, int32_t node, Pos *out, MazeEdge *edges_out);
 
-// The same with `all_levels`; with 0 only the node's own rows, whose ends may be containers.
-int32_t Pos_edges(Maze *maze, int32_t node, int32_t all_levels, Pos *out, MazeEdge *edges_out);
+// The same if `all_levels`; otherwise only the node's own slots, which may lead to holders.
+int32_t Pos_edges(Maze *maze, int32_t node, bool all_levels, Pos *out, MazeEdge *edges_out);
 
-// World position of the place.
+// World position of the node.
 Vec3 Pos_position(Pos pos);

@@ -6,19 +6,20 @@
 #include "maze/edit.h"
 #include "support/memory.h"
 
-static uint8_t *zeroed_bytes(const Maze *maze) {
+namespace {
+
+uint8_t *zeroed_bytes(const Maze *maze) {
   return static_cast<uint8_t *>(memory_zeroed(maze->nodes.count));
 }
 
-// One of the searches: `reached` is its queue and its record at once, `cursor` the first entry
-// that has not been expanded.
+// State of one search.
 struct Frontier {
-  GrowList reached; // of int32_t, node indices
-  uint32_t cursor;
-  uint8_t bit; // what this search sets in the byte of a node
+  GrowList reached; // of int32_t: the indices of all nodes reached, in order
+  uint32_t cursor;  // first of them that was not expanded
+  uint8_t bit;      // marks reached nodes
 };
 
-static void start_frontier(Frontier *frontier, int32_t start, uint8_t bit, uint8_t *bytes) {
+void start_frontier(Frontier *frontier, int32_t start, uint8_t bit, uint8_t *bytes) {
   GrowList_init(&frontier->reached, sizeof(int32_t));
   GrowList_append(&frontier->reached, &start);
   frontier->cursor = 0;
@@ -26,16 +27,16 @@ static void start_frontier(Frontier *frontier, int32_t start, uint8_t bit, uint8
   bytes[start] = static_cast<uint8_t>(bytes[start] | bit);
 }
 
-// Expands every entry that stood in the frontier at the call. Returns true, at once, on a node
-// that another search has reached too.
-static bool expand_layer(const Maze *maze, Frontier *frontier, uint8_t *bytes) {
+// Expands the nodes that were reached before the call. Returns true as soon as it meets a node that
+// another search has reached.
+bool expand_layer(const Maze *maze, Frontier *frontier, uint8_t *bytes) {
   const MazeNode *nodes = maze_nodes(maze);
   const uint32_t end = frontier->reached.count;
   for (; frontier->cursor < end; frontier->cursor++) {
     const MazeNode &node = nodes[rows<int32_t>(frontier->reached)[frontier->cursor]];
     for (uint32_t r = node.degree; r-- > 0;) {
       uint8_t &byte = bytes[node.nbr[r]];
-      if (byte & frontier->bit) continue;
+      if ((byte & frontier->bit) != 0) continue;
       GrowList_append(&frontier->reached, &node.nbr[r]);
       byte = static_cast<uint8_t>(byte | frontier->bit);
       if (byte != frontier->bit) return true;
@@ -44,21 +45,8 @@ static bool expand_layer(const Maze *maze, Frontier *frontier, uint8_t *bytes) {
   return false;
 }
 
-uint8_t *Maze_reach(const Maze *maze, int32_t start) {
-  assert(start >= 0 && start < maze_count(maze));
-  uint8_t *bytes = zeroed_bytes(maze);
-  Frontier frontier;
-  start_frontier(&frontier, start, 1, bytes);
-  while (frontier.cursor < frontier.reached.count)
-    expand_layer(maze, &frontier, bytes);
-  GrowList_free(&frontier.reached);
-  return bytes;
-}
-
-// Grows the two searches in turn by a layer each. Returns the length of the way, with *out the
-// same, or 0 with the signed size of the side that could not grow.
-static int32_t meet(const Maze *maze, Frontier *from_a, Frontier *from_b, uint8_t *bytes,
-                    int32_t *out) {
+// Expands two searches in turn, a layer each. See Maze_connected for the results.
+int32_t meet(const Maze *maze, Frontier *from_a, Frontier *from_b, uint8_t *bytes, int32_t *out) {
   for (int32_t steps = 1;; steps += 2) {
     if (expand_layer(maze, from_a, bytes)) return *out = steps;
     if (from_a->cursor == from_a->reached.count) {
@@ -73,10 +61,23 @@ static int32_t meet(const Maze *maze, Frontier *from_a, Frontier *from_b, uint8_
   }
 }
 
+} // namespace
+
+uint8_t *Maze_reach(const Maze *maze, int32_t start) {
+  assert(start >= 0 && start < maze_count(maze));
+  uint8_t *bytes = zeroed_bytes(maze);
+  Frontier frontier;
+  start_frontier(&frontier, start, 1, bytes);
+  while (frontier.cursor < frontier.reached.count)
+    expand_layer(maze, &frontier, bytes);
+  GrowList_free(&frontier.reached);
+  return bytes;
+}
+
 int32_t Maze_connected(const Maze *maze, int32_t a, int32_t b, int32_t *out) {
   assert(a >= 0 && a < maze_count(maze) && b >= 0 && b < maze_count(maze));
   int32_t ignored;
-  if (!out) out = &ignored;
+  if (out == nullptr) out = &ignored;
   if (a == b) {
     *out = 0;
     return 1;
@@ -96,7 +97,7 @@ Maze *Maze_reachable_copy(const Maze *maze, int32_t start) {
   uint8_t *reached = Maze_reach(maze, start);
   Maze *copy = Maze_copy(maze, 0);
   for (int32_t i = maze_count(copy); i-- > 0;)
-    if (!reached[i]) Maze_delete_node(copy, i);
+    if (reached[i] == 0u) Maze_delete_node(copy, i);
   std::free(reached);
   return copy;
 }

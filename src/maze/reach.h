@@ -4,15 +4,15 @@
 
 #include "maze/maze.h"
 
-// Breadth-first searches over one maze; they do not pass doors.
+// Breadth-first searches within one maze.
 
-// One byte per node, non-zero where the node can be reached from `start`. The caller frees it.
+// One byte per node, not 0 if the node can be reached from `start`. Free it with std::free.
 uint8_t *Maze_reach(const Maze *maze, int32_t start);
 
-// Length in edges of the shortest way from a to b (1 for a = b), or 0 if there is none. `out`, if
-// not null, gets the length (0 for a = b), or, where there is no way, the node count of the side
-// that was found closed: positive for a's, negative for b's.
+// Number of edges of the shortest path from a to b (1 for a = b), or 0 if there is none. `out`, if
+// not null, gets that number (0 for a = b). Without a path it gets the node count of one component:
+// positive for a's, negative for b's.
 int32_t Maze_connected(const Maze *maze, int32_t a, int32_t b, int32_t *out);
 
-// A shallow copy cut down to what can be reached from `start`; nodes may get new indices.
+// A shallow copy of the component of `start`; nodes can get other indices.
 Maze *Maze_reachable_copy(const Maze *maze, int32_t start);

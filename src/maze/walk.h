@@ -2,26 +2,27 @@
 
 #include "maze/maze.h"
 
-// Walks through a tree of mazes by its links, from holder to held and back by parent and
-// parentnode, so that no depth of the tree is too much. The tree must be well formed, which a
-// shallow copy that shares submazes is not. A whole walk takes time in proportion to the nodes.
+// Traversals of a tree of mazes, without recursion, since a tree can be of any depth. They follow
+// parent and parentnode, so a shallow copy that shares submazes can't be traversed. A whole
+// traversal is linear in the number of nodes.
 
-// The maze that is held by the last node before `end`; null if none of them holds one.
+// The submaze of the last node before `end` that has one; null if none has.
 Maze *Maze_last_child_before(const Maze *maze, int32_t end);
 
-// The maze after `maze` in the tree under `root`: each maze before those that it holds, last holder
-// first. Null behind the last one. Start with `root` itself.
+// The maze after `maze` in the preorder of the tree, where submazes come from the last node to the
+// first. Null after the last maze. Start with `root`.
 Maze *Maze_next(const Maze *root, const Maze *maze);
 
-// Calls visit(maze, i) for the nodes of a maze and, with `recursive`, of all mazes below it: last
-// node first, and a node before those of the maze that it holds when the call returns.
-template <typename Visit> void Maze_each_node(Maze *root, int32_t recursive, const Visit &visit) {
+// Calls visit(maze, i) for the nodes of a maze, last node first. If `recursive`, the nodes of a
+// submaze follow its holder; visit may replace that submaze.
+template <typename Visit> void Maze_each_node(Maze *root, bool recursive, const Visit &visit) {
   Maze *maze = root;
   int32_t i = maze_count(root);
   for (;;) {
     while (i > 0) {
-      visit(maze, --i);
-      Maze *below = recursive != 0 ? maze_nodes(maze)[i].submaze : nullptr;
+      i--;
+      visit(maze, i);
+      Maze *below = recursive ? maze_nodes(maze)[i].submaze : nullptr;
       if (below == nullptr) continue;
       maze = below;
       i = maze_count(below);

@@ -19,7 +19,7 @@ void recs_destroy(intptr_t data, Maze *) {
 
 // `from` is plain, so that a row of its own maze that leads to it is that entry of the list.
 int32_t find_back(Pos from, Pos to) {
-  if (to.maze == from.maze) return MazeNode_row(maze_nodes(to.maze)[to.node], from.node);
+  if (to.maze == from.maze) return MazeNode_find_slot(maze_nodes(to.maze)[to.node], from.node);
   Pos list[pos_max_edges];
   for (int32_t k = Pos_alledges(to.maze, to.node, list, nullptr); k-- > 0;) {
     if (Pos_equal(list[k], from)) return k;

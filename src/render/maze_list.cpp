@@ -59,7 +59,7 @@ void release_parked_of_destroyed() {
 
 MazeList *take_parked(const Maze *maze, const MazeListKind &kind) {
   for (MazeList *&place : parked) {
-    if (place != nullptr && place->maze == maze && ascii_equal(place->kind->name, kind.name))
+    if (place != nullptr && place->maze == maze && ascii_equal_nocase(place->kind->name, kind.name))
       return std::exchange(place, nullptr);
   }
   return nullptr;

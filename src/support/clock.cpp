@@ -27,28 +27,29 @@ uint32_t steady_ticks() {
   return static_cast<uint32_t>(steady_nanoseconds() / 1000000);
 }
 
+ClockSource source = {steady_frequency, steady_counter, steady_ticks};
 double seconds_per_count = 0.0;
 
-double whole(int32_t high, uint32_t low) {
+double join_halves(int32_t high, uint32_t low) {
   return high * 4294967296.0 + low;
 }
 
 double read_counter() {
   int32_t high = 0;
   uint32_t low = 0;
-  clock_source.counter(&high, &low);
-  return whole(high, low) * seconds_per_count;
+  source.counter(&high, &low);
+  return join_halves(high, low) * seconds_per_count;
 }
 
 double read_ticks() {
-  return clock_source.ticks() * 0.001;
+  return source.ticks() * 0.001;
 }
 
 double select_clock() {
   int32_t high = 0;
   uint32_t low = 0;
-  if (clock_source.frequency(&high, &low)) {
-    seconds_per_count = 1.0 / whole(high, low);
+  if (source.frequency(&high, &low)) {
+    seconds_per_count = 1.0 / join_halves(high, low);
     gfx_clock = read_counter;
   } else {
     gfx_clock = read_ticks;
@@ -58,16 +59,17 @@ double select_clock() {
 
 } // namespace
 
-ClockSource clock_source = {steady_frequency, steady_counter, steady_ticks};
+const ClockSource clock_steady = {steady_frequency, steady_counter, steady_ticks};
 
 double (*gfx_clock)() = select_clock;
 
-void clock_reset() {
+void clock_set_source(const ClockSource &chosen) {
+  source = chosen;
   gfx_clock = select_clock;
 }
 
 uint32_t clock_ticks() {
-  return clock_source.ticks();
+  return source.ticks();
 }
 
 uint32_t clock_thread() {

@@ -2,30 +2,30 @@
 
 #include <cstdint>
 
-// What a clock is read from. A platform with a clock of its own, and tests, put theirs here before
-// the first reading.
+// Functions that read a clock. A platform with a clock of its own sets them, and so do tests.
 struct ClockSource {
-  // Counts per second; false if there is no counter.
+  // Counts per second, as two halves; false if there is no counter.
   bool (*frequency)(int32_t *high, uint32_t *low);
   // The running counter.
   void (*counter)(int32_t *high, uint32_t *low);
-  // Milliseconds, wrapping.
+  // Milliseconds; wraps around.
   uint32_t (*ticks)();
 };
-extern ClockSource clock_source;
 
-// Seconds from an arbitrary origin; only differences mean anything. Starts at a selector that
-// picks the counter, or the millisecond ticks where there is none, on the first call.
+// The monotonic clock of the standard library: the default.
+extern const ClockSource clock_steady;
+
+// Sets the source. The next call of gfx_clock chooses between its counter and its ticks again.
+void clock_set_source(const ClockSource &source);
+
+// Seconds from an arbitrary origin; only differences have a meaning. Read from the counter, or from
+// the ticks if there is none.
 extern double (*gfx_clock)();
 
-// Points gfx_clock back at the selector, as at program start.
-void clock_reset();
-
-// Milliseconds since some start, wrapping: the seed of the random numbers.
+// Milliseconds from an arbitrary origin, wrapping around. Seeds the random numbers.
 uint32_t clock_ticks();
 
-// A number that tells the running thread from most others.
+// A number for the running thread; two threads rarely share one.
 uint32_t clock_thread();
 
-// Waits.
 void clock_sleep(int32_t milliseconds);

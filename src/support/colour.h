@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-// Colours are 0xRRGGBB. White is reserved for the node where the user stands; whatever else would
-// come out exactly white is drawn in colour_near_white.
+// Colours are 0xRRGGBB. White is reserved for the user's node; anything else that would be white is
+// drawn in colour_near_white.
 constexpr uint32_t colour_white = 0xFFFFFF;
 constexpr uint32_t colour_near_white = 0xFEFEFE;
 
@@ -17,7 +17,7 @@ constexpr uint8_t colour_blue(uint32_t colour) {
   return static_cast<uint8_t>(colour);
 }
 
-// Packs three channels, each clamped to 0..1 and turned into trunc(255 c + 0.5). NaN counts as 0.
+// Packs three channels, each clamped to 0..1 and converted to trunc(255 c + 0.5). NaN counts as 0.
 uint32_t rgb_colour(double r, double g, double b);
 
 // Adds a signed amount to each channel and clamps it to 0..255.

@@ -12,20 +12,20 @@
 
 namespace {
 
-constexpr int32_t pause = 10;       // milliseconds between two looks
-constexpr int32_t last_wait = 1000; // milliseconds for the system to remove what was killed
+constexpr int32_t poll_interval = 10; // milliseconds
+constexpr int32_t kill_wait = 1000;   // milliseconds for a killed process to end
 
 bool ends_within(pid_t child, int32_t limit_ms) {
   const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(limit_ms);
   while (waitpid(child, nullptr, WNOHANG) == 0) {
     if (std::chrono::steady_clock::now() >= end) return false;
-    clock_sleep(pause);
+    clock_sleep(poll_interval);
   }
   return true;
 }
 
-// Starts the shell in a process group of its own, which would be stopped if it read from the
-// terminal. False if it can't be started.
+// Starts the shell in its own process group, without the terminal as input: a background group that
+// reads from the terminal is stopped. False if it can't be started.
 bool start_shell(std::string line, pid_t *child) {
   char name[] = "sh";
   char option[] = "-c";
@@ -53,6 +53,6 @@ bool command_run(const std::string &line, int32_t limit_ms) {
   pid_t child = 0;
   if (!start_shell(line, &child) || ends_within(child, limit_ms)) return true;
   kill(-child, SIGKILL);
-  ends_within(child, last_wait);
+  ends_within(child, kill_wait);
   return false;
 }

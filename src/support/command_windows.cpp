@@ -4,7 +4,8 @@
 
 #include <windows.h>
 
-// A job holds all that the shell starts. The shell waits for it, so that nothing gets out before.
+// The job contains everything that the shell starts. The shell is created suspended, so that
+// nothing starts outside the job.
 bool command_run(const std::string &line, int32_t limit_ms) {
   const char *shell = std::getenv("COMSPEC");
   std::string words = std::string(shell != nullptr ? shell : "cmd.exe") + " /c " + line;

@@ -13,32 +13,26 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int32_t max_links = 40;
-constexpr const char *temporary_mark = ".new"; // behind the target's name, before the number
-
-// From UTF-8 on every system; a path takes plain characters for the system's own set.
-fs::path path_of(const std::string &name) {
-  return fs::path(std::u8string(name.begin(), name.end()));
-}
+constexpr const char *temporary_mark = ".new"; // between the target's name and the number
 
 std::string numbered(const std::string &stem, int32_t number, const char *ending) {
   return stem + "-" + std::to_string(number) + ending;
 }
 
-// What a chain of symbolic links leads to, though there may be nothing yet; the path itself if it
-// is no link. A chain that goes round in a circle is left somewhere on it.
-std::string behind_links(const char *path) {
-  fs::path at = path_of(path);
+// Resolves symbolic links; the last one may point to nothing. A circle of links gives one of them.
+std::string resolve_links(const char *path) {
+  fs::path at = file_path(path);
   std::error_code error;
   for (int32_t links = 0; links < max_links && fs::is_symlink(at, error); links++)
-    at = at.parent_path() / fs::read_symlink(at, error); // an absolute one replaces all
+    at = at.parent_path() / fs::read_symlink(at, error); // an absolute target replaces all
   return file_utf8(at);
 }
 
-// Whether a temporary is left over from a program that was killed: no save takes so long.
+// Whether a temporary file is so old that its program must have been killed.
 bool is_leftover(const std::string &name) {
   std::error_code error;
-  const auto changed = fs::last_write_time(path_of(name), error);
-  return !error && fs::is_regular_file(fs::symlink_status(path_of(name), error)) &&
+  const auto changed = fs::last_write_time(file_path(name), error);
+  return !error && fs::is_regular_file(fs::symlink_status(file_path(name), error)) &&
          fs::file_time_type::clock::now() - changed > std::chrono::hours(1);
 }
 
@@ -51,51 +45,67 @@ bool is_numbered(std::string_view name, std::string_view stem, std::string_view 
          middle.find_first_not_of("0123456789", 1) == std::string_view::npos;
 }
 
-// Where the names in a folder are looked at.
+// Calls visit(name) for all names in the folder of `stem`.
 template <typename Visit> void each_name(const std::string &stem, const Visit &visit) {
-  const fs::path folder = path_of(stem).parent_path();
+  const fs::path folder = file_path(stem).parent_path();
   std::error_code error;
   fs::directory_iterator at(folder.empty() ? fs::path(".") : folder, error);
   for (; !error && at != fs::directory_iterator(); at.increment(error))
     visit(file_utf8(at->path().filename()));
 }
 
-// Opens the first temporary name that no other program holds.
+// Creates a temporary file under the first unused name.
 void open_exclusively(FileReplacement *file, bool text) {
   const std::string stem = file->target + temporary_mark;
   if (file->flush == FileFlush::wait) file_remove_leftovers(file->target);
   for (int32_t number = 1;; number++) {
     file->temporary = numbered(stem, number, "");
-    file->stream = file_create(file->temporary, text);
+    file->stream = file_create_new(file->temporary, text);
     if (file->stream != nullptr || errno != EEXIST) return;
   }
 }
 
-// Whether the user has made a file that must not be written.
 bool is_read_only(const std::string &name) {
   constexpr fs::perms writing =
       fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
   std::error_code ignored;
-  const fs::file_status status = fs::status(path_of(name), ignored);
+  const fs::file_status status = fs::status(file_path(name), ignored);
   return fs::exists(status) && (status.permissions() & writing) == fs::perms::none;
 }
 
 } // namespace
 
+fs::path file_path(const std::string &name) {
+  return fs::path(
+      std::u8string(name.begin(), name.end())); // a plain string is not UTF-8 everywhere
+}
+
 FILE *file_open(const char *path) {
   std::error_code error;
-  const fs::file_status status = fs::status(path_of(path), error);
+  const fs::file_status status = fs::status(file_path(path), error);
   if (fs::exists(status) && !fs::is_regular_file(status)) {
     errno = fs::is_directory(status) ? EISDIR : ENOTSUP;
     return nullptr;
   }
-  return file_stream(path, "rb");
+  return file_fopen(path, "rb");
+}
+
+void file_close_read(FILE *stream) {
+  const int cause = errno;
+  std::fclose(stream);
+  errno = cause;
+}
+
+long file_size(FILE *stream) {
+  if (std::fseek(stream, 0, SEEK_END) != 0) return -1;
+  const long size = std::ftell(stream);
+  return std::fseek(stream, 0, SEEK_SET) == 0 ? size : -1;
 }
 
 bool file_replace_begin(FileReplacement *file, const char *target, bool text, FileFlush flush) {
   file->flush = flush;
-  file_survive_limits();
-  file->target = behind_links(target);
+  file_ignore_size_signal();
+  file->target = resolve_links(target);
   if (is_read_only(file->target)) {
     errno = EACCES;
     return false;
@@ -108,8 +118,8 @@ bool file_replace_end(FileReplacement *file, bool complete) {
   bool done = complete && std::fflush(file->stream) == 0 &&
               (file->flush == FileFlush::later || file_sync(file->stream));
   int cause = errno;
-  const bool ours = file_is_at(file->stream, file->temporary);
-  if (!ours && done) { // another program can have taken it for a leftover
+  const bool ours = file_is_same(file->stream, file->temporary);
+  if (!ours && done) { // another program has removed it as a leftover
     done = false;
     cause = errno;
   }
@@ -118,13 +128,13 @@ bool file_replace_end(FileReplacement *file, bool complete) {
     cause = errno;
   }
   file->stream = nullptr;
-  std::error_code ignored; // a target that isn't there yet has no permissions
-  const fs::file_status old = fs::status(path_of(file->target), ignored);
+  std::error_code ignored; // a new target has no permissions yet
+  const fs::file_status old = fs::status(file_path(file->target), ignored);
   if (done && fs::exists(old))
-    fs::permissions(path_of(file->temporary), old.permissions(), ignored);
+    fs::permissions(file_path(file->temporary), old.permissions(), ignored);
   if (done && file_rename(file->temporary, file->target, file->flush)) return true;
   if (done) cause = errno;
-  if (ours) fs::remove(path_of(file->temporary), ignored);
+  if (ours) fs::remove(file_path(file->temporary), ignored);
   errno = cause;
   return false;
 }
@@ -138,20 +148,20 @@ bool file_close_written(FILE *stream, bool complete) {
 }
 
 bool file_append_line(const char *path, const char *text) {
-  FILE *file = file_stream(path, "at");
+  FILE *file = file_fopen(path, "at");
   return file != nullptr && file_close_written(file, std::fprintf(file, "%s\n", text) >= 0);
 }
 
-std::string file_free_name(const std::string &stem, const char *ending) {
+std::string file_unused_name(const std::string &stem, const char *ending) {
   for (int32_t number = 1;; number++) {
     std::string name = numbered(stem, number, ending);
     std::error_code ignored;
-    if (!fs::exists(fs::symlink_status(path_of(name), ignored))) return name;
+    if (!fs::exists(fs::symlink_status(file_path(name), ignored))) return name;
   }
 }
 
 std::vector<std::string> file_numbered_names(const std::string &stem, const char *ending) {
-  const std::string start = file_utf8(path_of(stem).filename());
+  const std::string start = file_utf8(file_path(stem).filename());
   std::vector<std::string> names;
   each_name(stem, [&](const std::string &name) {
     if (is_numbered(name, start, ending)) names.push_back(stem + name.substr(start.size()));
@@ -159,13 +169,13 @@ std::vector<std::string> file_numbered_names(const std::string &stem, const char
   return names;
 }
 
-std::string file_rename_free(const std::string &name, const char *stem, const char *ending) {
-  const std::string free_name = file_free_name(stem, ending);
+std::string file_rename_unused(const std::string &name, const char *stem, const char *ending) {
+  const std::string free_name = file_unused_name(stem, ending);
   return file_rename(name, free_name) ? free_name : std::string();
 }
 
 void file_remove_leftovers(const std::string &prefix) {
-  const std::string start = file_utf8(path_of(prefix).filename());
+  const std::string start = file_utf8(file_path(prefix).filename());
   std::vector<std::string> names;
   each_name(prefix, [&](const std::string &name) {
     const size_t mark = name.rfind(temporary_mark);
@@ -180,7 +190,7 @@ void file_remove_leftovers(const std::string &prefix) {
 std::string file_data_folder() {
   const std::string root = file_data_root();
   if (root.empty()) return {};
-  const fs::path folder = path_of(root) / "vorel";
+  const fs::path folder = file_path(root) / "vorel";
   std::error_code error;
   fs::create_directories(folder, error);
   return fs::is_directory(folder, error) ? file_utf8(folder) : std::string();
@@ -194,6 +204,6 @@ std::string file_temporary_folder() {
 
 bool file_remove(const std::string &name) {
   std::error_code error;
-  fs::remove(path_of(name), error);
+  fs::remove(file_path(name), error);
   return !error;
 }

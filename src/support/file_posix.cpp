@@ -11,7 +11,7 @@
 
 namespace {
 
-// The file system may have nothing to flush, so that failures tell nothing.
+// Some file systems can't flush a folder, so failures are ignored.
 void sync_folder_of(const std::string &name) {
   const size_t slash = name.rfind('/');
   const std::string folder = slash == std::string::npos ? "." : name.substr(0, slash + 1);
@@ -31,7 +31,7 @@ std::string file_utf8(const std::filesystem::path &path) {
   return path.string();
 }
 
-FILE *file_stream(const std::string &name, const char *mode) {
+FILE *file_fopen(const std::string &name, const char *mode) {
   FILE *file = nullptr;
   do
     file = std::fopen(name.c_str(), mode);
@@ -39,8 +39,8 @@ FILE *file_stream(const std::string &name, const char *mode) {
   return file;
 }
 
-FILE *file_create(const std::string &name, bool text) {
-  return file_stream(name, text ? "wtx" : "wbx");
+FILE *file_create_new(const std::string &name, bool text) {
+  return file_fopen(name, text ? "wtx" : "wbx");
 }
 
 bool file_rename(const std::string &from, const std::string &to, FileFlush flush) {
@@ -57,7 +57,7 @@ void file_sync_begin(FILE *stream) {
   sync_file_range(fileno(stream), 0, 0, SYNC_FILE_RANGE_WRITE);
 }
 
-bool file_is_at(FILE *stream, const std::string &name) {
+bool file_is_same(FILE *stream, const std::string &name) {
   struct stat open_file, named;
   if (fstat(fileno(stream), &open_file) != 0) return false;
   if (lstat(name.c_str(), &named) != 0) {
@@ -83,7 +83,7 @@ void file_open_standard_streams() {
     if (fcntl(stream, F_GETFD) < 0 && open("/dev/null", O_RDWR) != stream) return;
 }
 
-void file_survive_limits() {
+void file_ignore_size_signal() {
   std::signal(SIGXFSZ, SIG_IGN);
 }
 
@@ -94,10 +94,10 @@ FileIdentity file_identity(const std::string &name) {
   return {status.st_dev, status.st_ino, static_cast<uint64_t>(status.st_size), time, true};
 }
 
-// A file system without locks has no way to tell that another program uses the file.
+// Where the file system has no locks, the lock succeeds.
 FileLock *file_lock(const std::string &name) {
   int descriptor =
-      open(name.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK); // some network drives ask for writing
+      open(name.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK); // needed by some network drives
   if (descriptor < 0) descriptor = open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (descriptor < 0) return nullptr;
   if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
@@ -114,7 +114,7 @@ void file_unlock(FileLock *lock) {
   delete lock;
 }
 
-// By the XDG base directory rules, which ignore relative names.
+// XDG base directory specification: relative names are ignored.
 std::string file_data_root() {
   const char *data = std::getenv("XDG_DATA_HOME");
   if (data != nullptr && data[0] == '/') return data;

@@ -17,16 +17,11 @@ namespace {
 constexpr int32_t rename_tries = 10;
 constexpr int32_t rename_wait = 50; // milliseconds
 
-// Names are UTF-8 here and UTF-16 for the system.
-std::filesystem::path path_of(const std::string &name) {
-  return std::u8string(name.begin(), name.end());
-}
-
 std::wstring wide(const std::string &name) {
-  return path_of(name).wstring();
+  return file_path(name).wstring();
 }
 
-uint64_t whole(DWORD high, DWORD low) {
+uint64_t join_halves(DWORD high, DWORD low) {
   return uint64_t{high} << 32 | low;
 }
 
@@ -46,11 +41,11 @@ std::string file_utf8(const std::filesystem::path &path) {
   return utf8;
 }
 
-FILE *file_stream(const std::string &name, const char *mode) {
+FILE *file_fopen(const std::string &name, const char *mode) {
   return _wfopen(wide(name).c_str(), wide(mode).c_str());
 }
 
-FILE *file_create(const std::string &name, bool text) {
+FILE *file_create_new(const std::string &name, bool text) {
   const int flags = _O_CREAT | _O_EXCL | _O_WRONLY | (text ? _O_TEXT : _O_BINARY);
   const int file = _wopen(wide(name).c_str(), flags, _S_IREAD | _S_IWRITE);
   if (file < 0) return nullptr;
@@ -63,15 +58,15 @@ bool file_sync(FILE *stream) {
   return _commit(_fileno(stream)) == 0;
 }
 
-// Nobody can rename or delete what is open, so that a name that is there is still its own.
-bool file_is_at(FILE *, const std::string &name) {
+// An open file can't be renamed or deleted here, so a name that exists is still the file's.
+bool file_is_same(FILE *, const std::string &name) {
   std::error_code error;
-  if (std::filesystem::exists(path_of(name), error)) return true;
+  if (std::filesystem::exists(file_path(name), error)) return true;
   errno = EBUSY;
   return false;
 }
 
-void file_sync_begin(FILE *) {} // the system begins by itself
+void file_sync_begin(FILE *) {} // the system starts by itself
 
 FileIdentity file_identity(const std::string &name) {
   const DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -83,12 +78,12 @@ FileIdentity file_identity(const std::string &name) {
   CloseHandle(file);
   if (!known) return {};
   const FILETIME &time = found.ftLastWriteTime;
-  return {found.dwVolumeSerialNumber, whole(found.nFileIndexHigh, found.nFileIndexLow),
-          whole(found.nFileSizeHigh, found.nFileSizeLow),
-          static_cast<int64_t>(whole(time.dwHighDateTime, time.dwLowDateTime)), true};
+  return {found.dwVolumeSerialNumber, join_halves(found.nFileIndexHigh, found.nFileIndexLow),
+          join_halves(found.nFileSizeHigh, found.nFileSizeLow),
+          static_cast<int64_t>(join_halves(time.dwHighDateTime, time.dwLowDateTime)), true};
 }
 
-// Who opens a file for writing and shares only reading is the only one who can do so.
+// Opening for writing while sharing only reading excludes others that do the same.
 FileLock *file_lock(const std::string &name) {
   const HANDLE handle = CreateFileW(wide(name).c_str(), GENERIC_READ | GENERIC_WRITE,
                                     FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -111,18 +106,17 @@ std::string file_data_root() {
   return file_utf8(data);
 }
 
-// Programs that look through new files, such as virus scanners, hold them for a moment. The library
-// tells of a new name that is held as a refusal, but of an old one as a fault of the disk.
-// The system keeps its folders whole by itself.
+// Virus scanners hold new files open for a moment, so retry. std::filesystem reports a locked
+// target as access denied and a locked source as an I/O error. Folders need no flush here.
 bool file_rename(const std::string &from, const std::string &to, FileFlush flush) {
-  const int32_t max_tries = flush == FileFlush::wait ? rename_tries : 1; // the caller tries again
+  const int32_t max_tries = flush == FileFlush::wait ? rename_tries : 1; // else the caller retries
   for (int32_t tries = 0; tries < max_tries; tries++) {
     if (tries > 0) clock_sleep(rename_wait);
     std::error_code error, unknown;
-    std::filesystem::rename(path_of(from), path_of(to), error);
+    std::filesystem::rename(file_path(from), file_path(to), error);
     if (!error) return true;
     errno = error == std::errc::io_error ? EACCES : error.default_error_condition().value();
-    if (!std::filesystem::exists(path_of(from), unknown) && !unknown) {
+    if (!std::filesystem::exists(file_path(from), unknown) && !unknown) {
       errno = ENOENT;
       break;
     }
@@ -130,7 +124,7 @@ bool file_rename(const std::string &from, const std::string &to, FileFlush flush
   return false;
 }
 
-// A file can be sparse by name alone, and one that is packed takes less than its length too.
+// Sparse files need not have holes, and compressed files also take less than their length.
 bool file_has_holes(FILE *stream) {
   const HANDLE file = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
   FILE_BASIC_INFO basic = {};
@@ -141,6 +135,6 @@ bool file_has_holes(FILE *stream) {
          standard.AllocationSize.QuadPart < standard.EndOfFile.QuadPart;
 }
 
-void file_open_standard_streams() {} // files and connections don't take their place
+void file_open_standard_streams() {} // descriptors are not reused here
 
-void file_survive_limits() {} // there are none that end a program
+void file_ignore_size_signal() {} // there is no such signal

@@ -22,7 +22,7 @@ void *row_address(const GrowList *list, uint32_t index) {
   return static_cast<char *>(list->data) + static_cast<size_t>(index) * list->elemsize;
 }
 
-// Capacity that leaves `count` rows about a quarter of room.
+// `count` and a quarter.
 uint32_t capacity_for(const GrowList *list, double count) {
   const double capacity = count / (0.005 * list->growth + 0.5);
   assert(capacity <= UINT32_MAX);
@@ -35,7 +35,7 @@ void set_data(GrowList *list, void *data, uint32_t capacity) {
   if (list->mirror != nullptr) *list->mirror = data;
 }
 
-// Moves the rows in use to a fresh block and returns the old one, which the caller releases.
+// Copies the rows to a new block and returns the old one, which the caller frees.
 void *take_block(GrowList *list, void *fresh, uint32_t capacity) {
   assert(capacity >= list->count);
   void *old = list->data;
@@ -80,7 +80,7 @@ uint32_t GrowList_append_many(GrowList *list, const void *row_block, uint32_t m)
   }
   std::memcpy(row_address(list, first), row_block, static_cast<size_t>(m) * list->elemsize);
   list->count += m;
-  std::free(old); // only now, since the rows copied may lie in it
+  std::free(old); // after the copy, since `row_block` may be in it
   return first;
 }
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Signed cofactor of entry (i, j): the cyclic indices bring the sign with them.
+// Signed cofactor of entry (i, j). Cyclic indices give the sign.
 double cofactor(const Mat3 &a, int i, int j) {
   const int i1 = (i + 1) % 3;
   const int i2 = (i + 2) % 3;
@@ -14,7 +14,7 @@ double cofactor(const Mat3 &a, int i, int j) {
   return a.m[i1][j1] * a.m[i2][j2] - a.m[i1][j2] * a.m[i2][j1];
 }
 
-// A new matrix whose entry (i, j) is entry(i, j).
+// The matrix with entry(i, j) at (i, j).
 template <typename Entry> Mat3 each_entry(Entry entry) {
   Mat3 result;
   for (int i = 0; i < 3; i++) {
@@ -128,7 +128,7 @@ double Mat3_max_abs(const Mat3 &a) {
 Mat3 Mat3_exp(const Mat3 &a) {
   Mat3 sum = mat3_identity;
   Mat3 term = a;
-  // Once the sum has overflowed the terms need not get small any more.
+  // The terms may never get small once the sum has overflowed.
   for (int k = 2; !(Mat3_max_abs(term) <= 1e-15) && std::isfinite(Mat3_max_abs(sum)); k++) {
     sum = sum + term;
     term = term * a / k;

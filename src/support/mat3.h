@@ -2,7 +2,7 @@
 
 #include "support/vec3.h"
 
-// Nine numbers, row by row.
+// A 3 x 3 matrix, m[row][column].
 struct Mat3 {
   double m[3][3];
 };
@@ -22,7 +22,7 @@ Vec3 Mat3_row(const Mat3 &a, int row);
 Mat3 Mat3_transpose(const Mat3 &a);
 double Mat3_determinant(const Mat3 &a);
 
-// By cofactors. The determinant is not tested for zero.
+// By cofactors. A determinant of 0 gives entries that are not finite.
 Mat3 Mat3_inverse(const Mat3 &a);
 
 // Entry (i, j) is a[i] * b[j].
@@ -40,6 +40,6 @@ Mat3 Mat3_rotation(Vec3 v);
 // The largest absolute entry; NaN if any entry is NaN.
 double Mat3_max_abs(const Mat3 &a);
 
-// Matrix exponential: a Taylor series, summed until every entry of the next term is at most 1e-15
-// in absolute value. Entries too large for that, or NaN, give a result that is not finite.
+// Matrix exponential: the Taylor series up to the first term whose entries are all at most 1e-15 in
+// absolute value. The result is not finite if the sum overflows or an entry is NaN.
 Mat3 Mat3_exp(const Mat3 &a);

@@ -8,21 +8,20 @@
 
 namespace {
 
-constexpr size_t reserve_size = size_t{4} << 20; // bytes; freed for the ending
+constexpr size_t reserve_size = size_t{4} << 20; // bytes
 
 void *reserve;
 bool ending;
 uint32_t main_thread;
+void (*save_work)();
 
-// Threads of the graphics driver get an error instead: they can't save, and the tree isn't theirs.
+// Other threads, which are the graphics driver's, get an exception: they must not save the session.
 void new_failed() {
   if (clock_thread() == main_thread) memory_exhausted();
   std::set_new_handler(nullptr);
 }
 
 } // namespace
-
-void (*memory_save)() = nullptr;
 
 void memory_begin() {
   reserve = std::malloc(reserve_size);
@@ -42,11 +41,15 @@ void *memory_zeroed(size_t bytes) {
   return block;
 }
 
+void memory_set_save(void (*save)()) {
+  save_work = save;
+}
+
 void memory_exhausted() {
   if (ending) std::_Exit(1);
   ending = true;
   std::free(reserve);
-  if (memory_save != nullptr) memory_save();
+  if (save_work != nullptr) save_work();
   report_sentence("there is no memory left, so the program ends: close other programs and start it "
                   "again");
   std::exit(1);

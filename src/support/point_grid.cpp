@@ -7,14 +7,13 @@
 
 namespace {
 
-constexpr double farthest = 1e9;
-constexpr double cells_per_point = 8.0; // at most, so that sparse points don't fill the memory
+constexpr double max_coordinate = 1e9;
+constexpr double max_cells_per_point = 8.0; // limits the memory for sparse points
 
 struct Cell {
   int32_t x, y, z;
 };
 
-// Cells along one axis from its extent.
 double axis_cells(double extent, double cells_per_unit) {
   return std::floor(extent * cells_per_unit) + 1.0;
 }
@@ -38,35 +37,35 @@ int32_t cell_of(const PointGrid *grid, Vec3 p) {
       grid, {static_cast<int32_t>(at.x), static_cast<int32_t>(at.y), static_cast<int32_t>(at.z)});
 }
 
-// Sorts by counting: cells in order, and the points of a cell in theirs.
+// Counting sort by cell; keeps the order of the points in a cell.
 void sort_points(PointGrid *grid, const std::vector<Vec3> &points) {
   const size_t cells =
       static_cast<size_t>(grid->nx) * static_cast<size_t>(grid->ny) * static_cast<size_t>(grid->nz);
   grid->start.assign(cells + 1, 0);
   for (const Vec3 p : points)
-    ++grid->start[static_cast<size_t>(cell_of(grid, p)) + 1];
-  for (size_t c = 0; c < cells; ++c)
+    grid->start[static_cast<size_t>(cell_of(grid, p)) + 1]++;
+  for (size_t c = 0; c < cells; c++)
     grid->start[c + 1] += grid->start[c];
   grid->order.resize(points.size());
   grid->points.resize(points.size());
   std::vector<int32_t> next = grid->start;
-  for (size_t i = 0; i < points.size(); ++i) {
+  for (size_t i = 0; i < points.size(); i++) {
     const auto entry = static_cast<size_t>(next[static_cast<size_t>(cell_of(grid, points[i]))]++);
     grid->order[entry] = static_cast<int32_t>(i);
     grid->points[entry] = points[i];
   }
 }
 
-// The best point so far.
+// The nearest point so far.
 struct Best {
   double distance_squared;
   int32_t index;
 };
 
-// Looks through neighbouring cells of one row, from `first` to `last`.
+// Searches the adjacent cells `first` to `last` of one row along x.
 void search_cells(const PointGrid *grid, int32_t first, int32_t last, Vec3 p, Best *best) {
   const int32_t end = grid->start[static_cast<size_t>(last) + 1];
-  for (int32_t entry = grid->start[static_cast<size_t>(first)]; entry < end; ++entry) {
+  for (int32_t entry = grid->start[static_cast<size_t>(first)]; entry < end; entry++) {
     const auto at = static_cast<size_t>(entry);
     const double distance = length_squared(grid->points[at] - p);
     if (distance > best->distance_squared) continue;
@@ -82,16 +81,17 @@ bool PointGrid_build(PointGrid *grid, const std::vector<Vec3> &points) {
   Vec3 low = points[0];
   Vec3 high = points[0];
   for (const Vec3 p : points) {
-    if (!(std::abs(p.x) <= farthest && std::abs(p.y) <= farthest && std::abs(p.z) <= farthest))
+    if (!(std::abs(p.x) <= max_coordinate && std::abs(p.y) <= max_coordinate &&
+          std::abs(p.z) <= max_coordinate))
       return false;
     low = {std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z)};
     high = {std::max(high.x, p.x), std::max(high.y, p.y), std::max(high.z, p.z)};
   }
   const Vec3 extent = high - low;
-  const double most = cells_per_point * static_cast<double>(points.size());
+  const double max_cells = max_cells_per_point * static_cast<double>(points.size());
   grid->low = low;
   grid->cells_per_unit = 1.0;
-  while (all_cells(extent, grid->cells_per_unit) > most)
+  while (all_cells(extent, grid->cells_per_unit) > max_cells)
     grid->cells_per_unit *= 0.75;
   grid->nx = static_cast<int32_t>(axis_cells(extent.x, grid->cells_per_unit));
   grid->ny = static_cast<int32_t>(axis_cells(extent.y, grid->cells_per_unit));
@@ -114,8 +114,8 @@ int32_t PointGrid_nearest(const PointGrid *grid, Vec3 p, double limit_squared) {
   const Cell high = {std::min(middle.x + 1, grid->nx - 1), std::min(middle.y + 1, grid->ny - 1),
                      std::min(middle.z + 1, grid->nz - 1)};
   Best best = {limit_squared, -1};
-  for (int32_t z = low.z; z <= high.z; ++z)
-    for (int32_t y = low.y; y <= high.y; ++y)
+  for (int32_t z = low.z; z <= high.z; z++)
+    for (int32_t y = low.y; y <= high.y; y++)
       search_cells(grid, cell_index(grid, {low.x, y, z}), cell_index(grid, {high.x, y, z}), p,
                    &best);
   return best.index;

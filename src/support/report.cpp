@@ -10,20 +10,18 @@
 
 void (*report_handler)(report_frame *frame) = report_print;
 int32_t report_no_wait = 0;
-void (*report_sleep)(int32_t milliseconds) = clock_sleep;
-uint32_t (*report_thread)() = clock_thread;
-void (*report_tell)(const char *sentence) = nullptr;
 
 namespace {
 
 constexpr const char *source = "report";
-constexpr int32_t fatal_wait = 2500; // milliseconds: the text would be gone otherwise
+constexpr int32_t fatal_wait = 2500; // milliseconds, for the user to read the text
 constexpr size_t sentence_size = 1024;
 constexpr int32_t line_empty_stack = 92;
 constexpr int32_t line_unknown_type = 126;
 
 GrowList report_stack; // of report_frame; its data is null before the first report
-double first_report;   // seconds
+double first_report;   // time, in seconds
+ReportHooks hooks;
 
 report_frame *top_frame() {
   return &rows<report_frame>(report_stack)[report_stack.count - 1];
@@ -34,7 +32,7 @@ void push_blank() {
   GrowList_append(&report_stack, &blank);
 }
 
-// The frame stays usable: a warning that is put on it must not leave it with a released text.
+// A warning may be pushed onto this frame, so it must not keep a dangling text.
 void release_text(report_frame *frame) {
   if (frame->owns_text == 0) return;
   std::free(frame->text);
@@ -47,7 +45,7 @@ void pop_frame() {
   GrowList_remove(&report_stack, report_stack.count - 1);
 }
 
-int32_t hand_over() {
+int32_t handle_top() {
   if (report_handler != nullptr) report_handler(top_frame());
   return top_frame()->answer;
 }
@@ -64,7 +62,7 @@ void end_operation() {
     report_fatal(source, line_empty_stack, "Trying to pop empty stack in report_inner");
   pop_frame();
   top_frame()->type = report_end;
-  hand_over();
+  handle_top();
   release_text(top_frame());
   *top_frame() = {};
 }
@@ -72,7 +70,7 @@ void end_operation() {
 void stamp(report_frame *frame, const char *file, int32_t line) {
   frame->file = file;
   frame->line = line;
-  frame->thread = report_thread();
+  frame->thread = hooks.thread();
   frame->time = gfx_clock();
 }
 
@@ -100,11 +98,11 @@ int32_t ask_yes_no(const char *text) {
   std::printf("%s (Y/N) ", text);
   std::fflush(stdout);
   char word[32];
-  if (std::scanf("%31s%*[^ \t\n]", word) < 1) return 0; // the rest of a long word answers nothing
+  if (std::scanf("%31s%*[^ \t\n]", word) < 1) return 0; // also skips the rest of a long word
   return ascii_lower(word[0]) == 'y' ? 1 : 0;
 }
 
-const char *words_of(const report_frame *frame) {
+const char *text_of(const report_frame *frame) {
   return frame->text == nullptr ? "" : frame->text;
 }
 
@@ -126,16 +124,20 @@ int32_t report_inner(const char *file, int32_t line, int32_t type, const char *t
     GrowList_append(&report_stack, &frame);
   else
     *top_frame() = frame;
-  const int32_t answer = hand_over();
+  const int32_t answer = handle_top();
   if (type == report_begin) push_blank();
   if (type == report_error) std::exit(1);
   if (passing) pop_frame();
   return answer;
 }
 
+void report_set_hooks(const ReportHooks &chosen) {
+  hooks = chosen;
+}
+
 void report_fatal(const char *where, int32_t line, const char *text) {
   report_inner(where, line, report_error, text, 0);
-  std::abort(); // the report has ended the program
+  std::abort(); // not reached: the report ends the program
 }
 
 void report_set_progress(const char *file, int32_t line, double progress, double progress_total) {
@@ -145,26 +147,26 @@ void report_set_progress(const char *file, int32_t line, double progress, double
   stamp(frame, file, line);
   frame->progress = progress;
   frame->progress_total = progress_total;
-  hand_over();
+  handle_top();
 }
 
 void report_print(report_frame *frame) {
   switch (frame->type) {
   case report_error:
-    std::printf("\n[FATAL ERROR] %s\n", words_of(frame));
+    std::printf("\n[FATAL ERROR] %s\n", text_of(frame));
     std::fflush(stdout);
-    report_sleep(fatal_wait);
+    hooks.sleep(fatal_wait);
     break;
   case report_warning:
-    std::printf("\n[WARNING] %s\nPress any key to continue program\n", words_of(frame));
+    std::printf("\n[WARNING] %s\nPress any key to continue program\n", text_of(frame));
     std::fflush(stdout);
     if (report_no_wait == 0) std::getchar();
     break;
   case report_question:
-    frame->answer = ask_yes_no(words_of(frame));
+    frame->answer = ask_yes_no(text_of(frame));
     break;
   default:
-    std::printf("%s", words_of(frame));
+    std::printf("%s", text_of(frame));
     print_progress(frame->progress, frame->progress_total);
     std::printf("\n");
   }
@@ -174,10 +176,6 @@ double report_elapsed() {
   return report_stack.data == nullptr ? 0.0 : gfx_clock() - first_report;
 }
 
-uint32_t report_depth() {
-  return report_stack.count;
-}
-
 void report_sentence(const char *format, ...) {
   char sentence[sentence_size];
   std::va_list arguments;
@@ -185,5 +183,5 @@ void report_sentence(const char *format, ...) {
   std::vsnprintf(sentence, sizeof sentence, format, arguments);
   va_end(arguments);
   std::fprintf(stderr, "vorel: %s\n", sentence);
-  if (report_tell != nullptr) report_tell(sentence);
+  if (hooks.show != nullptr) hooks.show(sentence);
 }

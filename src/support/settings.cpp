@@ -11,11 +11,11 @@
 
 namespace {
 
-// An owned copy of the text from `from` to before `to` without white space at its ends.
+// An owned copy of [from, to) without white space at its ends.
 char *trimmed_copy(const char *from, const char *to) {
-  while (from < to && ascii_space(*from))
+  while (from < to && ascii_is_space(*from))
     from++;
-  while (from < to && ascii_space(to[-1]))
+  while (from < to && ascii_is_space(to[-1]))
     to--;
   const size_t length = static_cast<size_t>(to - from);
   char *copy = static_cast<char *>(memory_block(length + 1));
@@ -39,9 +39,8 @@ void append_entry(Settings *list, const char *key, const char *value) {
   GrowList_append(list, &entry);
 }
 
-// Some editors put a mark before the text, which would make a part of the first key, or write in
-// two bytes a letter, of which nothing would be understood. False, with errno, for the latter.
-bool pass_byte_order_mark(FILE *stream) {
+// Skips the byte order mark that some editors put before UTF-8. False, with errno, for UTF-16.
+bool skip_byte_order_mark(FILE *stream) {
   unsigned char mark[3] = {};
   const size_t length = std::fread(mark, 1, sizeof mark, stream);
   if (length >= 2 &&
@@ -64,15 +63,13 @@ bool Settings_load(Settings *list, const char *path, char separator) {
     return reason == ENOENT;
   }
   const bool read = Settings_read(list, file, separator);
-  const int cause = errno;
-  std::fclose(file);
-  errno = cause;
+  file_close_read(file);
   return read;
 }
 
 bool Settings_read(Settings *list, FILE *stream, char separator) {
   GrowList_init(list, sizeof(SettingsEntry));
-  if (!pass_byte_order_mark(stream)) return false;
+  if (!skip_byte_order_mark(stream)) return false;
   for (char *line = file_read_line(stream); line != nullptr; line = file_read_line(stream)) {
     append_line(list, line, separator);
     std::free(line);
@@ -86,7 +83,7 @@ const char *Settings_get(const Settings *list, const char *key) {
   for (uint32_t i = list->count; i-- > 0;) {
     const SettingsEntry &entry = rows<SettingsEntry>(*list)[i];
     const size_t length = std::strlen(entry.key);
-    if (length >= shortest || !ascii_begins(entry.key, key)) continue;
+    if (length >= shortest || !ascii_starts_with_nocase(entry.key, key)) continue;
     shortest = length;
     value = entry.value;
   }
@@ -96,7 +93,7 @@ const char *Settings_get(const Settings *list, const char *key) {
 void Settings_set(Settings *list, const char *key, const char *value) {
   for (uint32_t i = list->count; i-- > 0;) {
     SettingsEntry &entry = rows<SettingsEntry>(*list)[i];
-    if (!ascii_begins(entry.key, key)) continue;
+    if (!ascii_starts_with_nocase(entry.key, key)) continue;
     string_assign(&entry.value, value);
     return;
   }
@@ -105,7 +102,7 @@ void Settings_set(Settings *list, const char *key, const char *value) {
 
 void Settings_default(Settings *list, const char *key, const char *value) {
   for (uint32_t i = list->count; i-- > 0;)
-    if (ascii_equal(rows<SettingsEntry>(*list)[i].key, key)) return;
+    if (ascii_equal_nocase(rows<SettingsEntry>(*list)[i].key, key)) return;
   append_entry(list, key, value);
 }
 

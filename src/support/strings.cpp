@@ -5,6 +5,27 @@
 
 #include "support/memory.h"
 
+namespace {
+
+// Reads up to and past a NUL or one of the characters in `ends`; `ending` gets that character, or
+// EOF. The caller frees the text, which is without it.
+char *read_until(FILE *stream, const char *ends, int *ending) {
+  std::fpos_t start;
+  std::fgetpos(stream, &start);
+  size_t length = 0;
+  // strchr also finds the NUL at the end of `ends`.
+  for (int c = std::fgetc(stream); c != EOF && std::strchr(ends, c) == nullptr;
+       c = std::fgetc(stream))
+    length++;
+  char *text = static_cast<char *>(memory_block(length + 1));
+  std::fsetpos(stream, &start);
+  text[std::fread(text, 1, length, stream)] = '\0';
+  *ending = std::fgetc(stream);
+  return text;
+}
+
+} // namespace
+
 size_t str_dup_into(char **slot, const char *text) {
   const size_t length = std::strlen(text);
   *slot = static_cast<char *>(memory_block(length + 1));
@@ -15,7 +36,7 @@ size_t str_dup_into(char **slot, const char *text) {
 size_t string_assign(char **slot, const char *text) {
   char *old = *slot;
   const size_t length = str_dup_into(slot, text);
-  std::free(old); // only now, since the text may be the slot's own
+  std::free(old); // after the copy, since `text` may be a part of it
   return length;
 }
 
@@ -23,7 +44,7 @@ int ascii_lower(int c) {
   return c >= 'A' && c <= 'Z' ? c + 32 : c;
 }
 
-bool ascii_equal(const char *a, const char *b) {
+bool ascii_equal_nocase(const char *a, const char *b) {
   while (*a != '\0' && ascii_lower(*a) == ascii_lower(*b)) {
     a++;
     b++;
@@ -31,28 +52,12 @@ bool ascii_equal(const char *a, const char *b) {
   return ascii_lower(*a) == ascii_lower(*b);
 }
 
-bool ascii_begins(const char *text, const char *start) {
+bool ascii_starts_with_nocase(const char *text, const char *start) {
   while (*start != '\0' && ascii_lower(*text) == ascii_lower(*start)) {
     text++;
     start++;
   }
   return *start == '\0';
-}
-
-// Reads up to and past the next NUL or one of the characters in `ends`; `ending` gets which, EOF at
-// the end of the file. The text before it is the caller's.
-static char *read_until(FILE *stream, const char *ends, int *ending) {
-  std::fpos_t start;
-  std::fgetpos(stream, &start);
-  size_t length = 0;
-  for (int c = std::fgetc(stream); c != EOF && std::strchr(ends, c) == nullptr;
-       c = std::fgetc(stream)) // which finds a NUL too
-    length++;
-  char *text = static_cast<char *>(memory_block(length + 1));
-  std::fsetpos(stream, &start);
-  text[std::fread(text, 1, length, stream)] = '\0';
-  *ending = std::fgetc(stream);
-  return text;
 }
 
 char *file_read_line(FILE *stream) {

@@ -7,7 +7,7 @@ struct Vec3 {
   double x, y, z;
 };
 
-// The same in single precision, as the graphics card gets it.
+// The same in single precision, as sent to the graphics card.
 struct Vec3f {
   float x, y, z;
 };

@@ -237,7 +237,7 @@ Font *font_make_blank(const char *name) {
   const uint32_t scanned = fonts.count;
   for (uint32_t i = fonts.count; i-- > 0;) {
     Font *font = rows<Font *>(fonts)[i];
-    if (ascii_equal(font->name, name)) font_delete(font);
+    if (ascii_equal_nocase(font->name, name)) font_delete(font);
   }
   const uint8_t pixel[3] = {1, 1, 1};
   glGenTextures(1, &blank->texture);

@@ -156,7 +156,7 @@ int32_t measure(const char *text, const char *end) {
 // Whether the word behind the space would pass the edge.
 bool word_passes(const Pen *pen, const char *word, float left) {
   const char *end = word;
-  while (*end != '\0' && !ascii_space(*end))
+  while (*end != '\0' && !ascii_is_space(*end))
     end += text_form_length(byte_at(end));
   return left + static_cast<float>(measure(word, end)) > pen->wrap_x;
 }

@@ -77,12 +77,12 @@ bool is_letter(char c) {
 // No letter's name begins like a variant's, so it doesn't matter which are tried first.
 uint32_t greek_glyph(const char *text, size_t *length) {
   for (uint32_t i = 0; i < greek_count; i++) {
-    if (!ascii_begins(text, greek_names[i])) continue;
+    if (!ascii_starts_with_nocase(text, greek_names[i])) continue;
     *length = std::strlen(greek_names[i]);
     return greek_first + i + (*text < 'a' ? greek_count : 0);
   }
   for (uint32_t i = variant_count; i-- > 0;) {
-    if (!ascii_begins(text, variant_names[i])) continue;
+    if (!ascii_starts_with_nocase(text, variant_names[i])) continue;
     *length = std::strlen(variant_names[i]);
     return variant_first + i;
   }
@@ -194,7 +194,7 @@ void replace_scripts(char *text, uint32_t depth) {
 
 const Tag *tag_at(const char *text) {
   for (const Tag &tag : tags)
-    if (ascii_begins(text, tag.start)) return &tag;
+    if (ascii_starts_with_nocase(text, tag.start)) return &tag;
   return nullptr;
 }
 

@@ -26,7 +26,7 @@ constexpr double score_of_other_base = -1000.0;
 Font *font_named(const std::string &name) {
   for (uint32_t i = 0; i < fonts.count; i++) {
     Font *font = rows<Font *>(fonts)[i];
-    if (ascii_equal(font->name, name.c_str())) return font;
+    if (ascii_equal_nocase(font->name, name.c_str())) return font;
   }
   return nullptr;
 }
@@ -86,7 +86,7 @@ constexpr Weight weights[] = {{"demibold", 0.03, 1.0}, {"bold", 0.05, 1.1}, {"bl
 
 bool apply_weight(FontStyle *style, const char *key) {
   for (const Weight &weight : weights)
-    if (ascii_equal(key, weight.word)) {
+    if (ascii_equal_nocase(key, weight.word)) {
       add_to(&style->boldness, weight.bolder);
       scale_by(&style->width_scale, weight.wider);
       return true;
@@ -96,7 +96,7 @@ bool apply_weight(FontStyle *style, const char *key) {
 
 // The attributes that are words by themselves. False for any other.
 bool apply_word(FontStyle *style, const char *key) {
-  const auto is = [key](const char *word) { return ascii_equal(key, word); };
+  const auto is = [key](const char *word) { return ascii_equal_nocase(key, word); };
   const bool enlarges = is("big");
   if (is("normal")) {
     Font *base = style->base;
@@ -115,7 +115,7 @@ bool apply_word(FontStyle *style, const char *key) {
 }
 
 void apply_value(FontStyle *style, const char *key, const Value &value) {
-  const auto is = [key](const char *word) { return ascii_equal(key, word); };
+  const auto is = [key](const char *word) { return ascii_equal_nocase(key, word); };
   const double cell = style->base->height;
   const bool both = is("scale") || is("size");
   if (both || is("width")) set_scale(&style->width_scale, value, cell);
@@ -232,7 +232,7 @@ void font_apply_style(FontStyle style) {
 }
 
 void font_apply(const char *text) {
-  if (current_font != nullptr && ascii_equal(text, current_font->name)) return;
+  if (current_font != nullptr && ascii_equal_nocase(text, current_font->name)) return;
   FontStyle style;
   font_parse_style(&style, text);
   font_apply_style(style);

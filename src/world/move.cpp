@@ -52,7 +52,7 @@ double angle_of(double score) {
 
 // How much of its motion a push keeps that has a rival: all if the rival is at a right angle, none
 // if it is as near.
-double undivided(double best_score, double second_score) {
+double rival_damping(double best_score, double second_score) {
   const double second_angle = angle_of(second_score);
   return second_angle > 0 ? 1.0 - angle_of(best_score) / second_angle : 0.0;
 }
@@ -95,7 +95,7 @@ int32_t World_follow_fraction(Maze *maze, int32_t node, Vec3 offset, const Pos *
   *result = 0.0;
   if (best < 0) return -1;
   *result = part_of_way(p, offset, list[best]);
-  if (second_score > 0) *result *= undivided(best_score, second_score);
+  if (second_score > 0) *result *= rival_damping(best_score, second_score);
   return best;
 }
 

@@ -52,7 +52,7 @@ void read_block(ByteReader *in, World *world) {
   world->showtrail = load_le<int32_t>(bytes);
 }
 
-void mend_numbers(World *world) {
+void sanitise_numbers(World *world) {
   if (!std::isfinite(world->time) || world->time < 0.0) world->time = 0.0;
   if (!std::isfinite(world->zoom) || world->zoom <= 0.0) world->zoom = initial_zoom;
   for (int32_t row = 0; row < 3; row++)
@@ -66,13 +66,6 @@ void mend_numbers(World *world) {
 bool is_place(Pos pos) {
   if (pos.maze == nullptr || pos.node < 0 || pos.node >= maze_count(pos.maze)) return false;
   return maze_nodes(pos.maze)[pos.node].submaze == nullptr;
-}
-
-// Bytes of an open file, whose position is at its start; -1, with errno, if that can't be told.
-long file_size(FILE *file) {
-  if (std::fseek(file, 0, SEEK_END) != 0) return -1;
-  const long size = std::ftell(file);
-  return std::fseek(file, 0, SEEK_SET) == 0 ? size : -1;
 }
 
 // False, with errno, if it failed.
@@ -126,7 +119,7 @@ bool World_read(World *world, ByteReader *in) {
     return false;
   }
   GrowList_init(&loaded.roamers, sizeof(Roamer));
-  mend_numbers(&loaded);
+  sanitise_numbers(&loaded);
   *world = loaded;
   return true;
 }
@@ -143,8 +136,6 @@ SessionLoad World_load(World *world, const char *path) {
     ByteReader in = file_reader(file, static_cast<size_t>(size), buffer.get(), buffer_size);
     result = World_read(world, &in) ? SessionLoad::loaded : fault_of(in);
   }
-  const int cause = errno;
-  std::fclose(file);
-  errno = cause;
+  file_close_read(file);
   return result;
 }

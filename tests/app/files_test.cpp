@@ -20,13 +20,13 @@ TEST_F(Files, SettingsAreReadAtTheStartAndKeptAtTheEnd) {
                            "screen SBS,5=two screen vertical,6-8=coloured): ";
   const std::string first = "Windowed (Y/N): n\nResolution: 801x7\nFullscreen offset: -40, 3\n";
   write("config.txt", first + mode + "12\nSwap stereo (Y/N): t\nStereo Depth: inf\nHue: 7\n");
-  start_settings(&run);
+  settings_start(&run);
   EXPECT_EQ(std::tuple(windowed, screen_width, screen_height, fullscreen_offset_x,
                        fullscreen_offset_y, run.stereo_mode, run.stereo_swap, run.stereo_depth),
             std::tuple(0, 801, 7, -40, 3, 12, 1, 0.0));
   run.stereo_mode = 3;
   run.stereo_depth = 0.1234567;
-  end_settings(&run);
+  settings_end(&run);
   EXPECT_EQ(contents("config.txt"),
             first + mode + "3\nSwap stereo (Y/N): Y\nStereo Depth: 0.1234567\nHue: 7\n");
 }
@@ -48,9 +48,9 @@ TEST_F(Files, NoSessionIsLost) {
       fs::remove(entry.path());
     before();
     testing::internal::CaptureStderr();
-    start_session(&run);
+    session_start(&run);
     meanwhile();
-    EXPECT_EQ(save_session(&run), SessionPlace::this_folder);
+    EXPECT_EQ(session_save(&run), SessionPlace::this_folder);
     const std::string words = testing::internal::GetCapturedStderr();
     EXPECT_THAT(words, testing::HasSubstr(sentences));
     EXPECT_EQ(words.empty(), *sentences == '\0') << words;

@@ -25,7 +25,7 @@ struct RecoveryFile : OwnFolder {
   void TearDown() override {
     Recovery_end(&first, true); // some systems keep a file that is locked
     Recovery_end(&second, true);
-    clock_reset();
+    clock_set_source(clock_steady);
   }
 
   // The frames of a write that begins after so many seconds.

@@ -40,7 +40,7 @@ struct RunTest : OwnFolder {
   }
   void TearDown() override {
     if (gfx_context_alive()) run_end(&run);
-    clock_reset();
+    clock_set_source(clock_steady);
   }
   bool frame(double seconds, const std::vector<int> &keys = {}, int32_t wheel = 0) {
     fake_keys(keys);

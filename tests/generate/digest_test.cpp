@@ -25,7 +25,7 @@ namespace {
 // The topologies of that size by many seeds, as one maze that is not connected.
 Maze *random_topologies(double size, int32_t seeds) {
   Maze *all = Maze_new();
-  for (int32_t seed = 1; seed <= seeds; ++seed) {
+  for (int32_t seed = 1; seed <= seeds; seed++) {
     rand_seed(static_cast<uint32_t>(seed));
     Maze *one = Maze_random_topology(size);
     Maze_append(all, one);
@@ -38,7 +38,7 @@ Maze *random_topologies(double size, int32_t seeds) {
 Maze *relaxed(double size, double smoothing, double repulsion) {
   Maze *root = Maze_random_topology(size);
   Maze_carve(root);
-  for (int pass = 0; pass < 2; ++pass)
+  for (int pass = 0; pass < 2; pass++)
     Maze_nest(root, 0.3, size, Maze_random_topology);
   Maze_map_positions(root, warp_position, 1); // away from all symmetry
   Maze_smooth(root, smoothing);
@@ -96,7 +96,7 @@ struct TreeDigest {
   void add_node(const MazeNode &node) {
     rows.add(node.submaze ? node.submaze->parentnode : -1);
     rows.add(node.degree);
-    for (uint32_t r = 0; r < node.degree; ++r) {
+    for (uint32_t r = 0; r < node.degree; r++) {
       rows.add(node.nbr[r]);
       add_edge(node.edge[r]);
     }
@@ -107,14 +107,14 @@ struct TreeDigest {
     mazes.add(maze->visited);
     mazes.add(maze->bordermask);
     mazes.add_rounded(maze->halfwidth);
-    for (const char *letter = maze->name; letter && *letter; ++letter)
+    for (const char *letter = maze->name; letter && *letter; letter++)
       mazes.add(*letter);
     Vec3 low, high;
     Maze_bounds(maze, &low, &high);
     mazes.add_place(low);
     mazes.add_place(high);
     nodes += maze->nodes.count;
-    for (int32_t i = 0; i < maze_count(maze); ++i)
+    for (int32_t i = 0; i < maze_count(maze); i++)
       add_node(maze_nodes(maze)[i]);
   }
 };

@@ -15,7 +15,7 @@ namespace {
 // Some edges double, with colours of their own, and times, which carving sets back.
 Maze *tangle(int32_t count) {
   Maze *maze = scenario_random(count, rand_int(4 * count));
-  for (int32_t i = 0; i < maze_count(maze); ++i) {
+  for (int32_t i = 0; i < maze_count(maze); i++) {
     MazeNode *nodes = maze_nodes(maze);
     if (nodes[i].degree > 0 && rand_int(2) == 0) Maze_join(maze, i, nodes[i].nbr[0]);
     for (MazeEdge &edge : nodes[i].edge)
@@ -31,7 +31,7 @@ void expect_same_and_destroy(Maze *made, Maze *wanted, uint32_t seed) {
 }
 
 TEST(Reference, CarvingLeavesTheSameForest) {
-  for (uint32_t seed = 1; seed <= 1000 && !HasFailure(); ++seed) {
+  for (uint32_t seed = 1; seed <= 1000 && !HasFailure(); seed++) {
     rand_seed(seed);
     Maze *graph = tangle(1 + rand_int(30));
     if (seed % 2 == 0) scenario_hold(graph, maze_count(graph) / 2, scenario_path(9));
@@ -49,12 +49,12 @@ TEST(Reference, CarvingLeavesTheSameForest) {
 // On a lattice so narrow that many places coincide or are equally near, some at just 0.75. Small
 // pairs and large ones are searched in different ways.
 TEST(Reference, WeldingMergesTheSameNodes) {
-  for (uint32_t seed = 1; seed <= 300 && !HasFailure(); ++seed) {
+  for (uint32_t seed = 1; seed <= 300 && !HasFailure(); seed++) {
     rand_seed(seed);
     const int32_t count = 20 + rand_int(seed % 4 == 0 ? 20 : 150), spread = 8 + rand_int(40);
     Maze *mazes[] = {tangle(count), tangle(count)};
     for (Maze *maze : mazes)
-      for (int32_t i = 0; i < count; ++i) {
+      for (int32_t i = 0; i < count; i++) {
         const int32_t x = rand_int(spread), y = rand_int(spread), z = rand_int(spread);
         scenario_move(maze, i, 0.25 * Vec3{x - 3.0, y - 3.0, z - 3.0});
       }

@@ -75,7 +75,7 @@ TEST(Window, AFatalBoxEndsTheProgram) {
 
 TEST(Window, FailureNamesAResolutionThatIsTooLarge) {
   fake_start();
-  report_sleep = [](int32_t) {};
+  report_set_hooks({.sleep = [](int32_t) {}});
   EXPECT_EXIT(open("99999x5", "", true), testing::ExitedWithCode(1),
               "vorel: no window of 99999 by 5 pixels .*fits the desktop");
 }

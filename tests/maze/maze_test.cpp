@@ -93,9 +93,9 @@ TEST(Maze, DoubledRowsAndLoopsAreReported) {
   const std::string path = testing::TempDir() + "maze_dump_test." + std::to_string(getpid());
   std::remove(path.c_str());
   Maze *maze = scenario_path(2);
-  MazeNode_append_row(&maze_nodes(maze)[1], 1);
-  MazeNode_append_row(&maze_nodes(maze)[1], 0);
-  EXPECT_EQ(MazeNode_row(maze_nodes(maze)[1], 0), 2); // the last one
+  MazeNode_append_slot(&maze_nodes(maze)[1], 1);
+  MazeNode_append_slot(&maze_nodes(maze)[1], 0);
+  EXPECT_EQ(MazeNode_find_slot(maze_nodes(maze)[1], 0), 2); // the last one
   EXPECT_EQ(Maze_dump(maze, path.c_str(), "both"), 2);
   std::string text;
   std::getline(std::ifstream(path), text, '\0');

@@ -62,7 +62,7 @@ TEST_F(File, ProgramsHaveTheirOwnTemporaryFiles) {
 TEST_F(File, NamesAreFreeAndFoldersAreNotOpened) {
   std::ofstream("old-1.dat") << "taken";
   fs::create_directory("old-2.dat");
-  EXPECT_EQ(file_free_name("old", ".dat"), "old-3.dat");
+  EXPECT_EQ(file_unused_name("old", ".dat"), "old-3.dat");
   EXPECT_EQ(file_open("old-2.dat"), nullptr);
   EXPECT_EQ(errno, EISDIR);
 }
@@ -110,7 +110,7 @@ TEST_F(File, HolesAreFound) {
 }
 
 TEST_F(File, CommandsHaveTheUsualSignalsAndALimit) {
-  file_survive_limits();
+  file_ignore_size_signal();
   std::signal(SIGPIPE, SIG_IGN);
   for (const std::string signal : {"XFSZ", "PIPE"})
     EXPECT_TRUE(command_run("ulimit -c 0; kill -s " + signal + " $$; echo >survived", 60000));

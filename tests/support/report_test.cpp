@@ -23,26 +23,26 @@ TEST(Report, OperationsNestAndArePrinted) {
   report_inner("report_test", 5, report_end, nullptr, 0);
   EXPECT_EQ(report_elapsed(), 1.25);
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "5%s\nX%s\nX%s [2.5/1e+09]\nX%s [2]\n5%s\n");
-  clock_reset();
+  clock_set_source(clock_steady);
 }
 
 TEST(ReportDeathTest, WrongReportsAreFatal) {
-  report_sleep = [](int32_t milliseconds) { std::cerr << milliseconds; };
+  report_set_hooks({.sleep = [](int32_t milliseconds) { std::cerr << milliseconds; }});
   const std::pair<int32_t, std::string> rows[] = {
       {0, "Unknown"}, {4, "Unknown"}, {8, "Unknown"}, {3, "Trying to pop empty"}, {5, "words"}};
   for (const auto &[type, words] : rows)
     EXPECT_EXIT((dup2(2, 1), report_inner("report_test", 3, type, "words", 1)),
                 testing::ExitedWithCode(1), "^\n.FATAL ERROR. " + words + ".*\n2500$");
-  report_sleep = clock_sleep;
+  report_set_hooks({});
 }
 
 TEST(Report, SentencesAreCutAndHandedOn) {
   static std::string told;
-  report_tell = [](const char *sentence) { told = sentence; };
+  report_set_hooks({.show = [](const char *sentence) { told = sentence; }});
   const std::string words = "5% " + std::string(2000, 'x');
   testing::internal::CaptureStderr();
   report_sentence("no %s", words.c_str());
   EXPECT_EQ(told, "no " + words.substr(0, 1020));
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "vorel: " + told + "\n");
-  report_tell = nullptr;
+  report_set_hooks({});
 }

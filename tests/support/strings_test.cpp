@@ -8,9 +8,9 @@
 TEST(Strings, NamesDifferOnlyByTheCaseOfAToZ) {
   for (int c = -128; c < 256; c++)
     EXPECT_EQ(ascii_lower(c) - c, c >= 'A' && c <= 'Z' ? 32 : 0);
-  EXPECT_TRUE(ascii_equal("Edge Lists 9", "eDGE lISTS 9"));
+  EXPECT_TRUE(ascii_equal_nocase("Edge Lists 9", "eDGE lISTS 9"));
   for (const char *other : {"edge", "edgess", "fdges", "edge["})
-    EXPECT_FALSE(ascii_equal("edges", other)) << other;
+    EXPECT_FALSE(ascii_equal_nocase("edges", other)) << other;
 }
 
 TEST(Strings, SlotsMayGetTheirOwnText) {

@@ -56,7 +56,7 @@ TEST(Move, ArrivesPastTheEndOfTheCorridorThatThePushFollows) {
     World_move(&world, push.right, push.up);
     EXPECT_EQ(world.cur.node, push.node);
     EXPECT_EQ(length(world.offset - push.offset), 0.0);
-    EXPECT_EQ(maze_nodes(world.root)[push.node].self.usertime, push.node > 0 ? 7.6 : never);
+    EXPECT_EQ(maze_nodes(world.root)[push.node].self.usertime, push.node > 0 ? 7.6 : time_never);
   }
 }
 
@@ -76,7 +76,7 @@ TEST(FollowPoint, SlowsTowardsTheBisector) {
 // Where rounding makes the cosine of the angle a little more than 1.
 TEST(FollowPoint, IsFiniteExactlyAlongACorridor) {
   rand_seed(9);
-  for (int32_t i = 0; i < 2000; ++i) {
+  for (int32_t i = 0; i < 2000; i++) {
     const double x = rand_real(2) - 1, y = rand_real(2) - 1, z = rand_real(2) - 1;
     SmallWorld world(star({{x, y, z}, {y, z, x}})), doubled(star({{x, y, z}, {x, y, z}}));
     world.offset = doubled.offset = 0.5 * Vec3{x, y, z};

@@ -131,7 +131,7 @@ TEST(Session, DeepTreesAndEmptyMazesComeBack) {
 TEST(Session, TreesThatNoWalkCouldUseAreRefused) {
   using Damage = std::function<void(const ThreeLevels &, World *)>;
   const Damage damages[] = {
-      [](const ThreeLevels &t, World *) { MazeNode_remove_row(&maze_nodes(t.m1)[0], 0); },
+      [](const ThreeLevels &t, World *) { MazeNode_remove_slot(&maze_nodes(t.m1)[0], 0); },
       [](const ThreeLevels &t, World *) { Maze_join(t.n2, 0, 1); },
       [](const ThreeLevels &t, World *) { Maze_delete_node(t.n3, 1); }, // two doors, one node
       [](const ThreeLevels &t, World *) { scenario_hold(t.n3, 0, scenario_path(4)); }, // a door

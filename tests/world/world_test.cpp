@@ -58,7 +58,7 @@ TEST(Camera, TurningKeepsTheTargetAndThePitchInRange) {
   const Vec3 target = world.camera - Vec3{0, 0, world.zoom};
   double yaw = 0, pitch = 0;
   rand_seed(3);
-  for (int32_t i = 0; i < 100; ++i) {
+  for (int32_t i = 0; i < 100; i++) {
     yaw += rand_real(4) - 2;
     pitch += rand_real(4) - 2;
     const double wanted = pitch;

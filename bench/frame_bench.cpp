@@ -8,7 +8,7 @@
 
 #include "app/scene.h"
 #include "generate/carve.h"
-#include "generate/flat.h"
+#include "generate/topologies.h"
 #include "generate/paint.h"
 #include "generate/transform.h"
 #include "gfx/gl.h"

@@ -18,11 +18,9 @@
 #include <vector>
 
 #include "generate/carve.h"
-#include "generate/choose.h"
-#include "generate/closed.h"
-#include "generate/curved.h"
-#include "generate/flat.h"
-#include "generate/patchwork.h"
+#include "generate/new_tree.h"
+#include "generate/topologies.h"
+#include "generate/composition.h"
 #include "generate/repulsion_kernel.h"
 #include "generate_reference.h"
 #include "support/random.h"
@@ -135,7 +133,7 @@ uint32_t median_seed(int32_t kind, size_t tries) {
     rand_seed(seed);
     if (rand_int(12) != kind) continue;
     rand_seed(seed);
-    Maze *maze = Maze_choose(0);
+    Maze *maze = Maze_new_tree(0);
     sizes.emplace_back(0, seed);
     count_nodes(maze, &sizes.back().first);
     Maze_destroy(maze, 1);
@@ -157,8 +155,8 @@ void measure_repulsion() {
   }
   const RepulsionField field = {maze_count(maze), start,         start + n,    start + 2 * n,
                                 start + 3 * n,    start + 4 * n, start + 5 * n};
-  measure("repel/two", [field] { repel_by_two(field); });
-  if (__builtin_cpu_supports("avx2")) measure("repel/four", [field] { repel_by_four(field); });
+  measure("repel/two", [field] { repel_sse2(field); });
+  if (__builtin_cpu_supports("avx2")) measure("repel/four", [field] { repel_avx2(field); });
 }
 
 } // namespace
@@ -176,10 +174,10 @@ int main(int argc, char **argv) {
       "box", 3, [] { return reference_box(20, 20, 20); }, [] { return Maze_box(20, 20, 20); });
   const uint32_t torus_seed = median_seed(10, 5), nested_seed = median_seed(9, 31);
   const auto reference_single = [] { return reference_choose(0); };
-  const auto single = [] { return Maze_choose(0); };
+  const auto single = [] { return Maze_new_tree(0); };
   measure_both("new_torus", torus_seed, reference_single, single);
   measure_both(
-      "new_patchwork", 3, [] { return reference_choose(1); }, [] { return Maze_choose(1); });
+      "new_patchwork", 3, [] { return reference_choose(1); }, [] { return Maze_new_tree(1); });
   measure_both("new_nested", nested_seed, reference_single, single);
   measure_repulsion();
   benchmark::Initialize(&argc, argv);

@@ -3,9 +3,7 @@
 #include <cmath>
 #include <utility>
 
-#include "generate/closed.h"
-#include "generate/curved.h"
-#include "generate/flat.h"
+#include "generate/topologies.h"
 #include "generate/paint.h"
 #include "generate/transform.h"
 #include "maze/edit.h"

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "generate/carve.h"
-#include "generate/curved.h"
+#include "generate/topologies.h"
 #include "gfx/gl.h"
 #include "gfx/projection.h"
 #include "gfx/window.h"

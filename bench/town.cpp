@@ -1,10 +1,9 @@
 #include "town.h"
 
 #include "generate/carve.h"
-#include "generate/flat.h"
+#include "generate/topologies.h"
 #include "generate/nest.h"
 #include "generate/paint.h"
-#include "generate/topology.h"
 #include "generate/transform.h"
 #include "maze/pos.h"
 #include "maze/visit.h"

@@ -18,9 +18,7 @@
 #include <vector>
 
 #include "generate/carve.h"
-#include "generate/closed.h"
-#include "generate/curved.h"
-#include "generate/flat.h"
+#include "generate/topologies.h"
 #include "generate/transform.h"
 #include "render/voronoi_geometry.h"
 #include "support/random.h"

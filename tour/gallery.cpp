@@ -8,8 +8,8 @@
 #include "app/fonts.h"
 #include "app/scene.h"
 #include "generate/carve.h"
-#include "generate/choose.h"
-#include "generate/closed.h"
+#include "generate/new_tree.h"
+#include "generate/topologies.h"
 #include "generate/paint.h"
 #include "generate/transform.h"
 #include "gfx/texture.h"
@@ -31,7 +31,7 @@ uint32_t seed_of(int32_t kind) {
     rand_seed(seed);
     if (rand_int(12) != kind) continue;
     rand_seed(seed);
-    Maze *maze = Maze_choose(0);
+    Maze *maze = Maze_new_tree(0);
     const bool flat = maze_nodes(maze)[0].self.colour == maze_nodes(maze)[5].self.colour;
     Maze_destroy(maze, 1);
     if (!flat) return seed;
@@ -97,11 +97,11 @@ int main(int argc, char **argv) {
   int32_t kind = first_kind;
   for (const char *name : kinds) {
     rand_seed(seed_of(kind++));
-    draw_from_outside_and_inside(Maze_choose(0), folder + "/kind-" + name);
+    draw_from_outside_and_inside(Maze_new_tree(0), folder + "/kind-" + name);
   }
   rand_seed(5);
-  draw_from_outside_and_inside(Maze_choose(1), folder + "/kind-patchwork");
-  draw_from_outside_and_inside(Maze_choose(2), folder + "/kind-ladder");
+  draw_from_outside_and_inside(Maze_new_tree(1), folder + "/kind-patchwork");
+  draw_from_outside_and_inside(Maze_new_tree(2), folder + "/kind-ladder");
   Maze *box = Maze_box(12, 16, 10); // comes only as a tile or nested
   Maze_carve(box);
   Maze_colour_field(box, colour_field_sine, 0);

@@ -12,10 +12,9 @@
 #include "maze/pos.h"
 #include "support/random.h"
 
-// Trying the edges one by one with a search for a way around each would decide the same, slowly.
-// An edge stays exactly if no way around it consists of edges that are tried after it: any cycle
-// loses the one of its edges that is tried first. So the edges that stay are known from a
-// union-find over the shuffled edges, last to be tried first.
+// Reverse deletion without a search per edge. A cycle loses the edge that is tried first, so an
+// edge stays if and only if the edges tried after it do not connect its ends. A union-find over the
+// shuffled edges, from the last trial to the first, finds those that stay.
 
 namespace {
 
@@ -23,36 +22,36 @@ struct EdgePair {
   int32_t a, b; // a below b
 };
 
-// Steps between asking for memory at random places and using it.
+// Steps from prefetching a cache line to using it.
 constexpr size_t ahead = 32;
 
 struct Edges {
   std::unique_ptr<EdgePair[]> pairs; // tried from the last to the first
   size_t count;
-  bool doubled; // some pair stands more than once
+  bool doubled; // some pair occurs twice
 };
 
 Edges collect_edges(const Maze *maze) {
-  const size_t room = maze->nodes.count * size_t{MAZE_MAX_DEGREE} / 2;
-  Edges edges = {std::make_unique_for_overwrite<EdgePair[]>(room), 0, false};
+  const size_t max_edges = maze->nodes.count * size_t{MAZE_MAX_DEGREE} / 2;
+  Edges edges = {std::make_unique_for_overwrite<EdgePair[]>(max_edges), 0, false};
   for (int32_t a = 0; a < maze_count(maze); a++) {
     const MazeNode &node = maze_nodes(maze)[a];
-    for (uint32_t row = node.degree; row-- > 0;) {
-      const int32_t b = node.nbr[row];
+    for (uint32_t slot = node.degree; slot-- > 0;) {
+      const int32_t b = node.nbr[slot];
       assert(b != a && MazeNode_find_slot(maze_nodes(maze)[b], a) >= 0);
       if (b < a) continue;
       edges.pairs[edges.count++] = {a, b};
-      edges.doubled |= std::find(node.nbr, node.nbr + row, b) != node.nbr + row;
+      edges.doubled |= std::find(node.nbr, node.nbr + slot, b) != node.nbr + slot;
     }
   }
   return edges;
 }
 
-// Fisher and Yates, from the top; the last draw, which can change nothing, is taken too. The draws
-// are made some steps ahead of the exchanges, so that the memory has time to answer.
+// Fisher-Yates shuffle from the end, including the last draw, which has no effect. Draws are made
+// ahead of the swaps, so that the cache lines have arrived.
 void shuffle(const Edges &edges) {
   size_t partners[ahead];
-  size_t drawn = edges.count; // partners of the pairs from here on are known
+  size_t drawn = edges.count; // pairs from here on have a partner
   for (size_t k = edges.count; k-- > 0;) {
     while (drawn > 0 && drawn + ahead > k + 1) {
       drawn--;
@@ -64,7 +63,7 @@ void shuffle(const Edges &edges) {
   }
 }
 
-// Of pairs that stand more than once, marks all but the first to be tried.
+// Marks the copies of doubled pairs, except those that are tried first.
 std::vector<bool> later_copies(const Edges &edges) {
   std::vector<size_t> order(edges.count);
   for (size_t k = 0; k < edges.count; k++)
@@ -91,7 +90,7 @@ Sets separate_sets(int32_t count) {
   return sets;
 }
 
-// The root of a node's set; halves the way to it.
+// The root of a node's set; shortens the path to it by half.
 int32_t find_set(int32_t *sets, int32_t node) {
   for (int32_t parent = sets[node]; parent >= 0; parent = sets[node]) {
     if (sets[parent] >= 0) sets[node] = sets[parent];
@@ -100,8 +99,7 @@ int32_t find_set(int32_t *sets, int32_t node) {
   return node;
 }
 
-// Joins the sets of both ends, the smaller one under the root of the larger; false if they are one
-// already.
+// Merges the sets of both ends, the smaller into the larger; false if they are the same.
 bool unite(const Sets &sets, EdgePair pair) {
   int32_t a = find_set(sets.get(), pair.a);
   int32_t b = find_set(sets.get(), pair.b);
@@ -112,51 +110,51 @@ bool unite(const Sets &sets, EdgePair pair) {
   return true;
 }
 
-// The edges of a node in the order in which they are tried: the neighbour, or ~neighbour for an
-// edge that goes.
+// The edges of a node in the order of their trials: the neighbour, or ~neighbour if the edge is
+// deleted.
 struct Trials {
   int32_t to[MAZE_MAX_DEGREE];
 };
 
-// Colour of the edge on the side of its lower end, where the rows of the nodes below `node` are
-// final already and the others as they were.
+// The edge's colour at its lower end. Its slots are rewritten if the lower end is below `node`, and
+// original otherwise; the colour is the same.
 uint32_t lower_colour(const MazeNode *nodes, int32_t node, int32_t neighbour) {
   const MazeNode &lower = nodes[std::min(node, neighbour)];
-  const int32_t *row = std::find(lower.nbr, lower.nbr + lower.degree, std::max(node, neighbour));
-  return lower.edge[row - lower.nbr].colour;
+  const int32_t *slot = std::find(lower.nbr, lower.nbr + lower.degree, std::max(node, neighbour));
+  return lower.edge[slot - lower.nbr].colour;
 }
 
-// Tries the edges of one node on its neighbours alone: each is taken out, which moves the last one
-// into its place, and put back at the end if it stays. Returns how many are left.
+// Applies the trials to the list of a node's neighbours: removes each neighbour, which moves the
+// last one to its place, and appends it again if the edge stays. Returns how many are left.
 uint32_t try_neighbours(int32_t *nbr, uint32_t degree, const Trials &trials) {
   uint32_t left = degree;
   for (uint32_t k = 0; k < degree; k++) {
-    const int32_t goes = trials.to[k] >> 31; // all bits, or none
-    const int32_t to = trials.to[k] ^ goes;
+    const int32_t deleted = trials.to[k] >> 31; // all bits set, or none
+    const int32_t to = trials.to[k] ^ deleted;
     left--;
     *std::find(nbr, nbr + left, to) = nbr[left];
     nbr[left] = to;
-    left += static_cast<uint32_t>(1 + goes);
+    left += static_cast<uint32_t>(1 + deleted);
   }
   return left;
 }
 
-void rewrite_rows(MazeNode *nodes, int32_t i, const Trials &trials) {
+void rewrite_slots(MazeNode *nodes, int32_t i, const Trials &trials) {
   MazeNode &node = nodes[i];
   int32_t nbr[MAZE_MAX_DEGREE];
   uint32_t colours[MAZE_MAX_DEGREE];
   std::copy_n(node.nbr, node.degree, nbr);
   const uint32_t degree = try_neighbours(nbr, node.degree, trials);
-  for (uint32_t row = 0; row < degree; row++)
-    colours[row] = lower_colour(nodes, i, nbr[row]);
+  for (uint32_t slot = 0; slot < degree; slot++)
+    colours[slot] = lower_colour(nodes, i, nbr[slot]);
   node.degree = degree;
-  for (uint32_t row = 0; row < degree; row++) {
-    node.nbr[row] = nbr[row];
-    node.edge[row] = {colours[row], time_never, time_never};
+  for (uint32_t slot = 0; slot < degree; slot++) {
+    node.nbr[slot] = nbr[slot];
+    node.edge[slot] = {colours[slot], time_never, time_never};
   }
 }
 
-// Decides for each edge whether it stays; one that goes has ~b for its b.
+// Replaces b by ~b for each edge that is deleted.
 void decide(const Edges &edges, const Sets &sets) {
   for (size_t k = 0; k < edges.count; k++) {
     const EdgePair &soon = edges.pairs[std::min(k + ahead, edges.count - 1)];
@@ -167,7 +165,7 @@ void decide(const Edges &edges, const Sets &sets) {
   }
 }
 
-// Hands each edge to its two nodes, in the order of the trials.
+// Lists the edges of each node in the order of the trials.
 std::unique_ptr<Trials[]> sort_by_node(const Edges &edges, size_t count) {
   auto trials = std::make_unique_for_overwrite<Trials[]>(count);
   std::vector<uint8_t> tried(count, 0);
@@ -175,30 +173,29 @@ std::unique_ptr<Trials[]> sort_by_node(const Edges &edges, size_t count) {
     const EdgePair &soon = edges.pairs[k > ahead ? k - ahead : 0];
     __builtin_prefetch(&trials[static_cast<size_t>(soon.a)], 1);
     __builtin_prefetch(&trials[static_cast<size_t>(std::max(soon.b, ~soon.b))], 1);
-    const int32_t goes = edges.pairs[k].b >> 31; // all bits, or none
+    const int32_t deleted = edges.pairs[k].b >> 31; // all bits set, or none
     const auto a = static_cast<size_t>(edges.pairs[k].a);
-    const auto b = static_cast<size_t>(edges.pairs[k].b ^ goes);
+    const auto b = static_cast<size_t>(edges.pairs[k].b ^ deleted);
     trials[a].to[tried[a]++] = edges.pairs[k].b;
-    trials[b].to[tried[b]++] = edges.pairs[k].a ^ goes;
+    trials[b].to[tried[b]++] = edges.pairs[k].a ^ deleted;
   }
   return trials;
 }
 
-// For a maze in which no pair stands twice: writes each node's rows in one go.
+// For a maze without doubled edges: writes the slots of each node once.
 void carve_simple(Maze *maze, const Edges &edges) {
   decide(edges, separate_sets(maze_count(maze)));
   const auto trials = sort_by_node(edges, maze->nodes.count);
   for (int32_t i = 0; i < maze_count(maze); i++)
-    rewrite_rows(maze_nodes(maze), i, trials[static_cast<size_t>(i)]);
+    rewrite_slots(maze_nodes(maze), i, trials[static_cast<size_t>(i)]);
 }
 
-// Cuts the edge and, if it stays, joins its ends again, which puts it last on both sides.
+// Cuts the edge and, if it stays, joins its ends again, which appends it on both sides.
 void try_edge(Maze *maze, EdgePair pair, bool stays) {
   const MazeNode &node = maze_nodes(maze)[pair.a];
-  const int32_t row = MazeNode_find_slot(node, pair.b);
-  // Of an edge that stood twice, the first trial has removed both.
-  if (row < 0) return;
-  const uint32_t colour = node.edge[row].colour;
+  const int32_t slot = MazeNode_find_slot(node, pair.b);
+  if (slot < 0) return; // the first trial of a doubled edge removed both
+  const uint32_t colour = node.edge[slot].colour;
   Maze_cut(maze, pair.a, pair.b);
   if (!stays) return;
   Maze_join(maze, pair.a, pair.b);
@@ -208,7 +205,7 @@ void try_edge(Maze *maze, EdgePair pair, bool stays) {
   }
 }
 
-// Where pairs stand twice, the first trial of a pair decides, and later ones find what it left.
+// For doubled edges: the first trial of a pair decides, and later ones act on what it left.
 void carve_doubled(Maze *maze, const Edges &edges) {
   std::vector<bool> stays = later_copies(edges);
   const Sets sets = separate_sets(maze_count(maze));

@@ -2,13 +2,12 @@
 
 #include "maze/maze.h"
 
-// Breaks every loop of a maze: each edge is tried once, in random order, and goes unless its two
-// ends would fall apart (reverse deletion). What is left is a random spanning tree of each
-// component. Numbering, places, colours, submazes, halfwidth and name are kept, and the times of
-// the edges are back at never. A node's rows change their order: each kept edge is taken out, which
-// moves the last row into its place, and put back at the end. The rows must be symmetric, no node
-// joined to itself; an edge may stand twice.
+// Reduces each component of a maze to a random spanning tree by reverse deletion: tries each edge
+// once, in random order, and deletes it unless that would disconnect its ends. Keeps indices,
+// positions, colours, submazes, halfwidth and name; edges lose their times. The slots of a node
+// change their order: each kept edge is removed, which moves the last slot to its place, and
+// appended. Edges must be symmetric and must not join a node to itself; they can be doubled.
 void Maze_carve(Maze *maze);
 
-// A carved copy, submazes included, owned by the caller.
+// A carved copy with copies of all submazes. Owned by the caller.
 Maze *Maze_carved(const Maze *maze);

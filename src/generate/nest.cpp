@@ -13,50 +13,49 @@
 
 namespace {
 
-// Brings a maze from where it was built to the place of node i, turned in line with its edges.
-void bring_to(const Maze *maze, int32_t i, Maze *room) {
-  Maze_centre(room);
-  Maze_rotate(room, {0, 0, Maze_quad_angle(maze, i)}, 0);
-  Maze_translate(room, node_position(maze_nodes(maze)[i]), 0);
+// Centres a maze on node i and turns it to line up with the node's edges.
+void place_at_node(const Maze *maze, int32_t i, Maze *submaze) {
+  Maze_centre(submaze);
+  Maze_rotate(submaze, {0, 0, Maze_quad_angle(maze, i)}, 0);
+  Maze_translate(submaze, node_position(maze_nodes(maze)[i]), 0);
 }
 
-// Nests mazes in the nodes of a single leaf maze.
 void nest_leaf(Maze *maze, double probability, double size, SubmazeGenerator generator) {
   for (int32_t i = maze_count(maze); i-- > 0;) {
     if (!(rand_real(1.0) < probability)) continue;
-    // A door stays a plain node, so that the way through it stays a place.
-    if (Pos_submaze_exit(maze, i).maze != nullptr) continue;
-    Maze *room = generator(size);
-    bring_to(maze, i, room);
-    Maze_settle(maze, i, room);
+    if (Pos_submaze_exit(maze, i).maze != nullptr) continue; // a door must not hold a maze
+    Maze *submaze = generator(size);
+    place_at_node(maze, i, submaze);
+    Maze_attach_submaze(maze, i, submaze);
   }
 }
 
 void label_below(Maze *maze) {
   int32_t count = 0;
+  const std::string prefix = maze->name != nullptr ? maze->name : "";
   for (int32_t i = 0; i < maze_count(maze); i++) {
     Maze *below = maze_nodes(maze)[i].submaze;
     if (below == nullptr) continue;
+    count++;
     char number[16];
-    std::snprintf(number, sizeof number, maze->name != nullptr ? ".%02d" : "%d", ++count);
-    const std::string label = (maze->name != nullptr ? maze->name : "") + std::string(number);
-    string_assign(&below->name, label.c_str());
+    std::snprintf(number, sizeof number, maze->name != nullptr ? ".%02d" : "%d", count);
+    string_assign(&below->name, (prefix + number).c_str());
   }
 }
 
 } // namespace
 
-void Maze_settle(Maze *maze, int32_t i, Maze *room) {
-  room->parent = maze;
-  room->parentnode = i;
-  Maze_align_doors(room);
-  Maze_carve(room); // keeps the numbering, and with it the doors
-  maze_nodes(maze)[i].submaze = room;
+void Maze_attach_submaze(Maze *maze, int32_t i, Maze *submaze) {
+  submaze->parent = maze;
+  submaze->parentnode = i;
+  Maze_align_doors(submaze);
+  Maze_carve(submaze); // keeps the indices, and so the doors
+  maze_nodes(maze)[i].submaze = submaze;
 }
 
 void Maze_nest(Maze *root, double probability, double size, SubmazeGenerator generator) {
   for (Maze *maze = root; maze != nullptr;) {
-    Maze *next = Maze_next(root, maze); // before there are new mazes below
+    Maze *next = Maze_next(root, maze); // skips the new mazes
     Maze_scale(maze, size, 0);
     if (Maze_last_child_before(maze, maze_count(maze)) == nullptr)
       nest_leaf(maze, probability, size, generator);

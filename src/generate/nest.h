@@ -1,18 +1,18 @@
 #pragma once
 
-#include "generate/topology.h"
+#include "generate/topologies.h"
 #include "maze/maze.h"
 
-// Makes an uncarved maze that stands in its place the one that node i holds: its doors are aligned,
-// then it is carved. The rows of node i must be final, and no more than the room has nodes.
-void Maze_settle(Maze *maze, int32_t i, Maze *room);
+// Makes an uncarved maze, which is already in its place, the submaze of node i: chooses its doors,
+// then carves it. The slots of node i must be final, and no more than the submaze has nodes.
+void Maze_attach_submaze(Maze *maze, int32_t i, Maze *submaze);
 
-// Gives each node of the leaf mazes of the tree, doors aside, a maze of its own with the given
-// probability: made by `generator` for `size`, turned in line with the node's edges, its doors
-// aligned, carved. All mazes of the tree are first spread by `size` to make room. The mazes must be
-// carved already, and what the generator makes must have as many nodes as a node has rows.
+// Gives each node of the leaf mazes of a tree, except doors, a submaze with the given probability:
+// made by `generator` for `size`, turned to line up with the node's edges, and carved. First
+// spreads all mazes of the tree by `size`. The mazes must be carved, and the generator's must have
+// at least as many nodes as a node has slots.
 void Maze_nest(Maze *root, double probability, double size, SubmazeGenerator generator);
 
-// Labels all mazes below: the maze's own name and ".01", ".02", ... in order of their nodes, or
-// "1", "2", ... below a maze without a name.
+// Labels all mazes below: the label of the maze and ".01", ".02", ... in the order of their
+// holders, or "1", "2", ... below a maze without a label.
 void Maze_label_tree(Maze *root);

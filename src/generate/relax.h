@@ -2,12 +2,12 @@
 
 #include "maze/maze.h"
 
-// Relaxations of a layout: one step that moves the nodes of this one maze, each with all that it
-// holds. Levels above stay; a door takes no account of what lies beyond it.
+// One step of a relaxation: moves the nodes of one maze, each with its submaze. Edges to other
+// levels have no influence.
 
-// Moves each node by the fraction `k` of its way to the mean of its neighbours, all at once.
+// Moves each node by the fraction `k` of its distance to the mean of its neighbours, all at once.
 void Maze_smooth(Maze *maze, double k);
 
-// Moves each node by `k` times the sum of forces that push it from every other node, each falling
-// with the cube of the distance. Nodes at one and the same place become non-finite, and stay so.
+// Moves each node by `k` times the sum of the repulsions from all other nodes, each the inverse
+// cube of the distance. Nodes at the same position get positions that are not finite.
 void Maze_repel(Maze *maze, double k);

@@ -2,19 +2,19 @@
 
 #include <cstdint>
 
-// The inner loops of the repulsion, for registers of two and of four numbers. The wide ones are
-// compiled for processors that have them, so all that is shared here is static: the linker must not
-// take a wide version for what runs everywhere.
+// The inner loops of the repulsion, for vectors of two doubles (SSE2) and of four (AVX2). The
+// shared functions are static, so that the linker can't choose an AVX2 version for code that runs
+// everywhere.
 
-// Places, and the forces on them so far, by coordinate.
+// Positions and accumulated forces, by coordinate.
 struct RepulsionField {
   int32_t count;
   const double *x, *y, *z;
   double *fx, *fy, *fz;
 };
 
-void repel_by_two(const RepulsionField &field);
-void repel_by_four(const RepulsionField &field);
+void repel_sse2(const RepulsionField &field);
+void repel_avx2(const RepulsionField &field);
 
 template <typename Lanes> static inline Lanes load_lanes(const double *from) {
   Lanes lanes;
@@ -26,8 +26,8 @@ template <typename Lanes> static inline void store_lanes(double *to, const Lanes
   __builtin_memcpy(to, &lanes, sizeof lanes);
 }
 
-// Pushes the places a, a + 1, ... of a block apart from those from b on, one a lane; adds what the
-// block gets to `forces`.
+// Adds the forces between a block of positions from index a and one vector of positions from index
+// b. Those on the block go to `forces`, lane by lane.
 template <typename Lanes, int32_t block>
 static inline void repel_lanes(const RepulsionField &f, int32_t a, int32_t b, Lanes (*forces)[3]) {
   const Lanes x = load_lanes<Lanes>(f.x + b);
@@ -54,7 +54,7 @@ static inline void repel_lanes(const RepulsionField &f, int32_t a, int32_t b, La
   store_lanes(f.fz + b, fz);
 }
 
-// Adds the lanes of a force on place a to it.
+// Adds the lanes of `force` to the force on position a.
 template <typename Lanes>
 static inline void gather_force(const RepulsionField &f, int32_t a, const Lanes *force) {
   double *const sums[] = {f.fx + a, f.fy + a, f.fz + a};
@@ -63,7 +63,7 @@ static inline void gather_force(const RepulsionField &f, int32_t a, const Lanes 
       *sums[axis] += force[axis][lane];
 }
 
-// Pushes the block of places from a on apart from those from `first` to before `end`.
+// Adds the forces between the block of positions from index a and those in [first, end).
 template <typename Lanes, int32_t block>
 static inline void repel_block(const RepulsionField &f, int32_t a, int32_t first, int32_t end) {
   using One = double __attribute__((vector_size(sizeof(double))));
@@ -81,9 +81,9 @@ static inline void repel_block(const RepulsionField &f, int32_t a, int32_t first
   }
 }
 
-// Two places at a time, so that what they are pushed from is loaded and stored half as often.
+// Blocks of two halve the loads and stores of the other positions.
 template <typename Lanes> static inline void repel_all(const RepulsionField &all) {
-  const RepulsionField field = all; // of its own: no store can be taken to change it
+  const RepulsionField field = all; // a local copy can't alias the stores below
   int32_t a = 0;
   for (; a + 2 <= field.count; a += 2) {
     repel_block<Lanes, 2>(field, a, 0, a);

@@ -9,7 +9,7 @@
 
 namespace {
 
-// Puts every node where `change` sends its place.
+// Replaces each position p by change(p).
 template <typename Change> void move_nodes(Maze *root, bool recursive, const Change &change) {
   Maze_each_node(root, recursive, [&change](Maze *maze, int32_t i) {
     MazeNode &node = maze_nodes(maze)[i];
@@ -24,26 +24,18 @@ double warp_coordinate(double c) {
   return (4.0 * c + 3.0 * std::sin(c)) * 0.5;
 }
 
-Vec3 lower(Vec3 a, Vec3 b) {
-  return {std::min(a.x, b.x), std::min(a.y, b.y), std::min(a.z, b.z)};
-}
-
-Vec3 upper(Vec3 a, Vec3 b) {
-  return {std::max(a.x, b.x), std::max(a.y, b.y), std::max(a.z, b.z)};
-}
-
-void unite(TreeBounds *bounds, Vec3 low, Vec3 high) {
-  bounds->min = lower(bounds->min, low);
-  bounds->max = upper(bounds->max, high);
+void extend(TreeBounds *bounds, Vec3 low, Vec3 high) {
+  bounds->min = min_components(bounds->min, low);
+  bounds->max = max_components(bounds->max, high);
 }
 
 struct Held {
   const Maze *maze;
-  size_t holder; // row of the maze that holds it
+  size_t parent; // index of the maze that holds it
 };
 
-// Returns the bounds of the plain nodes and node 0 of one maze, which is row `here`. Pushes the
-// mazes that it holds, the last holder's on top.
+// Returns the bounds of node 0 and the nodes without submazes of the maze with index `here`. Pushes
+// its submazes, the last one on top.
 TreeBounds visit_maze(const Maze *maze, size_t here, std::vector<Held> *stack) {
   constexpr double infinity = std::numeric_limits<double>::infinity();
   TreeBounds bounds = {{infinity, infinity, infinity}, {-infinity, -infinity, -infinity}};
@@ -52,7 +44,7 @@ TreeBounds visit_maze(const Maze *maze, size_t here, std::vector<Held> *stack) {
   for (int32_t i = 0; i < maze_count(maze); i++) {
     const Vec3 p = node_position(nodes[i]);
     if (nodes[i].submaze == nullptr)
-      unite(&bounds, p, p);
+      extend(&bounds, p, p);
     else
       stack->push_back({nodes[i].submaze, here});
   }
@@ -70,7 +62,7 @@ void Maze_scale(Maze *maze, double k, int32_t recursive) {
 }
 
 void Maze_rotate(Maze *maze, Vec3 v, int32_t recursive) {
-  if (!(length(v) > 0)) return; // not even the rounding of a product
+  if (!(length(v) > 0)) return;
   const Mat3 turn = Mat3_rotation(v);
   move_nodes(maze, recursive != 0, [&turn](Vec3 p) { return turn * p; });
 }
@@ -92,16 +84,16 @@ Vec3 warp_position(Vec3 p) {
 
 std::vector<TreeBounds> Maze_tree_bounds(const Maze *root) {
   std::vector<TreeBounds> tree;
-  std::vector<size_t> holders; // of each row
+  std::vector<size_t> parents; // index of each maze's parent
   std::vector<Held> stack = {{root, 0}};
   while (!stack.empty()) {
     const Held next = stack.back();
     stack.pop_back();
-    holders.push_back(next.holder);
+    parents.push_back(next.parent);
     tree.push_back(visit_maze(next.maze, tree.size(), &stack));
   }
   for (size_t k = tree.size(); k-- > 1;)
-    unite(&tree[holders[k]], tree[k].min, tree[k].max);
+    extend(&tree[parents[k]], tree[k].min, tree[k].max);
   return tree;
 }
 
@@ -115,15 +107,15 @@ void Maze_centre(Maze *maze) {
   Vec3 sum = {};
   for (int32_t i = 0; i < maze_count(maze); i++)
     sum = sum + node_position(maze_nodes(maze)[i]);
-  Maze_translate(maze, -1.0 * (sum / maze_count(maze)), 0); // without nodes, nothing moves
+  Maze_translate(maze, -1.0 * (sum / maze_count(maze)), 0); // no effect without nodes
 }
 
 double Maze_quad_angle(const Maze *maze, int32_t node) {
   const MazeNode &here = maze_nodes(maze)[node];
   double cosines = 0.0;
   double sines = 0.0;
-  for (uint32_t row = here.degree; row-- > 0;) {
-    const MazeNode &there = maze_nodes(maze)[here.nbr[row]];
+  for (uint32_t slot = here.degree; slot-- > 0;) {
+    const MazeNode &there = maze_nodes(maze)[here.nbr[slot]];
     const double dx = there.x - here.x;
     const double dy = there.y - here.y;
     if (dx == 0.0 && dy == 0.0) continue;

@@ -84,8 +84,8 @@ bool PointGrid_build(PointGrid *grid, const std::vector<Vec3> &points) {
     if (!(std::abs(p.x) <= max_coordinate && std::abs(p.y) <= max_coordinate &&
           std::abs(p.z) <= max_coordinate))
       return false;
-    low = {std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z)};
-    high = {std::max(high.x, p.x), std::max(high.y, p.y), std::max(high.z, p.z)};
+    low = min_components(low, p);
+    high = max_components(high, p);
   }
   const Vec3 extent = high - low;
   const double max_cells = max_cells_per_point * static_cast<double>(points.size());

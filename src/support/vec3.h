@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
 // A point or a direction in world units, passed by value; z is height.
@@ -34,6 +35,13 @@ constexpr Vec3 operator/(Vec3 a, double k) {
 constexpr double dot(Vec3 a, Vec3 b) {
   return a.x * b.x + a.y * b.y + a.z * b.z;
 }
+// The minimum and the maximum of each component. A NaN in b is ignored.
+constexpr Vec3 min_components(Vec3 a, Vec3 b) {
+  return {std::min(a.x, b.x), std::min(a.y, b.y), std::min(a.z, b.z)};
+}
+constexpr Vec3 max_components(Vec3 a, Vec3 b) {
+  return {std::max(a.x, b.x), std::max(a.y, b.y), std::max(a.z, b.z)};
+}
 constexpr double length_squared(Vec3 a) {
   return dot(a, a);
 }
@@ -43,7 +51,7 @@ constexpr Vec3 cross(Vec3 a, Vec3 b) {
 inline double length(Vec3 a) {
   return std::sqrt(length_squared(a));
 }
-// The direction of a, of length 1; zero if a has no length.
+// a with length 1; zero if a has no length.
 inline Vec3 unit(Vec3 a) {
   const double size = length(a);
   return size > 0 ? a * (1.0 / size) : Vec3{};

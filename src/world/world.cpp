@@ -1,6 +1,6 @@
 #include "world/world.h"
 
-#include "generate/choose.h"
+#include "generate/new_tree.h"
 #include "maze/pos.h"
 
 void World_new(World *world, int32_t mode) {
@@ -18,7 +18,7 @@ void World_place_camera(World *world) {
 }
 
 void World_new_maze(World *world, int32_t mode) {
-  world->root = Maze_choose(mode);
+  world->root = Maze_new_tree(mode);
   world->cur = World_first_place(world->root);
   world->offset = {0, 0, 0};
 }

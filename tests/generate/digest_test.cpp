@@ -9,13 +9,10 @@
 #include <string>
 
 #include "generate/carve.h"
-#include "generate/choose.h"
-#include "generate/closed.h"
-#include "generate/curved.h"
-#include "generate/flat.h"
+#include "generate/new_tree.h"
+#include "generate/topologies.h"
 #include "generate/nest.h"
 #include "generate/relax.h"
-#include "generate/topology.h"
 #include "generate/transform.h"
 #include "maze/walk.h"
 #include "support/random.h"
@@ -65,7 +62,7 @@ Maze *build(const std::string &name, double a, double b, double c) {
   if (name == "topologies") return random_topologies(a, j);
   if (name == "relaxed") return relaxed(a, b, c);
   EXPECT_EQ(name, "choose");
-  return Maze_choose(i);
+  return Maze_new_tree(i);
 }
 
 struct Digest {

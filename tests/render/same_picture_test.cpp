@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "generate/carve.h"
-#include "generate/flat.h"
+#include "generate/topologies.h"
 #include "generate/relax.h"
 #include "generate/transform.h"
 #include "gfx/gl.h"

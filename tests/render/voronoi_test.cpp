@@ -7,10 +7,8 @@
 #include <limits>
 #include <vector>
 
-#include "generate/choose.h"
-#include "generate/closed.h"
-#include "generate/curved.h"
-#include "generate/flat.h"
+#include "generate/new_tree.h"
+#include "generate/topologies.h"
 #include "generate/relax.h"
 #include "generate/transform.h"
 #include "maze/edit.h"
@@ -91,7 +89,7 @@ TEST(Voronoi, CellsAreWhatIsNearestToTheirNodes) {
                    shaken(Maze_plane_xy(12, 12), 1e-6),
                    scenario_random(300, 900),
                    scenario_nested(2),
-                   Maze_choose(2),
+                   Maze_new_tree(2),
                    Maze_new()};
   for (Maze *maze : mazes) {
     SCOPED_TRACE(maze_count(maze));
@@ -121,7 +119,7 @@ TEST(Voronoi, WildPositionsEndAndLeaveTheRestAlone) {
 // Nested mazes are off their lattice by rounding, which must not cut cells away.
 TEST(Voronoi, NoiseOfANestedLatticeEmptiesNoCell) {
   rand_seed(29);
-  Maze *root = Maze_choose(0);
+  Maze *root = Maze_new_tree(0);
   Maze *nested = maze_nodes(root)[115].submaze;
   ASSERT_EQ(maze_count(nested), 271);
   voronoi_build(nested, 1);

@@ -1,6 +1,6 @@
 #include "generate/repulsion_kernel.h"
 
-void repel_by_two(const RepulsionField &field) {
+void repel_sse2(const RepulsionField &field) {
   using Two = double __attribute__((vector_size(2 * sizeof(double))));
   repel_all<Two>(field);
 }

@@ -1,6 +1,6 @@
 #include "generate/repulsion_kernel.h"
 
-void repel_by_four(const RepulsionField &field) {
+void repel_avx2(const RepulsionField &field) {
   using Four = double __attribute__((vector_size(4 * sizeof(double))));
   repel_all<Four>(field);
 }

@@ -48,13 +48,7 @@ void keys_screenshot() {
 
 void keys_new_maze(World *world) {
   if (!key_pressed('N')) return;
-  Maze *old = world->root;
-  world->root = nullptr; // nothing can be saved in between
-  Maze_destroy(old, 1);
-  World_new_maze(world, (key_down(vk_shift) ? 1 : 0) + (key_down(vk_control) ? 1 : 0));
-  world->time = 0.0;
-  // Roamers would outlive the tree, but the places that they stand on are in the destroyed mazes.
-  GrowList_clear(&world->roamers);
+  World_replace_maze(world, (key_down(vk_shift) ? 1 : 0) + (key_down(vk_control) ? 1 : 0));
 }
 
 bool keys_quit() {

@@ -17,9 +17,9 @@ Mat3 camera_orientation(double yaw, double pitch) {
 
 void World_turn_view(World *world, double yaw, double *pitch) {
   *pitch = std::clamp(*pitch, -std::numbers::pi, 0.0);
-  const Vec3 old_stick = Mat3_row(world->view, 2);
+  const Vec3 old_direction = Mat3_row(world->view, 2);
   world->view = camera_orientation(yaw, *pitch);
-  world->camera = world->camera + world->zoom * (Mat3_row(world->view, 2) - old_stick);
+  world->camera = world->camera + world->zoom * (Mat3_row(world->view, 2) - old_direction);
 }
 
 void World_chase(World *world, double dt) {
@@ -28,5 +28,5 @@ void World_chase(World *world, double dt) {
   if (s < 1.0 && is_finite(world->camera))
     world->camera = world->camera + s * (ideal - world->camera);
   else
-    world->camera = ideal; // in one step, without the rounding of a difference
+    world->camera = ideal;
 }

@@ -2,15 +2,14 @@
 
 #include "world/world.h"
 
-// The following camera: on a stick of length `zoom` from the followed point, on the side that
-// `view` says.
+// The camera follows the user at the distance `zoom`, in the direction of the third row of `view`.
 
-// Rotation of the view for a yaw about z and a pitch about x, radians: Rx(pitch) Rz(yaw).
+// The view for a yaw about z and a pitch about x, in radians: Rx(pitch) Rz(yaw).
 Mat3 camera_orientation(double yaw, double pitch);
 
-// Clamps the pitch to -pi..0, rebuilds `view`, and swings the eye round the followed point at once.
+// Clamps the pitch to -pi..0, sets `view`, and moves the eye around the followed point.
 void World_turn_view(World *world, double yaw, double *pitch);
 
-// Lets the eye cover min(1, 10 dt) of its way to its ideal place; dt in seconds. An eye that is
-// not at a finite place is put there at once.
+// Moves the eye by the fraction min(1, 10 dt) of the distance to its ideal position; dt is in
+// seconds. An eye whose position is not finite moves there at once.
 void World_chase(World *world, double dt);

@@ -8,50 +8,47 @@
 
 namespace {
 
-// The zero vector stays what it is.
-Vec3 direction_of(Vec3 v) {
-  if (!(length_squared(v) > 0)) return {0, 0, 0};
-  return v * (1.0 / length(v));
-}
-
-// Cosine of the angle between the push and the way to `target`; 0 for a target in the same place.
-// Rounding may leave it a little above 1.
+// Cosine of the angle between a push and the edge to `target`, which rounding can make slightly
+// greater than 1; 0 for an edge without length.
 double push_score(Vec3 from, Vec3 push_direction, Pos target) {
   const Vec3 d = Pos_position(target) - from;
   const double distance = length(d);
   return distance > 0 ? dot(d, push_direction) / distance : 0.0;
 }
 
-// How much of the way to `target` the offset covers.
-double part_of_way(Vec3 from, Vec3 offset, Pos target) {
+// The fraction of the edge to `target` that the offset covers.
+double part_of_edge(Vec3 from, Vec3 offset, Pos target) {
   const Vec3 d = Pos_position(target) - from;
   return dot(offset, d) / length_squared(d);
 }
 
-// Entry that the offset points to best; of equals the last one in the list. -1 if it points to
-// none.
-int32_t best_entry(Vec3 from, Vec3 offset, const Pos *list, int32_t count) {
-  const Vec3 direction = direction_of(offset);
-  int32_t best = -1;
-  double best_score = 0.0;
+// The entry that the offset points to best, the last one among equals, or -1 if it points to none;
+// and the two best scores, 0 for none.
+struct Ranking {
+  int32_t best;
+  double best_score, second_score;
+};
+
+Ranking rank_entries(Vec3 from, Vec3 offset, const Pos *list, int32_t count) {
+  const Vec3 direction = unit(offset);
+  Ranking ranking = {-1, 0.0, 0.0};
   for (int32_t i = count; i-- > 0;) {
     const double score = push_score(from, direction, list[i]);
-    if (score > best_score) {
-      best = i;
-      best_score = score;
-    }
+    if (score > ranking.best_score)
+      ranking = {i, score, ranking.best_score};
+    else
+      ranking.second_score = std::max(ranking.second_score, score);
   }
-  return best;
+  return ranking;
 }
 
-// A score above 1, which only rounding makes, would have no angle.
 double angle_of(double score) {
-  const double c = std::min(score, 1.0);
+  const double c = std::min(score, 1.0); // a greater one has no angle
   return std::atan2(std::sqrt(1.0 - c * c), c);
 }
 
-// How much of its motion a push keeps that has a rival: all if the rival is at a right angle, none
-// if it is as near.
+// The fraction of its motion that a push keeps: all if the second best edge is at a right angle to
+// it, none if that is as near as the best.
 double rival_damping(double best_score, double second_score) {
   const double second_angle = angle_of(second_score);
   return second_angle > 0 ? 1.0 - angle_of(best_score) / second_angle : 0.0;
@@ -65,10 +62,10 @@ void World_move(World *world, double mx, double my) {
   const Vec3 p = Pos_position(from);
   Pos list[pos_max_edges];
   const int32_t count = Pos_alledges(from.maze, from.node, list, nullptr);
-  const int32_t best = best_entry(p, world->offset, list, count);
+  const int32_t best = rank_entries(p, world->offset, list, count).best;
   if (best < 0) {
     world->offset = {0, 0, 0};
-  } else if (part_of_way(p, world->offset, list[best]) > 1.0) {
+  } else if (part_of_edge(p, world->offset, list[best]) > 1.0) {
     world->cur = list[best];
     world->offset = {0, 0, 0};
     Pos_mark_usertime(from.maze, from.node, world->cur.maze, world->cur.node, world->time);
@@ -78,25 +75,12 @@ void World_move(World *world, double mx, double my) {
 int32_t World_follow_fraction(Maze *maze, int32_t node, Vec3 offset, const Pos *list, int32_t count,
                               double *result) {
   const Vec3 p = Pos_position({maze, node});
-  const Vec3 direction = direction_of(offset);
-  int32_t best = -1;
-  double best_score = 0.0;
-  double second_score = 0.0;
-  for (int32_t i = count; i-- > 0;) {
-    const double score = push_score(p, direction, list[i]);
-    if (score > best_score) {
-      second_score = best_score;
-      best_score = score;
-      best = i;
-    } else {
-      second_score = std::max(second_score, score);
-    }
-  }
+  const Ranking ranking = rank_entries(p, offset, list, count);
   *result = 0.0;
-  if (best < 0) return -1;
-  *result = part_of_way(p, offset, list[best]);
-  if (second_score > 0) *result *= rival_damping(best_score, second_score);
-  return best;
+  if (ranking.best < 0) return -1;
+  *result = part_of_edge(p, offset, list[ranking.best]);
+  if (ranking.second_score > 0) *result *= rival_damping(ranking.best_score, ranking.second_score);
+  return ranking.best;
 }
 
 Vec3 World_follow_point(const World *world) {

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int tries = 50; // to find a way that doesn't lead straight back
+constexpr int32_t max_draws = 50; // for a way that does not lead straight back
 
 } // namespace
 
@@ -18,7 +18,7 @@ void Roamer_step(Roamer *roamer, World *world, double dt) {
   const int32_t count = Pos_alledges(roamer->cur.maze, roamer->cur.node, ways, nullptr);
   if (count == 0) return;
   Pos next = roamer->prev;
-  for (int i = 0; i < tries && Pos_equal(next, roamer->prev); i++)
+  for (int32_t i = 0; i < max_draws && Pos_equal(next, roamer->prev); i++)
     next = ways[rand_int(count)];
   Pos_mark_roamertime(roamer->cur.maze, roamer->cur.node, next.maze, next.node, world->time);
   roamer->prev = roamer->cur;

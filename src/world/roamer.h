@@ -2,12 +2,12 @@
 
 #include "world/world.h"
 
-// Walkers on the user's graph, which leave their own times on what they cross. Nothing adds one
-// yet; who does gives it a plain node as `cur`, and Pos_null as `prev`.
+// Walkers that leave their own times on the edges they cross. Nothing creates one yet. A new one
+// has a node without a submaze as `cur`, and Pos_null as `prev`.
 
-// Lets a Roamer's timer run for dt seconds and, when it has run out, takes a step: at random, but
-// not straight back unless there is hardly another way.
+// Advances a Roamer's timer by dt seconds. When it runs out, takes a random step; goes straight
+// back only if fifty draws find no other way.
 void Roamer_step(Roamer *roamer, World *world, double dt);
 
-// The same for all Roamers of the world, from the last to the first.
+// The same for all Roamers, from the last to the first.
 void World_step_roamers(World *world, double dt);

@@ -13,13 +13,13 @@
 
 namespace {
 
-// The header of the list of Roamers as it stands in the file, whatever the list is in memory.
+// The list header of the Roamers in the file, which does not depend on the list.
 constexpr uint32_t header_data = 0, header_mirror = 0, header_count = 0, header_capacity = 1,
                    header_initial = 1, header_elemsize = 32;
 constexpr float header_growth = 60.0F;
 constexpr size_t block_size = 144, block_numbers = 14;
 constexpr size_t buffer_size = 1 << 20; // for reading
-constexpr int32_t max_tries = 10;       // to save, while signals interrupt it
+constexpr int32_t max_tries = 10;       // to save, if signals interrupt it
 
 void write_block(ByteWriter *out, const World *world) {
   write_number(out, world->time);
@@ -36,7 +36,7 @@ void write_block(ByteWriter *out, const World *world) {
   write_number(out, header_growth);
 }
 
-// The fields of the block, of which the list of Roamers, another run's, is left out.
+// Reads the block; the list header of the Roamers in it is ignored.
 void read_block(ByteReader *in, World *world) {
   const uint8_t *bytes = read_bytes(in, block_size);
   if (bytes == nullptr) return;
@@ -58,17 +58,18 @@ void sanitise_numbers(World *world) {
   for (int32_t row = 0; row < 3; row++)
     if (!is_finite(Mat3_row(world->view, row))) world->view = mat3_identity;
   if (!is_finite(world->camera)) World_place_camera(world);
-  // The place itself may be nowhere, where nodes coincided and were flung apart.
+  // The node's own position may not be finite, after nodes at the same position repelled each
+  // other.
   if (!is_finite(world->camera)) world->camera = {0.0, 0.0, world->zoom};
 }
 
-// A place that a user can stand on.
+// Whether the user can be there.
 bool is_place(Pos pos) {
   if (pos.maze == nullptr || pos.node < 0 || pos.node >= maze_count(pos.maze)) return false;
   return maze_nodes(pos.maze)[pos.node].submaze == nullptr;
 }
 
-// False, with errno, if it failed.
+// False, with errno, on failure.
 bool save_once(const World *world, const char *path) {
   FileReplacement file;
   if (!file_replace_begin(&file, path, false)) return false;
@@ -78,8 +79,8 @@ bool save_once(const World *world, const char *path) {
   return file_replace_end(&file, !out->failed);
 }
 
-// Why a session could not be had from a file.
-SessionLoad fault_of(const ByteReader &in) {
+// Why a session could not be read.
+SessionLoad load_error(const ByteReader &in) {
   if (in.out_of_memory) errno = ENOMEM;
   return in.out_of_memory || std::ferror(in.file) != 0 ? SessionLoad::unreadable
                                                        : SessionLoad::damaged;
@@ -129,12 +130,12 @@ SessionLoad World_load(World *world, const char *path) {
   if (file == nullptr) return errno == ENOENT ? SessionLoad::absent : SessionLoad::unreadable;
   SessionLoad result = SessionLoad::unreadable;
   const long size = file_size(file);
-  if (size >= 0 && file_has_holes(file)) { // no save leaves any, and they could fill the memory
+  if (size >= 0 && file_has_holes(file)) { // a saved file has none, and they could fill the memory
     result = SessionLoad::damaged;
   } else if (size >= 0) {
     const auto buffer = std::make_unique_for_overwrite<uint8_t[]>(buffer_size);
     ByteReader in = file_reader(file, static_cast<size_t>(size), buffer.get(), buffer_size);
-    result = World_read(world, &in) ? SessionLoad::loaded : fault_of(in);
+    result = World_read(world, &in) ? SessionLoad::loaded : load_error(in);
   }
   file_close_read(file);
   return result;

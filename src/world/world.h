@@ -5,7 +5,7 @@
 #include "support/mat3.h"
 #include "support/vec3.h"
 
-// An autonomous walker on the same graph as the user.
+// A walker that moves by itself on the user's graph.
 struct Roamer {
   double timer;  // seconds to its next step
   double period; // seconds between steps
@@ -13,36 +13,39 @@ struct Roamer {
   Pos prev;
 };
 
-// The whole state of a session; there is one, owned by the main program.
+// The state of a session.
 struct World {
   Maze *root;        // the tree of mazes; owned
-  Pos cur;           // the node that the user is at; never one that holds a submaze
+  Pos cur;           // the user's node, which holds no submaze
   Vec3 offset;       // displacement from that node, world units
   double time;       // session clock, seconds
-  Mat3 view;         // rows: the screen's right, its up, and from the scene to the eye
-  Vec3 camera;       // the eye
-  double zoom;       // distance between the eye and the followed point, world units
-  int32_t showtrail; // whether colours computed on the processor show ages
+  Mat3 view;         // rows: the directions right, up and towards the eye
+  Vec3 camera;       // position of the eye
+  double zoom;       // distance from the eye to the followed point, world units
+  int32_t showtrail; // not 0 if colours computed on the CPU show ages
   GrowList roamers;  // of Roamer
 };
 
 constexpr double initial_zoom = 20.0; // world units
 
-// Starts a session on a new random maze of the given mode (see World_new_maze), looking down on
-// its first node. What the record held before is not released.
+// Starts a session in a new random tree (see World_new_maze), looking down at its first place. Does
+// not free what the record held before.
 void World_new(World *world, int32_t mode);
 
-// Replaces the tree by a new random one and puts the user on its first place: a patchwork of tiles
-// for mode 1, a ladder of rooms for 2, else a single topology, perhaps with mazes nested in it. The
-// caller has destroyed the old tree. Clock, view, camera, zoom and Roamers stay.
+// Makes a new random tree (see generate/new_tree.h) and moves the user to its first place. Does not
+// destroy the old tree. Clock, view, camera, zoom and Roamers stay.
 void World_new_maze(World *world, int32_t mode);
 
-// Puts the camera straight behind the user's place, at the distance of the zoom.
+// Destroys the tree, then makes a new one. Sets the clock to 0 and removes the Roamers, since their
+// places are gone.
+void World_replace_maze(World *world, int32_t mode);
+
+// Moves the camera to the distance of the zoom from the user's node, without a transition.
 void World_place_camera(World *world);
 
-// Where the user starts in a tree: the first plain node, where the nodes of a submaze come in the
-// place of their holder. Pos_null if there is none.
+// The user's first place in a tree: its first node without a submaze, where the nodes of a submaze
+// replace their holder. Pos_null if there is none.
 Pos World_first_place(Maze *root);
 
-// Destroys the tree and releases the list of Roamers.
+// Destroys the tree and frees the list of Roamers.
 void World_free(World *world);

@@ -22,6 +22,7 @@ done
 forbid "GL" '^$' '#include <(GL|EGL|SDL)|\bgl[A-Z][a-z]+[A-Z0-9]?[a-z]*\(' "${layers[@]:0:4}"
 forbid "a window system" '^(\./)?(gfx/platform_[a-z0-9_]+|support/[a-z]+_windows)\.cpp:' \
   '_WIN32|windows\.h|SDL' .
+forbid "gfx below the seam" 'gfx/platform(_events)?\.h"' 'include "gfx/' gfx/platform_*.cpp
 forbid "the files of a system" '^(\./)?support/[a-z]+_(posix|windows)\.cpp:' \
   'unistd\.h|sys/stat\.h|<io\.h>' .
 

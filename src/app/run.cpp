@@ -8,7 +8,6 @@
 #include "app/scene.h"
 #include "app/session_file.h"
 #include "app/settings_file.h"
-#include "gfx/gl_util.h"
 #include "gfx/input.h"
 #include "gfx/platform.h"
 #include "gfx/texture.h"

@@ -49,7 +49,7 @@ void view_mouse_step(int32_t *dx, int32_t *dy) {
     if (was) platform_show_cursor(true);
     return;
   }
-  if (windowed == 0 && window_active == 0) return; // the cursor is another program's
+  if (windowed == 0 && !window_active) return; // the cursor is another program's
   gfx_mouse_recentre(dx, dy);
   if (windowed != 0 && !was) platform_show_cursor(false);
 }

@@ -5,9 +5,9 @@
 namespace {
 
 constexpr int32_t edge_unset = 999999999; // beyond any desktop
-constexpr uint32_t mask_bits = 31;        // bit 31 makes the mask negative, which spans all
+constexpr uint32_t mask_bits = 31;        // bit 31 makes the mask negative: the whole desktop
 
-// Sums of edges and sizes out of the settings file may leave 32 bits; they wrap there.
+// Edges and sizes come from the settings file, so sums can exceed 32 bits. They wrap.
 int32_t wrap(int64_t value) {
   return static_cast<int32_t>(value);
 }
@@ -16,7 +16,7 @@ MonitorRect rect_at(int64_t left, int64_t top, int64_t width, int64_t height) {
   return {wrap(left), wrap(top), wrap(left + width), wrap(top + height)};
 }
 
-MonitorRect monitor_area(int32_t number, const PlatformMetrics &metrics, const GrowList &monitors) {
+MonitorRect monitor_area(int32_t number, const DisplayMetrics &metrics, const GrowList &monitors) {
   if (monitors.count == 0) return rect_at(0, 0, metrics.primary_width, metrics.primary_height);
   bool known = number >= 1 && static_cast<uint32_t>(number) <= monitors.count;
   return rows<MonitorRect>(monitors)[known ? number - 1 : 0];
@@ -43,7 +43,7 @@ int64_t centred(int64_t cursor, int64_t outer, int64_t desktop_first, int64_t de
 } // namespace
 
 MonitorRect display_area(int32_t width_request, int32_t height_request,
-                         const PlatformMetrics &metrics, const GrowList &monitors) {
+                         const DisplayMetrics &metrics, const GrowList &monitors) {
   if (width_request == 0 && height_request == 0)
     return rect_at(0, 0, metrics.primary_width, metrics.primary_height);
   if (width_request == 0) return monitor_area(height_request, metrics, monitors);
@@ -67,8 +67,8 @@ MonitorRect display_fullscreen_outer(const MonitorRect &area, ClientSize size, i
                  size.height);
 }
 
-MonitorRect display_framed_outer(ClientSize size, const PlatformMetrics &metrics,
-                                 PlatformPoint cursor) {
+MonitorRect display_framed_outer(ClientSize size, const DisplayMetrics &metrics,
+                                 DisplayPoint cursor) {
   int64_t width = int64_t{size.width} + 2 * int64_t{metrics.frame_width};
   int64_t height =
       int64_t{size.height} + metrics.caption_height + 2 * int64_t{metrics.frame_height};

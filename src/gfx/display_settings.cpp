@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "gfx/window.h"
+#include "gfx/screen.h"
 #include "support/strings.h"
 
 namespace {

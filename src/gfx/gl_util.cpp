@@ -7,21 +7,13 @@
 #include <iterator>
 
 #include "gfx/gl.h"
-#include "gfx/platform.h"
 #include "gfx/projection.h"
-#include "gfx/window.h"
+#include "gfx/screen.h"
 #include "support/colour.h"
-
-uint32_t remembered_clear_colour = clear_colour_unknown;
 
 namespace {
 
 constexpr double degrees_per_half_angle = 114.59155902616465; // 360 / pi
-constexpr double byte_to_unit = 0.00392156862745098;
-
-float unit_share(uint8_t channel) {
-  return static_cast<float>(channel * byte_to_unit);
-}
 
 // Half the frame's width at a distance of 1.
 double half_width_tangent() {
@@ -36,25 +28,13 @@ void transform(const double *m, const double v[4], double out[4]) {
     out[row] = m[row] * v[0] + m[4 + row] * v[1] + m[8 + row] * v[2] + m[12 + row] * v[3];
 }
 
-// The strings of the GL are unsigned bytes; the C library wants plain ones.
+// GL strings are unsigned bytes; the C library takes plain characters.
 const char *gl_string(GLenum name) {
   const void *text = glGetString(name);
   return text == nullptr ? "" : static_cast<const char *>(text);
 }
 
 } // namespace
-
-void gfx_swap(uint32_t clear_colour) {
-  glFinish();
-  platform_swap_buffers();
-  if (clear_colour != remembered_clear_colour) {
-    glClearColor(unit_share(colour_red(clear_colour)), unit_share(colour_green(clear_colour)),
-                 unit_share(colour_blue(clear_colour)), 0);
-    remembered_clear_colour = clear_colour;
-  }
-  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-  glLoadIdentity();
-}
 
 double gl_version() {
   return std::atof(gl_string(GL_VERSION));
@@ -81,6 +61,22 @@ bool gl_is_software() {
   });
 }
 
+void gfx_set_colour(uint32_t colour) {
+  glColor3ub(colour_red(colour), colour_green(colour), colour_blue(colour));
+}
+
+void gfx_load_projection(const float matrix[16]) {
+  glMatrixMode(GL_PROJECTION);
+  glLoadMatrixf(matrix);
+  glMatrixMode(GL_MODELVIEW);
+}
+
+void gfx_load_projection(const double matrix[16]) {
+  glMatrixMode(GL_PROJECTION);
+  glLoadMatrixd(matrix);
+  glMatrixMode(GL_MODELVIEW);
+}
+
 void gfx_push_2d() {
   int32_t viewport[4];
   glGetIntegerv(GL_VIEWPORT, viewport);
@@ -92,8 +88,7 @@ void gfx_push_2d() {
   glLoadIdentity();
   glMatrixMode(GL_PROJECTION);
   glPushMatrix();
-  glLoadMatrixf(matrix);
-  glMatrixMode(GL_MODELVIEW);
+  gfx_load_projection(matrix);
   glDisable(GL_DEPTH_TEST);
   glDepthMask(GL_FALSE);
 }
@@ -166,8 +161,4 @@ double gfx_units_per_pixel() {
   double c = x_column[1] * half_height;
   double d = y_column[1] * half_height;
   return 1 / std::sqrt(std::abs(a * d - b * c));
-}
-
-void swap_interval(int32_t frames) {
-  platform_swap_interval(frames);
 }

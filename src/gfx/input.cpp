@@ -3,7 +3,8 @@
 #include <cstring>
 
 #include "gfx/platform.h"
-#include "gfx/window.h"
+#include "gfx/platform_events.h"
+#include "gfx/screen.h"
 
 uint32_t quit_requested;
 uint32_t mouse_buttons;
@@ -16,14 +17,15 @@ char typed_text[512];
 uint8_t key_state[384];
 uint8_t key_state_prev[384];
 uint8_t alt_tabbed;
-uint8_t window_active;
+bool window_active;
 
 namespace {
 
 constexpr uint32_t press_bits = mouse_left | mouse_right | mouse_middle;
 constexpr uint32_t wheel_bits = mouse_wheel_forward | mouse_wheel_backward;
 constexpr size_t typed_limit = 499;
-constexpr int32_t word_mask = 0xFFFF; // places left of or above the window read as large numbers
+constexpr int32_t word_mask =
+    0xFFFF; // a position left of or above the window reads as a large number
 constexpr uint8_t down_bit = 0x80;
 
 // Releases all keys and buttons, since their release events go to another program.
@@ -48,10 +50,10 @@ void enter_window() {
 }
 
 void follow_focus() {
-  const uint8_t active = platform_has_focus() && !platform_is_minimised() ? 1 : 0;
+  const bool active = platform_has_focus() && !platform_is_minimised();
   if (active == window_active) return;
   window_active = active;
-  if (active != 0)
+  if (active)
     enter_window();
   else
     leave_window();
@@ -75,15 +77,15 @@ uint32_t gfx_pump() {
     return quit_requested;
   }
   follow_focus();
-  // The keys stay as they are while minimised, so that none seems pressed or let go.
+  // While minimised the keys keep their state, so that none seems pressed or released.
   std::memcpy(key_state_prev, key_state, sizeof key_state);
   if (platform_is_minimised()) {
     alt_tabbed = 0;
     return quit_requested;
   }
-  if (alt_tabbed == 0 && windowed == 0 && window_active != 0) platform_keep_on_top();
+  if (alt_tabbed == 0 && windowed == 0 && window_active) platform_keep_on_top();
   platform_key_snapshot(key_state);
-  // Minimising may take the system several pumps: asked again until it is done.
+  // Some systems take several pumps to minimise a window, so repeat until it is done.
   if (key_down(vk_alt) && key_down(vk_tab)) alt_tabbed = 1;
   if (alt_tabbed != 0) platform_minimise();
   return quit_requested;
@@ -97,35 +99,43 @@ uint32_t gfx_next_typed_char() {
 
 void gfx_mouse_recentre(int32_t *dx, int32_t *dy) {
   MonitorRect outer = platform_window_rect();
-  PlatformPoint centre = {(outer.left + outer.right) / 2, (outer.top + outer.bottom) / 2};
-  PlatformPoint cursor = platform_cursor();
-  PlatformPoint motion = {cursor.x - centre.x, cursor.y - centre.y};
-  // A cursor that stays where it is would be read as the same motion in every frame.
+  DisplayPoint centre = {(outer.left + outer.right) / 2, (outer.top + outer.bottom) / 2};
+  DisplayPoint cursor = platform_cursor();
+  DisplayPoint motion = {cursor.x - centre.x, cursor.y - centre.y};
+  // A cursor that can't be moved would give the same motion in every frame.
   if (!platform_set_cursor(centre)) motion = platform_relative_motion();
   if (dx != nullptr) *dx = motion.x;
   if (dy != nullptr) *dy = motion.y;
 }
 
-void input_mouse_message(uint32_t buttons, int32_t x, int32_t y) {
-  mouse_x = x & word_mask;
-  mouse_y = y & word_mask;
-  mouse_event_buttons = buttons & press_bits;
+void event_mouse(const MouseEvent &mouse) {
+  mouse_x = mouse.x & word_mask;
+  mouse_y = mouse.y & word_mask;
+  mouse_event_buttons = mouse.buttons & press_bits;
   if (mouse_event_buttons == 0) mouse_wait_release = 0;
   if (mouse_wait_release != 0) return;
   mouse_buttons = (mouse_buttons & wheel_bits) | mouse_event_buttons;
 }
 
-void input_wheel_message(int32_t delta) {
+MouseEvent event_latest_mouse() {
+  return {mouse_event_buttons, mouse_x, mouse_y};
+}
+
+bool event_awaits_release() {
+  return mouse_wait_release != 0;
+}
+
+void event_wheel(int32_t delta) {
   mouse_buttons |= delta > 0 ? mouse_wheel_forward : mouse_wheel_backward;
 }
 
-void input_char_message(uint32_t code) {
+void event_char(uint32_t code) {
   size_t length = std::strlen(typed_text);
   if (length >= typed_limit) return;
   typed_text[length] = static_cast<char>(code & 0xFF);
   typed_text[length + 1] = '\0';
 }
 
-void input_gesture_message(uintptr_t wparam, intptr_t lparam) {
+void event_gesture(uintptr_t wparam, intptr_t lparam) {
   if (gesture_hook != nullptr) gesture_hook(wparam, lparam);
 }

@@ -2,40 +2,22 @@
 
 #include <cstdint>
 
-#include "support/list.h"
+#include "gfx/display.h"
 
-// The seam to the window system: what a platform supplies. One source file implements it, the
-// build picks which, and no other file knows a window system. Nothing here calls back: messages
-// are handed to the functions of gfx/input.h and gfx/window.h, inside platform_messages or, where
-// the system does so, inside another of these functions.
+// The seam to the window system: what a platform supplies. One platform implements it, which the
+// build selects, and no other file knows a window system. A platform file includes nothing else of
+// gfx but platform_events.h, to which it reports events.
 
-// Edges in virtual-desktop pixels; right and bottom are one past the last pixel.
-struct MonitorRect {
-  int32_t left, top, right, bottom;
-};
-
-struct PlatformPoint {
-  int32_t x, y;
-};
-
-// What the placement rules need to know of the display.
-struct PlatformMetrics {
-  int32_t primary_width, primary_height;
-  MonitorRect virtual_desktop;
-  int32_t frame_width, frame_height; // thickness of a window frame's sides, top and bottom
-  int32_t caption_height;
-};
-
-// Outer position and client size of the window to be made, and how.
+// Outer position and client size of the window to be opened.
 struct PlatformWindowRequest {
   const char *title;
   MonitorRect outer;                   // with frame and caption
-  int32_t client_width, client_height; // pixels of the picture
+  int32_t client_width, client_height; // pixels
   bool framed;
   bool change_display_mode; // switch the display to the client size
 };
 
-// How far platform_open came.
+// The result of platform_open: ok, or the step that failed.
 enum class PlatformOpen {
   ok,
   no_class,
@@ -46,29 +28,28 @@ enum class PlatformOpen {
   no_current
 };
 
-// Hands what the system has of its own to `support`, before anything else is called: its
-// clock, its thread numbers and its sleep, and a way to tell sentences to a user who has no
-// standard error to read them from.
+// Installs the platform's clock, sleep, thread id and message box in support/. To be called first.
 void platform_begin();
 
-// Connects to the display. False, with platform_fault told, if there is none.
+// Connects to the display. False, with platform_error set, if there is none.
 bool platform_connect();
 
-// Makes pixel sizes true on scaled displays, where the platform wants to be asked.
+// Asks for true pixel sizes on scaled displays, where the platform needs it.
 void platform_dpi_aware();
 
-PlatformMetrics platform_metrics();
+DisplayMetrics platform_metrics();
 
 // Appends a MonitorRect for each monitor, in the system's order.
 void platform_monitors(GrowList *out);
 
-// Makes the window and a current OpenGL context of the compatibility profile.
+// Opens the window and makes a context of the compatibility profile current. Unless the result is
+// ok, platform_error is set.
 PlatformOpen platform_open(const PlatformWindowRequest *request);
 
-// What went wrong in platform_connect or platform_open, as part of a sentence for the user.
-const char *platform_fault();
+// The reason why platform_connect or platform_open failed, as part of a sentence for the user.
+const char *platform_error();
 
-// Drops the context and gives the display its mode back. Safe to repeat.
+// Destroys the context and restores the display mode. May be called again.
 void platform_close();
 
 // An OpenGL entry point by name; null if there is none.
@@ -76,14 +57,17 @@ void *platform_gl_proc(const char *name);
 
 void platform_swap_buffers();
 
-// Display frames that a swap waits for; nothing happens where the system decides.
+// The OpenGL extension without which platform_swap_interval must not be called; null for none.
+const char *platform_swap_extension();
+
+// Sets the number of display frames that a swap waits for.
 void platform_swap_interval(int32_t frames);
 
-// Hands all waiting messages to gfx/input.h and gfx/window.h, without blocking. True if the system
-// asked the program to quit.
+// Reports all waiting messages as events, without blocking. True if the system asked the program to
+// quit.
 bool platform_messages();
 
-// Waits until there is a message or the time is over.
+// Waits until there is a message, for at most that time.
 void platform_wait(int32_t milliseconds);
 
 bool platform_is_minimised();
@@ -91,27 +75,27 @@ void platform_minimise();
 void platform_keep_on_top();
 bool platform_has_focus();
 
-// Bit 0x80 of each byte tells that the key of that virtual-key code is down.
+// Sets bit 0x80 of the bytes whose virtual keys are down.
 void platform_key_snapshot(uint8_t keys[256]);
 
 MonitorRect platform_window_rect(); // outer, with the frame
-PlatformPoint platform_cursor();
+DisplayPoint platform_cursor();
 
-// False where the cursor can't be moved; platform_relative_motion then steers instead.
-bool platform_set_cursor(PlatformPoint place);
+// False if the cursor can't be moved; use platform_relative_motion then.
+bool platform_set_cursor(DisplayPoint position);
 
 // Mouse motion since the last call, for platforms that can't move the cursor.
-PlatformPoint platform_relative_motion();
+DisplayPoint platform_relative_motion();
 
 void platform_show_cursor(bool shown);
 
 // Allowed at the start.
 void platform_allow_screen_saver(bool allowed);
 
-// A box with an error sign and one button; returns when it was answered.
+// Shows a box with an error sign and one button, and returns when the user has answered.
 void platform_message_box(const char *caption, const char *text);
 
-// Puts the local date and time there, as "2018-Jan-31 23:59:59" with the month in the user's
-// language; an empty text if it can't be told.
+// Writes the local date and time as "2018-Jan-31 23:59:59", with the month in the user's language;
+// an empty text if the time is unknown.
 constexpr int32_t platform_date_size = 64;
 void platform_date(char date[platform_date_size]);

@@ -1,5 +1,6 @@
 #include "gfx/platform.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -8,33 +9,32 @@
 
 #include <SDL.h>
 
-#include "gfx/display.h"
-#include "gfx/input.h"
-#include "gfx/window.h"
+#include "gfx/platform_events.h"
 #include "support/report.h"
 
 namespace {
 
 SDL_Window *window;
 SDL_GLContext context;
-char fault[512];
-PlatformPoint size_told; // the client size that gfx_resize knows
-bool frame_settled;      // whether the window has no frame, or one that was kept on the desktop
+char last_error[512];
+DisplayPoint reported_size; // of the latest event_resize
+bool frame_placed;          // the window has no frame, or one that was moved onto the desktop
 
 struct PixelFormat {
   int depth_bits, alpha_bits;
 };
 
-// In order of preference: 32 bits of depth where there are any, though most drivers have 24. Alpha
-// is for pictures that are drawn in the window for want of framebuffer objects, and can be missed.
+// In order of preference. Most drivers have 24 bits of depth, some 32. Only textures that are drawn
+// in the window, without framebuffer objects, need alpha.
 constexpr PixelFormat formats[] = {{32, 8}, {24, 8}, {32, 0}, {24, 0}};
 
-void take_fault() {
+void keep_error() {
   const char *error = SDL_GetError();
-  std::snprintf(fault, sizeof fault, "%s", error[0] != '\0' ? error : "no reason was given");
+  std::snprintf(last_error, sizeof last_error, "%s",
+                error[0] != '\0' ? error : "no reason was given");
 }
 
-// A display mode outlives the program that set it, so it is given back on every way out.
+// A display mode outlives the program that set it, so every way out restores it.
 void restore_display_mode() {
   if (window == nullptr) return;
   uint32_t flags = SDL_GetWindowFlags(window) & SDL_WINDOW_FULLSCREEN_DESKTOP;
@@ -61,7 +61,7 @@ bool is_whole_monitor(const MonitorRect &area) {
   return false;
 }
 
-// The display at the corner of the desktop, which is the one that changes its mode.
+// The display at the desktop's origin, which is the one that changes its mode.
 int corner_display() {
   for (int i = SDL_GetNumVideoDisplays() - 1; i > 0; i--) {
     const MonitorRect rect = monitor(i);
@@ -70,7 +70,7 @@ int corner_display() {
   return 0;
 }
 
-// Asked for a mode that the display lacks, the library would take a larger one.
+// SDL replaces a mode that the display lacks by a larger one.
 bool has_mode(int32_t width, int32_t height) {
   const int display = corner_display();
   for (int i = SDL_GetNumDisplayModes(display) - 1; i >= 0; i--) {
@@ -81,7 +81,7 @@ bool has_mode(int32_t width, int32_t height) {
   return false;
 }
 
-// Always on top is asked for here, since the library ignores it once a window is fullscreen.
+// Always on top is set at creation, since SDL ignores it for a window that is fullscreen already.
 uint32_t window_flags(const PlatformWindowRequest &request) {
   if (request.framed) return SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE;
   const uint32_t flags = SDL_WINDOW_OPENGL | SDL_WINDOW_ALWAYS_ON_TOP;
@@ -96,9 +96,9 @@ SDL_Window *make_window(const PlatformWindowRequest &request, uint32_t flags) {
                           request.client_width, request.client_height, flags);
 }
 
-// Version 1.1 is asked for so that an old driver still gets as far as the check of its version,
-// which can tell the user more; drivers give their newest that is compatible.
-void ask_for_context(const PixelFormat &format) {
+// Requests version 1.1, for which drivers give their newest compatible one. With an old driver the
+// program then gets as far as its version check, which has the better message.
+void request_context(const PixelFormat &format) {
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_COMPATIBILITY);
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, 1);
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_MINOR_VERSION, 1);
@@ -111,9 +111,9 @@ void ask_for_context(const PixelFormat &format) {
   SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, format.depth_bits);
 }
 
-// A window can fail for want of the display or of a pixel format; one without OpenGL tells which.
+// Retries without OpenGL to tell a missing display from a missing pixel format.
 PlatformOpen why_no_window(const PlatformWindowRequest &request) {
-  take_fault();
+  keep_error();
   SDL_Window *plain = make_window(request, SDL_WINDOW_HIDDEN);
   if (plain == nullptr) return PlatformOpen::no_window;
   SDL_DestroyWindow(plain);
@@ -121,12 +121,12 @@ PlatformOpen why_no_window(const PlatformWindowRequest &request) {
 }
 
 PlatformOpen try_open(const PlatformWindowRequest &request, const PixelFormat &format) {
-  ask_for_context(format);
+  request_context(format);
   window = make_window(request, window_flags(request));
   if (window == nullptr) return why_no_window(request);
   context = SDL_GL_CreateContext(window);
   if (context != nullptr && SDL_GL_MakeCurrent(window, context) == 0) return PlatformOpen::ok;
-  take_fault();
+  keep_error();
   PlatformOpen stage = context == nullptr ? PlatformOpen::no_context : PlatformOpen::no_current;
   platform_close();
   SDL_DestroyWindow(window);
@@ -136,7 +136,7 @@ PlatformOpen try_open(const PlatformWindowRequest &request, const PixelFormat &f
 
 PlatformOpen try_formats(const PlatformWindowRequest &request) {
   if (SDL_GL_LoadLibrary(nullptr) != 0) {
-    take_fault();
+    keep_error();
     return PlatformOpen::no_context;
   }
   PlatformOpen stage = PlatformOpen::no_pixel_format;
@@ -155,8 +155,8 @@ int ignore_x_error(void *, void *) {
   return 0;
 }
 
-// SDL probes GLX with a context whose X errors it doesn't catch, and Xlib would end the program for
-// them. The same errors of the true context come back as SDL's.
+// SDL probes GLX with a context whose X errors it doesn't catch, and Xlib ends the program on them.
+// SDL reports the same errors of the real context itself.
 PlatformOpen try_formats_on_x11(const PlatformWindowRequest &request) {
   void *xlib = SDL_LoadObject("libX11.so.6");
   const auto set_handler = reinterpret_cast<XSetErrorHandler>(
@@ -169,26 +169,26 @@ PlatformOpen try_formats_on_x11(const PlatformWindowRequest &request) {
   return stage;
 }
 
-// Windows are made hidden or shown by window managers as they like, and a size asked for isn't
-// always the size given, so the true one is looked at in every round of messages.
-void follow_client_size() {
-  PlatformPoint size = {0, 0};
+// Window managers hide and resize windows as they like, so compare with the true size after each
+// round of messages.
+void report_client_size() {
+  DisplayPoint size = {0, 0};
   if (!platform_is_minimised()) SDL_GL_GetDrawableSize(window, &size.x, &size.y);
-  if (size.x == size_told.x && size.y == size_told.y) return;
-  size_told = size;
-  gfx_resize(size.x, size.y);
+  if (size.x == reported_size.x && size.y == reported_size.y) return;
+  reported_size = size;
+  event_resize(size.x, size.y);
 }
 
-PlatformPoint centre(const MonitorRect &rect) {
+DisplayPoint centre(const MonitorRect &rect) {
   return {rect.left + (rect.right - rect.left) / 2, rect.top + (rect.bottom - rect.top) / 2};
 }
 
-// The sides of the window's frame are not known before the window is there.
+// The size of the frame is known only some time after the window was opened.
 void keep_frame_on_desktop() {
   int top = 0, left = 0, bottom = 0, right = 0;
-  if (frame_settled || SDL_GetWindowBordersSize(window, &top, &left, &bottom, &right) != 0) return;
-  if (top + left + bottom + right == 0) return; // not known yet
-  frame_settled = true;
+  if (frame_placed || SDL_GetWindowBordersSize(window, &top, &left, &bottom, &right) != 0) return;
+  if (top + left + bottom + right == 0) return; // not yet known
+  frame_placed = true;
   const MonitorRect now = platform_window_rect(); // with the frame, so the metrics need none
   const MonitorRect kept = display_framed_outer({now.right - now.left, now.bottom - now.top},
                                                 platform_metrics(), centre(now));
@@ -204,61 +204,62 @@ uint32_t button_bits(uint32_t sdl_mask) {
   return bits;
 }
 
-// The global state, since a release outside the window sends no event. A press counts only if the
-// window got it, as others go to a window manager that moves the window.
+// Reads the global state, since a release outside the window sends no event. A press counts only if
+// the window got it: others go to a window manager that moves the window.
 uint32_t buttons_held() {
   const uint32_t held = button_bits(SDL_GetGlobalMouseState(nullptr, nullptr));
-  if (mouse_wait_release != 0) return held; // pressed before the window could get it
+  if (event_awaits_release()) return held; // may be pressed since before the window was opened
   return held & button_bits(SDL_GetMouseState(nullptr, nullptr));
 }
 
 void motion_message(const SDL_MouseMotionEvent &motion) {
-  input_mouse_message(buttons_held(), motion.x, motion.y);
+  event_mouse({buttons_held(), motion.x, motion.y});
 }
 
 void button_message(const SDL_MouseButtonEvent &button) {
   const uint32_t bit = button_bits(SDL_BUTTON(button.button));
   const uint32_t others = buttons_held() & ~bit;
-  input_mouse_message(button.state == SDL_PRESSED ? others | bit : others, button.x, button.y);
+  event_mouse({button.state == SDL_PRESSED ? others | bit : others, button.x, button.y});
 }
 
 // Polls the buttons: SDL drops a press if it missed the release before.
-void follow_buttons() {
+void report_buttons() {
   if (SDL_GetMouseFocus() != window) return;
   const uint32_t held = buttons_held();
-  if (held != mouse_event_buttons) input_mouse_message(held, mouse_x, mouse_y);
+  const MouseEvent latest = event_latest_mouse();
+  if (held != latest.buttons) event_mouse({held, latest.x, latest.y});
 }
 
 void wheel_message(const SDL_MouseWheelEvent &wheel) {
   if (wheel.y == 0) return; // sideways
-  input_wheel_message(wheel.y);
+  event_wheel(wheel.y);
 }
 
-// UTF-8 as sent by the system, so always well formed. Typed text is bytes of Latin-1.
+// Converts the system's UTF-8, which is always well formed, to Latin-1.
 void text_message(const char *text) {
   for (const char *at = text; *at != '\0';) {
     uint32_t lead = static_cast<uint8_t>(*at++);
     uint32_t code = lead < 0xC0 ? lead : lead & (lead < 0xE0 ? 0x1F : lead < 0xF0 ? 0x0F : 0x07);
     for (; (*at & 0xC0) == 0x80; at++)
       code = code << 6 | (*at & 0x3F);
-    input_char_message(code <= 0xFF ? code : '?');
+    event_char(code <= 0xFF ? code : '?');
   }
 }
 
-// Control characters don't come as text.
+// Control characters are not sent as text.
 void key_message(const SDL_Keysym &key) {
   SDL_Keycode code = key.sym;
   bool letter = code >= SDLK_a && code <= SDLK_z;
   if (letter && (key.mod & KMOD_CTRL) != 0)
-    input_char_message(static_cast<uint32_t>(code - SDLK_a + 1));
+    event_char(static_cast<uint32_t>(code - SDLK_a + 1));
   else if (code == SDLK_BACKSPACE || code == SDLK_TAB || code == SDLK_RETURN || code == SDLK_ESCAPE)
-    input_char_message(static_cast<uint32_t>(code));
+    event_char(static_cast<uint32_t>(code));
 }
 
 void window_message(const SDL_Event &event) {
   switch (event.type) {
   case SDL_WINDOWEVENT:
-    if (event.window.event == SDL_WINDOWEVENT_CLOSE) gfx_close_requested();
+    if (event.window.event == SDL_WINDOWEVENT_CLOSE) event_close();
     break;
   case SDL_MOUSEMOTION:
     motion_message(event.motion);
@@ -281,20 +282,20 @@ void window_message(const SDL_Event &event) {
   }
 }
 
-volatile std::sig_atomic_t end_signalled;
+volatile std::sig_atomic_t quit_signalled;
 
-void note_end_signal(int) {
-  end_signalled = 1;
+void note_quit_signal(int) {
+  quit_signalled = 1;
 }
 
-// A signal that was ignored from the start stays so.
+// A signal that is ignored at program start stays ignored.
 void quit_on(int signal) {
-  if (std::signal(signal, note_end_signal) == SIG_IGN) std::signal(signal, SIG_IGN);
+  if (std::signal(signal, note_quit_signal) == SIG_IGN) std::signal(signal, SIG_IGN);
 }
 
-// Where there is no display the library falls back to drivers without one, in which the program
-// would run unseen for ever; they are good only if the user asked for one of them.
-bool nobody_sees(const char *driver) {
+// Without a display SDL falls back to a headless driver, in which the program would run unseen.
+// Such a driver is used only if the user selects it.
+bool is_headless_driver(const char *driver) {
   if (SDL_GetHint(SDL_HINT_VIDEODRIVER) != nullptr) return false;
   return std::strcmp(driver, "offscreen") == 0 || std::strcmp(driver, "dummy") == 0 ||
          std::strcmp(driver, "evdev") == 0;
@@ -309,24 +310,25 @@ void platform_dpi_aware() {
 bool platform_connect() {
   // A click that brings the window to the front counts as a click.
   SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
-  SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0"); // gfx_pump does, in every fullscreen
+  SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0"); // gfx_pump does it
   SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
   if (SDL_Init(SDL_INIT_VIDEO) != 0) {
-    take_fault();
+    keep_error();
     return false;
   }
-  if (nobody_sees(SDL_GetCurrentVideoDriver())) {
+  if (is_headless_driver(SDL_GetCurrentVideoDriver())) {
     SDL_Quit();
-    std::snprintf(fault, sizeof fault, "%s", "neither DISPLAY nor WAYLAND_DISPLAY leads to one");
+    std::snprintf(last_error, sizeof last_error, "%s",
+                  "neither DISPLAY nor WAYLAND_DISPLAY names one");
     return false;
   }
   std::atexit(restore_display_mode);
   return true;
 }
 
-PlatformMetrics platform_metrics() {
-  // Window managers draw the frames and tell their thickness only afterwards: it counts as 0.
-  PlatformMetrics metrics = {};
+DisplayMetrics platform_metrics() {
+  // Window managers draw frames and report their thickness only later, so it counts as 0.
+  DisplayMetrics metrics = {};
   MonitorRect primary = monitor(0);
   metrics.primary_width = primary.right - primary.left;
   metrics.primary_height = primary.bottom - primary.top;
@@ -349,14 +351,14 @@ void platform_monitors(GrowList *out) {
 }
 
 PlatformOpen platform_open(const PlatformWindowRequest *request) {
-  size_told = {request->client_width, request->client_height};
-  frame_settled = !request->framed;
+  reported_size = {request->client_width, request->client_height};
+  frame_placed = !request->framed;
   const bool on_x11 = std::strcmp(SDL_GetCurrentVideoDriver(), "x11") == 0;
   return on_x11 ? try_formats_on_x11(*request) : try_formats(*request);
 }
 
-const char *platform_fault() {
-  return fault;
+const char *platform_error() {
+  return last_error;
 }
 
 void platform_close() {
@@ -375,6 +377,10 @@ void platform_swap_buffers() {
   SDL_GL_SwapWindow(window);
 }
 
+const char *platform_swap_extension() {
+  return nullptr;
+}
+
 void platform_swap_interval(int32_t frames) {
   SDL_GL_SetSwapInterval(frames);
 }
@@ -382,15 +388,15 @@ void platform_swap_interval(int32_t frames) {
 bool platform_messages() {
   SDL_Event event;
   while (SDL_PollEvent(&event) != 0) {
-    if (event.type == SDL_QUIT) end_signalled = 1;
+    if (event.type == SDL_QUIT) quit_signalled = 1;
     window_message(event);
   }
-  if (end_signalled != 0) {
-    gfx_close_requested();
+  if (quit_signalled != 0) {
+    event_close();
     return true;
   }
-  follow_buttons();
-  follow_client_size();
+  report_buttons();
+  report_client_size();
   keep_frame_on_desktop();
   return false;
 }
@@ -427,28 +433,28 @@ MonitorRect platform_window_rect() {
           client.y + client.h + bottom};
 }
 
-PlatformPoint platform_cursor() {
-  PlatformPoint cursor = {};
+DisplayPoint platform_cursor() {
+  DisplayPoint cursor = {};
   SDL_GetGlobalMouseState(&cursor.x, &cursor.y);
   return cursor;
 }
 
-bool platform_set_cursor(PlatformPoint place) {
-  PlatformPoint before = platform_cursor();
-  if (SDL_WarpMouseGlobal(place.x, place.y) != 0) return false;
-  // Some systems take the request and leave the cursor where it is.
-  PlatformPoint after = platform_cursor();
+bool platform_set_cursor(DisplayPoint position) {
+  DisplayPoint before = platform_cursor();
+  if (SDL_WarpMouseGlobal(position.x, position.y) != 0) return false;
+  // Some systems accept the request but don't move the cursor.
+  DisplayPoint after = platform_cursor();
   bool moved = after.x != before.x || after.y != before.y;
-  return moved || (before.x == place.x && before.y == place.y);
+  return moved || (before.x == position.x && before.y == position.y);
 }
 
-PlatformPoint platform_relative_motion() {
-  PlatformPoint motion = {};
+DisplayPoint platform_relative_motion() {
+  DisplayPoint motion = {};
   if (SDL_GetRelativeMouseMode() == SDL_TRUE) {
     SDL_GetRelativeMouseState(&motion.x, &motion.y);
     return motion;
   }
-  // What moved before the mode began is no steering.
+  // Discards the motion from before the mode was set.
   SDL_SetRelativeMouseMode(SDL_TRUE);
   SDL_GetRelativeMouseState(nullptr, nullptr);
   return motion;
@@ -471,8 +477,8 @@ void platform_message_box(const char *caption, const char *text) {
     report_sentence("%s: %s", caption, text);
 }
 
-// The library asks to quit on SIGINT and SIGTERM by itself. A pipe that nobody reads must not end
-// the program.
+// SDL handles SIGINT and SIGTERM as requests to quit. A pipe without a reader must not end the
+// program.
 void platform_begin() {
   quit_on(SIGHUP);
   quit_on(SIGQUIT);

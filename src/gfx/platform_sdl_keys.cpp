@@ -2,10 +2,10 @@
 
 #include <SDL.h>
 
-#include "gfx/input.h"
 #include "gfx/platform.h"
+#include "gfx/platform_events.h"
 
-// The keyboard: virtual-key codes from the user's layout.
+// The keyboard: virtual-key codes by the user's layout.
 
 namespace {
 
@@ -14,7 +14,7 @@ struct KeyCode {
   uint8_t to;
 };
 
-// Keys outside the runs of letters, digits and function keys.
+// Keys other than letters, digits and function keys.
 constexpr KeyCode key_codes[] = {
     {SDLK_BACKSPACE, 8},      {SDLK_TAB, vk_tab},       {SDLK_RETURN, 13},
     {SDLK_KP_ENTER, 13},      {SDLK_PAUSE, 19},         {SDLK_CAPSLOCK, 20},
@@ -34,28 +34,28 @@ constexpr KeyCode key_codes[] = {
     {SDLK_RIGHTBRACKET, 221}, {SDLK_QUOTE, 222},
 };
 
-// The place of `code` in the run from `first` to `last`, added to `to`; 0 if it isn't in the run.
-int32_t in_run(int32_t code, int32_t first, int32_t last, int32_t to) {
+// Maps the codes from `first` to `last` to the codes from `to` up; 0 for any other code.
+int32_t map_range(int32_t code, int32_t first, int32_t last, int32_t to) {
   return code >= first && code <= last ? to + code - first : 0;
 }
 
 int32_t key_of_layout(SDL_Keycode code) {
   for (const KeyCode &entry : key_codes)
     if (entry.from == code) return entry.to;
-  return in_run(code, SDLK_a, SDLK_z, 'A') + in_run(code, SDLK_0, SDLK_9, '0') +
-         in_run(code, SDLK_F1, SDLK_F12, 112) + in_run(code, SDLK_F13, SDLK_F24, 124) +
-         in_run(code, SDLK_KP_1, SDLK_KP_9, 97);
+  return map_range(code, SDLK_a, SDLK_z, 'A') + map_range(code, SDLK_0, SDLK_9, '0') +
+         map_range(code, SDLK_F1, SDLK_F12, 112) + map_range(code, SDLK_F13, SDLK_F24, 124) +
+         map_range(code, SDLK_KP_1, SDLK_KP_9, 97);
 }
 
-// By the user's layout; a key whose symbol has no code there (another alphabet, digits behind
-// Shift) counts by its place on the keyboard.
+// By the user's layout. A key whose symbol has no code, as in another alphabet or with digits on
+// Shift, goes by its position on the keyboard.
 int32_t virtual_key(int scancode) {
   SDL_Keycode code = SDL_GetKeyFromScancode(static_cast<SDL_Scancode>(scancode));
   int32_t key = key_of_layout(code);
   if (key != 0) return key;
-  return in_run(scancode, SDL_SCANCODE_A, SDL_SCANCODE_Z, 'A') +
-         in_run(scancode, SDL_SCANCODE_1, SDL_SCANCODE_9, '1') +
-         in_run(scancode, SDL_SCANCODE_0, SDL_SCANCODE_0, '0');
+  return map_range(scancode, SDL_SCANCODE_A, SDL_SCANCODE_Z, 'A') +
+         map_range(scancode, SDL_SCANCODE_1, SDL_SCANCODE_9, '1') +
+         map_range(scancode, SDL_SCANCODE_0, SDL_SCANCODE_0, '0');
 }
 
 } // namespace

@@ -5,9 +5,7 @@
 
 #include <windows.h>
 
-#include "gfx/gl_util.h"
-#include "gfx/input.h"
-#include "gfx/window.h"
+#include "gfx/platform_events.h"
 #include "support/clock.h"
 #include "support/report.h"
 
@@ -24,51 +22,49 @@ constexpr WPARAM button_mask = MK_LBUTTON | MK_RBUTTON | MK_MBUTTON;
 static_assert(mouse_left == MK_LBUTTON && mouse_right == MK_RBUTTON && mouse_middle == MK_MBUTTON);
 const char *const icon_resource = MAKEINTRESOURCEA(1);
 
-HICON class_icon; // none: the window itself is given the program's
+HICON class_icon; // none: set_icon gives the window itself the program's icon
 HWND window_handle;
 HDC device_context;
 HGLRC gl_context;
+bool fullscreen;
 bool cursor_hidden;
 bool session_ends;
-char fault[512];
+char last_error[512];
 
-int32_t has_swap_control = -1;
-BOOL(WINAPI *swap_interval_proc)(int frames);
-
-void take_fault() {
+void keep_error() {
   const DWORD how = FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS |
                     FORMAT_MESSAGE_MAX_WIDTH_MASK; // on one line
   const DWORD error = GetLastError();
   DWORD length = 0;
   if (error != ERROR_SUCCESS)
-    length = FormatMessageA(how, nullptr, error, 0, fault, sizeof fault, nullptr);
-  while (length > 0 && (fault[length - 1] == ' ' || fault[length - 1] == '.'))
+    length = FormatMessageA(how, nullptr, error, 0, last_error, sizeof last_error, nullptr);
+  while (length > 0 && (last_error[length - 1] == ' ' || last_error[length - 1] == '.'))
     length--;
-  fault[length] = '\0';
-  if (length == 0) std::snprintf(fault, sizeof fault, "%s", "no reason was given");
+  last_error[length] = '\0';
+  if (length == 0) std::snprintf(last_error, sizeof last_error, "%s", "no reason was given");
 }
 
-// The messages of each group; false for one that is left to the system.
+// Handlers of a group of messages each. They return false for what the system is to handle.
 bool window_message(UINT message, LPARAM lparam) {
   switch (message) {
   case WM_CLOSE:
   case WM_DESTROY:
-    gfx_close_requested();
+    event_close();
     return true;
   case WM_SIZE: // the first comes before there is a context
-    gfx_resize(LOWORD(lparam), HIWORD(lparam));
+    event_resize(LOWORD(lparam), HIWORD(lparam));
     return true;
-  case WM_QUERYENDSESSION: // the system waits some seconds for its next message to be answered
+  case WM_QUERYENDSESSION: // the system allows some seconds before it ends the program
     session_ends = true;
-    quit_requested = 1;
+    event_quit();
     return false;
   default:
     return false;
   }
 }
 
-// Releases all keys, since their release events go to another program. Only Caps Lock and its like
-// stay on.
+// Releases all keys, since their release events go to another program. Caps Lock and the other
+// locks stay on.
 void forget_held_keys() {
   constexpr BYTE lock_bit = 1;
   BYTE keys[256];
@@ -84,9 +80,9 @@ bool key_message(UINT message, WPARAM wparam) {
     forget_held_keys();
     return false;
   case WM_CHAR:
-    input_char_message(static_cast<uint32_t>(wparam & 0xFF));
+    event_char(static_cast<uint32_t>(wparam & 0xFF));
     return true;
-  case WM_SYSKEYDOWN: // Alt, F10 and Alt+Space would open the window's menu, which stops the frames
+  case WM_SYSKEYDOWN: // Alt, F10 and Alt+Space would open the window's menu and block the frames
   case WM_SYSCHAR:
     return true;
   default:
@@ -103,14 +99,13 @@ bool mouse_message(UINT message, WPARAM wparam, LPARAM lparam) {
   case WM_RBUTTONUP:
   case WM_MBUTTONDOWN:
   case WM_MBUTTONUP:
-    input_mouse_message(static_cast<uint32_t>(wparam & button_mask), LOWORD(lparam),
-                        HIWORD(lparam));
+    event_mouse({static_cast<uint32_t>(wparam & button_mask), LOWORD(lparam), HIWORD(lparam)});
     return true;
-  case WM_MOUSEWHEEL: // the turn, with its sign, is the upper half of 32 bits
-    input_wheel_message(static_cast<int32_t>(static_cast<uint32_t>(wparam)));
+  case WM_MOUSEWHEEL: // the signed delta is the upper half of 32 bits
+    event_wheel(static_cast<int32_t>(static_cast<uint32_t>(wparam)));
     return true;
   case WM_GESTURE:
-    input_gesture_message(wparam, lparam);
+    event_gesture(wparam, lparam);
     return true;
   default:
     return false;
@@ -134,7 +129,7 @@ bool register_class(HINSTANCE instance) {
   return RegisterClassA(&window_class) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
 }
 
-// Edges that were asked for can lie anywhere within 32 bits.
+// Requested edges can be any 32-bit numbers, so the difference wraps.
 int32_t distance(int32_t first, int32_t end) {
   return static_cast<int32_t>(static_cast<uint32_t>(end) - static_cast<uint32_t>(first));
 }
@@ -148,7 +143,7 @@ bool create_window(const PlatformWindowRequest &request, HINSTANCE instance) {
   return window_handle != nullptr;
 }
 
-// The program's own icon, in both sizes that are shown.
+// Sets the program's icon in both sizes.
 void set_icon(HINSTANCE instance) {
   const auto load = [instance](int width, int height) {
     return reinterpret_cast<LPARAM>(
@@ -185,7 +180,7 @@ PlatformOpen create_context() {
   return PlatformOpen::ok;
 }
 
-// A display that can't do it stays as it is, and the window covers a part of it.
+// On failure the display keeps its mode and the window covers a part of it.
 void change_display_mode(int32_t width, int32_t height) {
   DEVMODEA mode = {};
   static_assert(sizeof mode == 156);
@@ -203,11 +198,11 @@ MonitorRect edges(const RECT &rect) {
 BOOL CALLBACK take_monitor(HMONITOR monitor, HDC, RECT *rect, LPARAM to) {
   const MonitorRect row = edges(*rect);
   GrowList_append(reinterpret_cast<GrowList *>(to), &row);
-  CloseHandle(monitor); // refused by systems whose monitors are no handles of the process
+  CloseHandle(monitor); // fails on systems where monitors are not handles of the process
   return TRUE;
 }
 
-// Drivers answer with small numbers, too, where they have no such entry point.
+// Drivers also return small numbers for entry points that they lack.
 bool is_entry_point(PROC proc) {
   const auto number = reinterpret_cast<intptr_t>(proc);
   return number < -1 || number > 3;
@@ -240,8 +235,8 @@ void wait(int32_t milliseconds) {
   Sleep(static_cast<DWORD>(milliseconds));
 }
 
-// A program with windows has a standard error only where its starter gave it one. Sentences begin
-// with a small letter there.
+// Shows a sentence in a box if there is no standard error, which a program with windows has only if
+// its parent passed one. Capitalises the sentence.
 void tell(const char *sentence) {
   if (GetFileType(GetStdHandle(STD_ERROR_HANDLE)) != FILE_TYPE_UNKNOWN) return;
   std::string text = sentence;
@@ -250,7 +245,7 @@ void tell(const char *sentence) {
   platform_message_box("Vorel", text.c_str());
 }
 
-// A key that answered a box would be seen as held by the next frame too, and Escape would quit.
+// Otherwise the next frame would see the key that closed the box, and Escape would quit.
 void wait_for_answer_keys() {
   for (int tries = 0; tries < 200; tries++) {
     bool held = false;
@@ -278,11 +273,11 @@ void platform_begin() {
 }
 
 bool platform_connect() {
-  return true; // there is always a display; what it lacks shows when the window is opened
+  return true; // there is always a display; platform_open finds out what it lacks
 }
 
-PlatformMetrics platform_metrics() {
-  PlatformMetrics metrics = {};
+DisplayMetrics platform_metrics() {
+  DisplayMetrics metrics = {};
   metrics.primary_width = GetSystemMetrics(SM_CXSCREEN);
   metrics.primary_height = GetSystemMetrics(SM_CYSCREEN);
   const int32_t left = GetSystemMetrics(SM_XVIRTUALSCREEN);
@@ -301,6 +296,7 @@ void platform_monitors(GrowList *out) {
 
 PlatformOpen platform_open(const PlatformWindowRequest *request) {
   const HINSTANCE instance = GetModuleHandleA(nullptr);
+  fullscreen = !request->framed;
   PlatformOpen stage = PlatformOpen::ok;
   if (!register_class(instance))
     stage = PlatformOpen::no_class;
@@ -309,7 +305,7 @@ PlatformOpen platform_open(const PlatformWindowRequest *request) {
   else
     stage = create_context();
   if (stage != PlatformOpen::ok) {
-    take_fault();
+    keep_error();
     return stage;
   }
   set_icon(instance);
@@ -318,13 +314,13 @@ PlatformOpen platform_open(const PlatformWindowRequest *request) {
   return stage;
 }
 
-const char *platform_fault() {
-  return fault;
+const char *platform_error() {
+  return last_error;
 }
 
-// Two requests to close can come in one round of messages.
+// One round of messages can hold two requests to close.
 void platform_close() {
-  if (windowed == 0) ChangeDisplaySettingsA(nullptr, 0);
+  if (fullscreen) ChangeDisplaySettingsA(nullptr, 0);
   if (gl_context == nullptr) return;
   wglMakeCurrent(device_context, nullptr);
   wglDeleteContext(gl_context);
@@ -333,7 +329,7 @@ void platform_close() {
   device_context = nullptr;
 }
 
-// The library's own symbols are those of OpenGL 1.1, which the driver does not tell by name.
+// The system's library exports OpenGL 1.1, which wglGetProcAddress does not return.
 void *platform_gl_proc(const char *name) {
   PROC proc = wglGetProcAddress(name);
   if (!is_entry_point(proc)) proc = GetProcAddress(GetModuleHandleA("opengl32.dll"), name);
@@ -344,11 +340,13 @@ void platform_swap_buffers() {
   SwapBuffers(device_context);
 }
 
+const char *platform_swap_extension() {
+  return "WGL_EXT_swap_control";
+}
+
 void platform_swap_interval(int32_t frames) {
-  if (!gl_has_extension(&has_swap_control, "WGL_EXT_swap_control")) return;
-  if (swap_interval_proc == nullptr)
-    swap_interval_proc =
-        reinterpret_cast<BOOL(WINAPI *)(int)>(platform_gl_proc("wglSwapIntervalEXT"));
+  const auto swap_interval_proc =
+      reinterpret_cast<BOOL(WINAPI *)(int)>(platform_gl_proc("wglSwapIntervalEXT"));
   if (swap_interval_proc != nullptr) swap_interval_proc(frames);
 }
 
@@ -372,14 +370,14 @@ bool platform_is_minimised() {
 }
 
 void platform_minimise() {
-  CloseWindow(window_handle); // which only minimises
+  CloseWindow(window_handle); // minimises, despite its name
 }
 
 void platform_keep_on_top() {
   SetWindowPos(window_handle, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE);
 }
 
-// No window at all is in front for a moment while others change places.
+// For a moment, while windows change places, there is no foreground window.
 bool platform_has_focus() {
   const HWND front = GetForegroundWindow();
   return (front != nullptr ? front : GetActiveWindow()) == window_handle;
@@ -395,30 +393,29 @@ MonitorRect platform_window_rect() {
   return edges(rect);
 }
 
-PlatformPoint platform_cursor() {
+DisplayPoint platform_cursor() {
   POINT cursor = {};
   GetCursorPos(&cursor);
   return {cursor.x, cursor.y};
 }
 
-bool platform_set_cursor(PlatformPoint place) {
-  return SetCursorPos(place.x, place.y) != FALSE;
+bool platform_set_cursor(DisplayPoint position) {
+  return SetCursorPos(position.x, position.y) != FALSE;
 }
 
-// The cursor can't be moved only while another desktop is shown, such as that where a password is
-// asked for.
-PlatformPoint platform_relative_motion() {
+// The cursor can't be moved only while another desktop is shown, such as that of a password prompt.
+DisplayPoint platform_relative_motion() {
   return {0, 0};
 }
 
-// The system counts the calls.
+// ShowCursor counts its calls, so call it only for a change.
 void platform_show_cursor(bool shown) {
   if (shown != cursor_hidden) return;
   ShowCursor(shown ? TRUE : FALSE);
   cursor_hidden = !shown;
 }
 
-// The state is the thread's and ends with it.
+// The state belongs to the thread and ends with it.
 void platform_allow_screen_saver(bool allowed) {
   SetThreadExecutionState(allowed ? ES_CONTINUOUS : ES_CONTINUOUS | ES_DISPLAY_REQUIRED);
 }

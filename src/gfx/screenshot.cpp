@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "gfx/gl.h"
-#include "gfx/window.h"
+#include "gfx/screen.h"
 #include "support/bytes.h"
 #include "support/clock.h"
 #include "support/command.h"

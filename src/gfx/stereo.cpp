@@ -6,7 +6,7 @@
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
 #include "gfx/platform.h"
-#include "gfx/window.h"
+#include "gfx/screen.h"
 #include "support/bits.h"
 #include "support/colour.h"
 

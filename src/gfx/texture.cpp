@@ -7,7 +7,7 @@
 #include "gfx/gl.h"
 #include "gfx/gl_procs.h"
 #include "gfx/gl_util.h"
-#include "gfx/window.h"
+#include "gfx/screen.h"
 
 int32_t textures_keep_component_count;
 

@@ -10,39 +10,41 @@
 #include "gfx/gl_util.h"
 #include "gfx/input.h"
 #include "gfx/platform.h"
+#include "gfx/platform_events.h"
 #include "gfx/projection.h"
+#include "support/colour.h"
 #include "support/report.h"
-
-int32_t screen_width;
-int32_t screen_height;
-uint8_t windowed;
-int32_t fullscreen_offset_x;
-int32_t fullscreen_offset_y;
-uint8_t projection_is_2d = 1;
 
 namespace {
 
 bool context_alive;
 
-// The numbers name the reports, wherever they stand.
+constexpr double byte_to_unit = 0.00392156862745098;
+
+// The colour last given to glClearColor, 0xRRGGBB; the start value matches no colour.
+constexpr uint32_t clear_colour_unknown = 0x1000000;
+uint32_t remembered_clear_colour = clear_colour_unknown;
+
+int32_t has_swap_control = -1; // as gl_has_extension keeps it
+
 struct OpenFailure {
   PlatformOpen stage;
-  int32_t line;
-  const char *words;  // of the fatal report
-  const char *lack;   // what is missing, for the user
-  const char *remedy; // what the user can do
+  int32_t line;        // fixed: identifies the report
+  const char *words;   // of the fatal report
+  const char *missing; // for the user
+  const char *remedy;  // what the user can do
 };
 
 constexpr OpenFailure open_failures[] = {
     {PlatformOpen::no_class, 588, "Failed To Register The Window Class.",
-     "the window system takes no new kind of window", "close other programs or log in again"},
+     "the window class could not be registered", "close other programs or log in again"},
     {PlatformOpen::no_window, 593, "Window Creation Error.", "no window could be made",
      "check that this session may open windows on the display"},
     {PlatformOpen::no_pixel_format, 619, "Can't Find A Suitable PixelFormat.",
-     "the display has no double-buffered OpenGL picture with 24 bits of depth",
+     "the display has no double-buffered OpenGL pixel format with a depth buffer",
      "install an OpenGL driver for the graphics card"},
     {PlatformOpen::bad_pixel_format, 620, "Can't Set The PixelFormat.",
-     "the display refused its own OpenGL picture format",
+     "the display refused its own OpenGL pixel format",
      "update the OpenGL driver of the graphics card"},
     {PlatformOpen::no_context, 622, "Can't Create A GL Rendering Context.",
      "OpenGL with the compatibility profile is missing",
@@ -54,8 +56,8 @@ constexpr OpenFailure open_failures[] = {
 
 constexpr const char *report_source = "gfx_opengl";
 
-[[noreturn]] void fail(const OpenFailure &failure, const char *lack, const char *remedy) {
-  report_sentence("%s (%s): %s.", lack, platform_fault(), remedy);
+[[noreturn]] void open_failed(const OpenFailure &failure, const char *missing, const char *remedy) {
+  report_sentence("%s (%s): %s.", missing, platform_error(), remedy);
   report_fatal(report_source, failure.line, failure.words);
 }
 
@@ -65,7 +67,7 @@ const OpenFailure &failure_of(PlatformOpen stage) {
 }
 
 MonitorRect requested_area(int32_t width_request, int32_t height_request,
-                           const PlatformMetrics &metrics) {
+                           const DisplayMetrics &metrics) {
   GrowList monitors;
   GrowList_init(&monitors, sizeof(MonitorRect));
   platform_monitors(&monitors);
@@ -74,9 +76,9 @@ MonitorRect requested_area(int32_t width_request, int32_t height_request,
   return area;
 }
 
-// Settles the client size, in screen_width and screen_height, and the place on the desktop.
+// Sets screen_width and screen_height to the client size and returns the window's position.
 PlatformWindowRequest plan_window(int32_t width_request, int32_t height_request) {
-  PlatformMetrics metrics = platform_metrics();
+  DisplayMetrics metrics = platform_metrics();
   MonitorRect area = requested_area(width_request, height_request, metrics);
   PlatformWindowRequest request = {};
   request.framed = windowed == 1;
@@ -91,16 +93,32 @@ PlatformWindowRequest plan_window(int32_t width_request, int32_t height_request)
   return request;
 }
 
-void load_projection(int32_t width, int32_t height) {
+void reset_projection() {
   float matrix[16];
-  const int32_t half_height = height / 2;
+  const int32_t half_height = screen_height / 2;
   if (projection_is_2d != 0)
-    projection_ortho(0, width, height, 0, half_height, -half_height, matrix);
+    projection_ortho(0, screen_width, screen_height, 0, half_height, -half_height, matrix);
   else
-    projection_perspective(width, height, matrix);
-  glMatrixMode(GL_PROJECTION);
-  glLoadMatrixf(matrix);
-  glMatrixMode(GL_MODELVIEW);
+    projection_perspective(screen_width, screen_height, matrix);
+  gfx_load_projection(matrix);
+}
+
+void set_initial_state() {
+  glClearColor(0, 0, 0, 0);
+  remembered_clear_colour = clear_colour_unknown;
+  glClearDepth(1.0);
+  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+  glDepthFunc(GL_LEQUAL);
+  glEnable(GL_DEPTH_TEST);
+  glShadeModel(GL_SMOOTH);
+  glEnable(GL_COLOR_MATERIAL);
+  glEnable(GL_TEXTURE_CUBE_MAP_SEAMLESS);
+  gfx_resize(screen_width, screen_height);
+  glLoadIdentity();
+}
+
+float channel_as_float(uint8_t channel) {
+  return static_cast<float>(channel * byte_to_unit);
 }
 
 bool exceeds_desktop(const PlatformWindowRequest &request) {
@@ -112,11 +130,11 @@ bool exceeds_desktop(const PlatformWindowRequest &request) {
 [[noreturn]] void fail_to_open(PlatformOpen stage, const PlatformWindowRequest &request) {
   const OpenFailure &failure = failure_of(stage);
   if (stage != PlatformOpen::no_window || !exceeds_desktop(request))
-    fail(failure, failure.lack, failure.remedy);
-  char lack[80];
-  std::snprintf(lack, sizeof lack, "no window of %d by %d pixels could be made",
+    open_failed(failure, failure.missing, failure.remedy);
+  char missing[80];
+  std::snprintf(missing, sizeof missing, "no window of %d by %d pixels could be made",
                 request.client_width, request.client_height);
-  fail(failure, lack, "choose a resolution that fits the desktop");
+  open_failed(failure, missing, "choose a resolution that fits the desktop");
 }
 
 } // namespace
@@ -124,8 +142,8 @@ bool exceeds_desktop(const PlatformWindowRequest &request) {
 int32_t gfx_open(int32_t width_request, int32_t height_request, const char *title) {
   platform_dpi_aware();
   if (!platform_connect())
-    fail(failure_of(PlatformOpen::no_window), "no display could be reached",
-         "start Vorel inside a graphical session");
+    open_failed(failure_of(PlatformOpen::no_window), "no display could be reached",
+                "start Vorel inside a graphical session");
   PlatformWindowRequest request = plan_window(width_request, height_request);
   if (screen_height <= 0 || screen_width <= 0) return 0;
   request.title = title;
@@ -134,7 +152,7 @@ int32_t gfx_open(int32_t width_request, int32_t height_request, const char *titl
   PlatformOpen stage = platform_open(&request);
   if (stage != PlatformOpen::ok) fail_to_open(stage, request);
   context_alive = true;
-  gfx_reset_state();
+  set_initial_state();
   if (!request.framed) platform_show_cursor(false);
   return 1;
 }
@@ -153,24 +171,37 @@ void gfx_resize(int32_t width, int32_t height) {
   screen_height = std::max(height, 1);
   if (!context_alive) return;
   glViewport(0, 0, screen_width, screen_height);
-  load_projection(screen_width, screen_height);
+  reset_projection();
 }
 
-void gfx_reset_state() {
-  glClearColor(0, 0, 0, 0);
-  remembered_clear_colour = clear_colour_unknown;
-  glClearDepth(1.0);
+void gfx_swap(uint32_t clear_colour) {
+  glFinish();
+  platform_swap_buffers();
+  if (clear_colour != remembered_clear_colour) {
+    glClearColor(channel_as_float(colour_red(clear_colour)),
+                 channel_as_float(colour_green(clear_colour)),
+                 channel_as_float(colour_blue(clear_colour)), 0);
+    remembered_clear_colour = clear_colour;
+  }
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-  glDepthFunc(GL_LEQUAL);
-  glEnable(GL_DEPTH_TEST);
-  glShadeModel(GL_SMOOTH);
-  glEnable(GL_COLOR_MATERIAL);
-  glEnable(GL_TEXTURE_CUBE_MAP_SEAMLESS);
-  gfx_resize(screen_width, screen_height);
   glLoadIdentity();
 }
 
-void gfx_close_requested() {
+void swap_interval(int32_t frames) {
+  const char *extension = platform_swap_extension();
+  if (extension != nullptr && !gl_has_extension(&has_swap_control, extension)) return;
+  platform_swap_interval(frames);
+}
+
+void event_resize(int32_t width, int32_t height) {
+  gfx_resize(width, height);
+}
+
+void event_close() {
   gfx_close();
+  quit_requested = 1;
+}
+
+void event_quit() {
   quit_requested = 1;
 }

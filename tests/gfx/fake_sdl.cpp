@@ -18,7 +18,7 @@ void fake_start() {
   SDL_EnableScreenSaver();
   quit_requested = mouse_buttons = mouse_buttons_prev = mouse_event_buttons = 0;
   screen_width = screen_height = fullscreen_offset_x = fullscreen_offset_y = 0;
-  alt_tabbed = windowed = window_active = projection_is_2d = 0;
+  alt_tabbed = windowed = projection_is_2d = window_active = false;
   mouse_wait_release = 1;
 }
 

@@ -14,10 +14,6 @@ constexpr const char *stereo_key =
     "5=two screen vertical,6-8=coloured)";
 constexpr const char *swap_key = "Swap stereo (Y/N)";
 
-bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 const char *skip_spaces(const char *text) {
   while (ascii_is_space(*text))
     text++;
@@ -25,20 +21,20 @@ const char *skip_spaces(const char *text) {
 }
 
 const char *skip_digits(const char *text) {
-  while (is_digit(*text))
+  while (ascii_is_digit(*text))
     text++;
   return text;
 }
 
-// Reads a whole number with an optional sign behind optional white space and goes past it; false,
-// with nothing changed, if there is none. Numbers out of range become the nearest in it.
+// Reads an integer with an optional sign after optional white space, and moves past it. False, with
+// nothing changed, if there is none. Numbers out of range are clamped.
 bool scan_int(const char **text, int32_t *number) {
   const char *at = skip_spaces(*text);
   const bool negative = *at == '-';
   if (*at == '-' || *at == '+') at++;
-  if (!is_digit(*at)) return false;
+  if (!ascii_is_digit(*at)) return false;
   int64_t value = 0;
-  for (; is_digit(*at); at++)
+  for (; ascii_is_digit(*at); at++)
     value = std::min<int64_t>(value * 10 + (*at - '0'), int64_t{1} << 31);
   value = negative ? -value : std::min<int64_t>(value, INT32_MAX);
   *number = static_cast<int32_t>(value);
@@ -53,28 +49,28 @@ int32_t leading_int(const char *text) {
   return number;
 }
 
-// The first number of the text and, if it follows behind `between`, the second.
+// Reads the first number of the text and, if `between` follows, the second.
 void scan_pair(const char *text, char between, int32_t *first, int32_t *second) {
   if (!scan_int(&text, first) || *text != between) return;
   text++;
   scan_int(&text, second);
 }
 
-// Goes past a decimal number that starts with a digit, fraction and exponent included.
+// Skips a decimal number that starts with a digit, with its fraction and exponent.
 const char *skip_number(const char *text) {
   text = skip_digits(text);
   if (*text == '.') text = skip_digits(text + 1);
   if (ascii_lower(*text) != 'e') return text;
   const char *exponent = text + 1;
   if (*exponent == '-' || *exponent == '+') exponent++;
-  return is_digit(*exponent) ? skip_digits(exponent) : text;
+  return ascii_is_digit(*exponent) ? skip_digits(exponent) : text;
 }
 
 // A bit for each number in the text, bit 0 for 1.
 uint32_t monitor_mask(const char *text) {
   uint32_t mask = 0;
   while (*text != '\0') {
-    if (!is_digit(*text)) {
+    if (!ascii_is_digit(*text)) {
       text++;
       continue;
     }

@@ -4,12 +4,13 @@
 
 #include "support/settings.h"
 
-// What the user's settings say of the display, turned into numbers.
+// The display settings of the user, as numbers.
 
-// Fills the resolution request and the fullscreen offsets of the window (see gfx/window.h) and the
-// stereo mode and swap flag; adds the defaults of settings that are missing.
+// Sets the resolution request and the fullscreen offsets (see gfx/screen.h), the stereo mode and
+// the swap flag, and adds the defaults of missing settings.
 void Display_settings_apply(Settings *settings, int32_t *stereo_mode, int32_t *stereo_swap);
 
-// The resolution and the offsets alone. "auto", "display N", "span", "span N,M..." and "XxY" give
-// the coded pairs of gfx/display.h; of a size, numbers that can't be read leave what was there.
+// Sets the resolution request and the offsets alone. "auto", "display N", "span", "span N,M..." and
+// "XxY" give the coded pairs of gfx/display.h. Numbers of a size that can't be read leave the old
+// value.
 void Resolution_parse(Settings *settings);

@@ -1,13 +1,13 @@
 #pragma once
 
-// Errors that are shown in a box of their own, for code that has a window but no other way to
-// tell the user. All are kept in "graphics_error.log" in the working directory.
+// Error boxes, for code that has a window but no other way to inform the user. Their texts are
+// appended to "graphics_error.log" in the working directory.
 
-// Appends one line to the log: date, time and the text. Reports a log that can't be written.
+// Appends a line to the log: date, time and the text. Reports in a sentence if that fails.
 void gfx_log_error(const char *text);
 
-// Logs, shows the text and returns when the user has answered.
+// Logs the text, shows it in a box and returns when the user has answered.
 void gfx_warning_box(const char *text);
 
-// Logs, shows the text, closes the window's context and ends the program with status 1.
+// Logs the text, shows it in a box, closes the context and ends the program with status 1.
 [[noreturn]] void gfx_fatal_box(const char *text);

@@ -9,9 +9,9 @@
 
 namespace {
 
-int32_t has_framebuffer_object = -1;
+int32_t has_framebuffer_object = -1; // as gl_has_extension keeps it
 
-// What is drawn to, and what was before.
+// The framebuffer in use, and what to restore after it.
 struct Target {
   GLuint framebuffer, colour; // 0 while there is none
   GLuint framebuffer_before;
@@ -47,7 +47,8 @@ void drop_target() {
 
 } // namespace
 
-// The state is kept and given back with the framebuffer before bound, whose buffers it names.
+// Pushes and pops the state while the previous framebuffer is bound, since it selects buffers of
+// it.
 bool offscreen_begin(int32_t width, int32_t height) {
   assert(target.framebuffer == 0);
   if (!has_framebuffers()) return false;

@@ -2,12 +2,13 @@
 
 #include <cstdint>
 
-// Drawing into a picture of its own, with 8 bits of alpha, whatever the window has.
+// Drawing to a framebuffer object instead of the window, with 8 bits of alpha.
 
-// Until offscreen_end, drawing and reading go to a picture of that size in pixels, which counts as
-// the whole screen; its content is undefined, its clear colour black without alpha, and there is no
-// depth. False, with nothing changed, where the driver has no such thing. Not to be nested.
+// Redirects drawing and reading, until offscreen_end, to a colour buffer of that size in pixels.
+// screen_width and screen_height are its size for that time. The content is undefined, the clear
+// colour is black with an alpha of 0, and there is no depth buffer. False, with nothing changed, if
+// the driver has no framebuffer objects. Not to be nested.
 bool offscreen_begin(int32_t width, int32_t height);
 
-// Drops the picture, and goes back to what was drawn to before with the state that it had.
+// Deletes the buffer and restores the previous framebuffer and GL state.
 void offscreen_end();

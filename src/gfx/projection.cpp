@@ -5,8 +5,8 @@
 
 namespace {
 
-// The depth elements are given by their bits: near and far planes that are computed anew would
-// differ in the last place from the pictures made so far.
+// The depth elements are given as bits: computing them from the near and far planes would change
+// their last digits, and with them the pictures.
 constexpr float depth_scale_default = std::bit_cast<float>(0xBF80068DU);  // -1.0002
 constexpr float depth_offset_default = std::bit_cast<float>(0xBE4CD20BU); // -0.20002
 constexpr float depth_scale_slab = std::bit_cast<float>(0xBF80068BU);     // -1.0001997

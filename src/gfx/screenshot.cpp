@@ -18,7 +18,7 @@
 namespace {
 
 constexpr uint32_t header_size = 54;
-// Both sizes are fixed, whatever the picture; readers go by its width and height.
+// Constants, though the size of the file varies. Readers use the width and the height.
 constexpr uint32_t file_size_field = 200262;
 constexpr uint32_t image_size_field = 200208;
 constexpr uint32_t pixels_per_metre = 2834;
@@ -36,16 +36,16 @@ void put_header(uint8_t *at, int32_t width, int32_t height) {
   at = store_le(at, file_size_field);
   at = store_le(at, uint32_t{0});
   at = store_le(at, header_size);
-  at = store_le(at, uint32_t{40}); // of the information that follows
+  at = store_le(at, uint32_t{40}); // size of the information header
   at = store_le(at, width);
   at = store_le(at, height);
   at = store_le(at, uint16_t{1});  // planes
-  at = store_le(at, uint16_t{24}); // bits a pixel
+  at = store_le(at, uint16_t{24}); // bits per pixel
   at = store_le(at, uint32_t{0});  // not compressed
   at = store_le(at, image_size_field);
   at = store_le(at, pixels_per_metre);
   at = store_le(at, pixels_per_metre);
-  std::memset(at, 0, 8); // no palette
+  std::memset(at, 0, 8); // unused: the palette
 }
 
 bool write_file(const void *pixels, int32_t width, int32_t height, const char *path) {
@@ -57,28 +57,28 @@ bool write_file(const void *pixels, int32_t width, int32_t height, const char *p
   const bool written = std::fwrite(header, 1, sizeof header, file) == sizeof header &&
                        std::fwrite(pixels, 1, size, file) == size;
   if (file_close_written(file, written)) return true;
-  const int reason = errno;
+  const int cause = errno;
   std::remove(path);
-  errno = reason;
+  errno = cause;
   return false;
 }
 
-// The path with the text behind its last dot replaced, where there is one behind the first
-// character.
+// Replaces the extension of a path, or appends one. A dot in the first character starts no
+// extension.
 std::string png_path(const std::string &path) {
   const size_t dot = path.rfind('.');
-  const bool has_ending = dot != std::string::npos && dot > 0;
-  return (has_ending ? path.substr(0, dot) : path) + ".png";
+  const bool has_extension = dot != std::string::npos && dot > 0;
+  return (has_extension ? path.substr(0, dot) : path) + ".png";
 }
 
-// When a file was written; always the same time if there is none.
+// The time when a file was last written; a constant if it does not exist.
 std::filesystem::file_time_type written_at(const std::string &path) {
   std::error_code error;
   const auto time = std::filesystem::last_write_time(path, error);
   return error ? std::filesystem::file_time_type() : time;
 }
 
-// The BMP goes only for a PNG that is new: one of an earlier shot may have its name.
+// Removes the BMP only if the PNG is new: there may be one of an earlier shot with the same name.
 void convert_file(const std::string &path) {
   const std::string png = png_path(path);
   const auto before = written_at(png);
@@ -86,10 +86,11 @@ void convert_file(const std::string &path) {
   command.append(path).append("\" \"").append(png).append("\"");
   const bool ended = command_run(command, conversion_limit);
   if (!ended)
-    report_sentence("the command \"magick\" took longer than %d seconds and was ended; the picture "
-                    "is \"%s\"",
-                    conversion_limit / 1000, path.c_str());
-  // The file tells whether it worked; what was cut off is only half a picture.
+    report_sentence(
+        "the command \"magick\" took longer than %d seconds and was stopped; the picture "
+        "is \"%s\"",
+        conversion_limit / 1000, path.c_str());
+  // A new PNG means success, unless the command was stopped: then it is incomplete.
   if (written_at(png) != before) std::remove(ended ? path.c_str() : png.c_str());
 }
 
@@ -118,7 +119,7 @@ void bmp_capture_screen(const char *path, int32_t convert) {
 
 void screenshot_save(const char *stem) {
   const int64_t number = static_cast<int64_t>(gfx_clock() * numbers_per_second) % numbers;
-  char ending[32];
-  std::snprintf(ending, sizeof ending, "_%05d.bmp", static_cast<int>(number));
-  bmp_capture_screen((stem + std::string(ending)).c_str(), 1);
+  char extension[32];
+  std::snprintf(extension, sizeof extension, "_%05d.bmp", static_cast<int>(number));
+  bmp_capture_screen((stem + std::string(extension)).c_str(), 1);
 }

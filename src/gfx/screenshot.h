@@ -2,21 +2,20 @@
 
 #include <cstdint>
 
-// Pictures of the frame as files: 24-bit BMP, which the command "magick", where there is one, turns
-// into a PNG. Two size fields of the BMP are constants, whatever the picture.
+// Screenshots: 24-bit BMP files, which the command "magick", if there is one, converts to PNG. Two
+// size fields of the BMP are constants and don't follow the picture.
 
-// Saves the frame as drawn so far, as `stem`, "_", a number of five digits that the clock gives,
-// and the ending. Shots within 0.3 seconds share a number. Waits for the conversion, for at most
-// ten seconds.
+// Saves the frame as drawn so far. The file name is `stem`, "_", five digits from the clock and the
+// extension; shots within 0.3 seconds share a name. Waits at most ten seconds for the conversion.
 void screenshot_save(const char *stem);
 
-// Writes a picture: blue, green and red bytes, bottom row first, each row padded to a multiple of 4
-// bytes. With `convert` the BMP then becomes a PNG of the same name, if that can be made, else it
-// stays. Of a file that can't be written nothing stays, and a sentence tells why.
+// Writes pixels: blue, green and red bytes, bottom row first, each row padded to a multiple of 4
+// bytes. If `convert` is not 0, converts the file to a PNG of the same name and then removes the
+// BMP. On failure reports the reason in a sentence and leaves no incomplete file.
 void bmp_write(const void *pixels, int32_t width, int32_t height, const char *path,
                int32_t convert);
 
-// The same with a rectangle of the frame, x and y counted from the top left, or the whole of it.
+// Write a rectangle of the frame, x and y counted from the top left, or the whole frame.
 void bmp_capture_rect(int32_t x, int32_t y, int32_t width, int32_t height, const char *path,
                       int32_t convert);
 void bmp_capture_screen(const char *path, int32_t convert);

@@ -8,22 +8,23 @@
 #include "gfx/platform.h"
 #include "gfx/screen.h"
 #include "support/bits.h"
-#include "support/colour.h"
 
+namespace {
+
+// Copies of the frame, sized to powers of two. Created on first use and again when the frame needs
+// another size.
 uint32_t stereo_eye_textures[2];
 uint32_t stereo_eye_tex_width, stereo_eye_tex_height;
 uint32_t interlace_texture;
 uint32_t interlace_tex_width, interlace_tex_height;
 
-namespace {
-
 // How the eyes differ.
 struct Eyes {
   double offset, neg_depth;
-  double projection[16]; // as it came, column by column
+  double projection[16]; // the caller's, column by column
 };
 
-// The eyes of a mode, and what is drawn for each.
+// The eyes of a mode, and the scene to draw for each.
 struct Stereo {
   StereoScene scene;
   const void *context;
@@ -36,22 +37,16 @@ Stereo stereo_start(StereoScene scene, const void *context, double offset, doubl
   return stereo;
 }
 
-void load_projection(const double projection[16]) {
-  glMatrixMode(GL_PROJECTION);
-  glLoadMatrixd(projection);
-  glMatrixMode(GL_MODELVIEW);
-}
-
-// The axis of an eye turned towards the other's: an off-axis projection. The side is -0.5 or 0.5.
-void turn_axis(const Eyes &eyes, double side) {
+// Loads the off-axis projection of an eye. The side is -0.5 or 0.5.
+void load_eye_projection(const Eyes &eyes, double side) {
   double projection[16];
   for (int i = 0; i < 16; i++)
     projection[i] = eyes.projection[i];
   projection[8] -= 2 * eyes.neg_depth * side;
-  load_projection(projection);
+  gfx_load_projection(projection);
 }
 
-// Draws from the eye's place: moved along the x of eye space.
+// Draws the scene from the position of an eye, which is moved along the x axis of eye space.
 void draw_eye(const Stereo &stereo, double side) {
   glPushMatrix();
   double modelview[16];
@@ -68,8 +63,8 @@ double side_of(int32_t eye, int32_t swap) {
   return swap != 0 ? -side : side;
 }
 
-// The lenses of one of two screens, whose shape the fields screen_width and screen_height tell: the
-// 4:3 region in its middle keeps the half angle of tangent t.
+// Sets the projection of one screen of screen_width x screen_height: its central 4:3 region keeps a
+// half field of view of atan(t).
 void refit_projection(double t) {
   float projection[16];
   glGetFloatv(GL_PROJECTION_MATRIX, projection);
@@ -77,12 +72,10 @@ void refit_projection(double t) {
   const double g = t * screen_height / screen_width;
   projection[5] = static_cast<float>(1.0 / (c > g ? c : g));
   projection[0] = static_cast<float>(c > g ? 1.0 / (screen_width * c / screen_height) : 1.0 / t);
-  glMatrixMode(GL_PROJECTION);
-  glLoadMatrixf(projection);
-  glMatrixMode(GL_MODELVIEW);
+  gfx_load_projection(projection);
 }
 
-// A texture that can take a copy of the frame, left bound.
+// A new texture for copies of the frame, left bound.
 uint32_t frame_texture(uint32_t width, uint32_t height) {
   uint32_t name = 0;
   glGenTextures(1, &name);
@@ -94,7 +87,7 @@ uint32_t frame_texture(uint32_t width, uint32_t height) {
   return name;
 }
 
-// Makes `count` textures for the frame unless they are there with the right size.
+// Creates `count` textures for the frame unless they exist in the right size.
 void ensure_textures(uint32_t *names, int32_t count, uint32_t *width, uint32_t *height) {
   const uint32_t wanted_width = next_power_of_two(static_cast<uint32_t>(screen_width));
   const uint32_t wanted_height = next_power_of_two(static_cast<uint32_t>(screen_height));
@@ -111,12 +104,12 @@ void copy_frame(uint32_t texture) {
   glCopyTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, 0, 0, screen_width, screen_height);
 }
 
-// Adds a copy of the frame in the light of a colour.
+// Adds a copy of the frame, tinted with a colour.
 void draw_tinted(uint32_t texture, uint32_t colour) {
   const float right = static_cast<float>(screen_width) / static_cast<float>(stereo_eye_tex_width);
   const float top = static_cast<float>(screen_height) / static_cast<float>(stereo_eye_tex_height);
   glBindTexture(GL_TEXTURE_2D, texture);
-  glColor3ub(colour_red(colour), colour_green(colour), colour_blue(colour));
+  gfx_set_colour(colour);
   glBegin(GL_QUADS);
   glTexCoord2f(0, 0);
   glVertex2i(0, screen_height);
@@ -142,8 +135,8 @@ void draw_tinted_eyes(uint32_t first_colour, uint32_t second_colour) {
   gfx_pop_2d();
 }
 
-// One line of the window, y rows from its top, out of the half picture of its eye. The half pixel
-// keeps it off the tie between two rows.
+// Draws the window's line y, counted from the top, from the half of the frame that has its eye. The
+// half pixel keeps it off the boundary between two rows.
 void interlace_line(int32_t y, int32_t parity) {
   const int32_t half = ((parity + y) & 1) ^ 1;
   const int32_t row = half * screen_height / 2 + (screen_height - 1 - y) / 2;
@@ -162,10 +155,10 @@ void stereo_render(StereoScene scene, const void *context, int32_t mode, int32_t
                    double eye_offset, double neg_depth) {
   constexpr uint32_t colours[3][2] = {
       {0xFF0000, 0x00FFFF}, {0xFF0000, 0x00FF00}, {0xFF00FF, 0x00FF00}};
-  const bool has_room = screen_width > 1 && screen_height > 1; // a minimised window has none
+  const bool has_pixels = screen_width > 1 && screen_height > 1; // not while minimised
   if (mode == 0) {
     scene(context);
-  } else if (!has_room) {
+  } else if (!has_pixels) {
     return;
   } else if (mode <= 3) {
     stereo_split(scene, context, swap, eye_offset, neg_depth, mode);
@@ -183,7 +176,7 @@ void stereo_split(StereoScene scene, const void *context, int32_t swap, double e
   const Stereo stereo = stereo_start(scene, context, eye_offset, neg_depth);
   for (int32_t eye = 0; eye < 2; eye++) {
     const double side = side_of(eye, swap);
-    turn_axis(stereo.eyes, side);
+    load_eye_projection(stereo.eyes, side);
     if (mode == 2)
       glViewport(screen_width * eye / 2, 0, screen_width / 2, screen_height);
     else
@@ -191,7 +184,7 @@ void stereo_split(StereoScene scene, const void *context, int32_t swap, double e
     draw_eye(stereo, side);
   }
   glViewport(0, 0, screen_width, screen_height);
-  load_projection(stereo.eyes.projection);
+  gfx_load_projection(stereo.eyes.projection);
   if (mode == 3) stereo_interlace(0);
 }
 
@@ -204,7 +197,7 @@ void stereo_two_screen(StereoScene scene, const void *context, int32_t swap, int
   (vertical != 0 ? screen_height : screen_width) /= 2;
   for (int32_t eye = 0; eye < 2; eye++) {
     const double side = side_of(eye, swap);
-    turn_axis(stereo.eyes, side);
+    load_eye_projection(stereo.eyes, side);
     refit_projection(t);
     glViewport(vertical != 0 ? 0 : screen_width * eye, vertical != 0 ? screen_height * eye : 0,
                screen_width, screen_height);
@@ -213,7 +206,7 @@ void stereo_two_screen(StereoScene scene, const void *context, int32_t swap, int
   screen_width = full_width;
   screen_height = full_height;
   glViewport(0, 0, screen_width, screen_height);
-  load_projection(stereo.eyes.projection);
+  gfx_load_projection(stereo.eyes.projection);
 }
 
 void stereo_colour(StereoScene scene, const void *context, uint32_t first_colour,
@@ -222,12 +215,12 @@ void stereo_colour(StereoScene scene, const void *context, uint32_t first_colour
   ensure_textures(stereo_eye_textures, 2, &stereo_eye_tex_width, &stereo_eye_tex_height);
   for (int32_t eye = 0; eye < 2; eye++) {
     const double side = side_of(eye, 0);
-    turn_axis(stereo.eyes, side);
+    load_eye_projection(stereo.eyes, side);
     draw_eye(stereo, side);
     copy_frame(stereo_eye_textures[eye]);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   }
-  load_projection(stereo.eyes.projection);
+  gfx_load_projection(stereo.eyes.projection);
   draw_tinted_eyes(first_colour, second_colour);
 }
 

@@ -2,40 +2,34 @@
 
 #include <cstdint>
 
-// A scene drawn for two eyes. Each eye is a small change of the matrices around the callback that
-// draws; the modes differ in where the two pictures go. All routines begin and end in
-// GL_MODELVIEW, with the projection and the modelview as they came.
+// A scene drawn for two eyes. Each eye is a small change of the matrices around the scene callback;
+// the modes differ in where the two pictures go. All functions expect the matrix mode GL_MODELVIEW
+// and restore it, the projection and the modelview.
 
-// Draws the scene once, from what it was handed.
+// Draws the scene once. `context` is the pointer given with the callback.
 using StereoScene = void (*)(const void *context);
 
-// Made at first use, and anew where the frame's size takes other powers of two.
-extern uint32_t stereo_eye_textures[2];
-extern uint32_t stereo_eye_tex_width, stereo_eye_tex_height;
-extern uint32_t interlace_texture;
-extern uint32_t interlace_tex_width, interlace_tex_height;
-
-// One of the modes: 0 draws once; 1 to 3 are stereo_split's, 4 and 5 stereo_two_screen's, 6 to 8
-// stereo_colour's; anything above draws nothing, and below 0 is taken for 1. `eye_offset` is the
-// distance between the eyes in world units, `neg_depth` minus how far their axes are turned, and
-// `swap` exchanges the eyes.
+// Draws the scene in one of the modes: 0 draws once; 1 to 3 are stereo_split's, 4 and 5
+// stereo_two_screen's, 6 to 8 stereo_colour's. Higher modes draw nothing; modes below 0 count as 1.
+// `eye_offset` is the distance between the eyes in world units. `neg_depth` is the negated shift
+// between the eyes' projections. If `swap` is not 0, the eyes are swapped.
 void stereo_render(StereoScene scene, const void *context, int32_t mode, int32_t swap,
                    double eye_offset, double neg_depth);
 
-// Each eye squeezed into half the frame: left and right in mode 2; else bottom and top, of which
-// mode 3 makes alternate lines.
+// Squeezes each eye into half the frame: left and right in mode 2, otherwise bottom and top. Mode 3
+// then interlaces them.
 void stereo_split(StereoScene scene, const void *context, int32_t swap, double eye_offset,
                   double neg_depth, int32_t mode);
 
-// Two screens, side by side or one on the other, with a whole picture each. While the scene is
-// drawn, screen_width or screen_height is that of one screen.
+// Draws a whole picture for each of two screens, side by side or one above the other. While the
+// scene is drawn, screen_width and screen_height are those of one screen.
 void stereo_two_screen(StereoScene scene, const void *context, int32_t swap, int32_t vertical,
                        double eye_offset, double neg_depth);
 
-// Both eyes over each other, each in the light of one colour, 0xRRGGBB.
+// Adds the pictures of both eyes, each tinted with one colour, 0xRRGGBB.
 void stereo_colour(StereoScene scene, const void *context, uint32_t first_colour,
                    uint32_t second_colour, double eye_offset, double neg_depth);
 
-// Turns a frame with one eye's picture above the other's into alternate lines. The lines keep to
-// the rows of the screen, wherever the window is; `parity` 1 exchanges them.
+// Turns a frame that has one eye's picture above the other's into alternate lines. Which eye gets a
+// line depends on its row on the screen, not in the window; `parity` 1 swaps them.
 void stereo_interlace(int32_t parity);

@@ -20,14 +20,14 @@ float max_anisotropy; // 0 until first read
 
 constexpr uint32_t formats[5] = {0, GL_LUMINANCE, GL_LUMINANCE_ALPHA, GL_RGB, GL_RGBA};
 
-// A picture inside a buffer.
-struct Picture {
+// The layout of an image in a buffer.
+struct Image {
   int32_t width, height;
   size_t components;
   size_t row; // bytes from one row to the next
 };
 
-Picture picture_of(int32_t width, int32_t height, size_t components) {
+Image image_layout(int32_t width, int32_t height, size_t components) {
   size_t bytes = static_cast<size_t>(width) * components;
   return {width, height, components, (bytes + 3) / 4 * 4};
 }
@@ -36,10 +36,10 @@ int32_t halved(int32_t size) {
   return size > 1 ? size / 2 : 1;
 }
 
-// Averages a picture into half its size in the same buffer; what is written never overtakes what
-// is still to be read. A side of 1 has no neighbour and counts twice.
-Picture halve(Picture from, uint8_t *bytes) {
-  Picture to = picture_of(halved(from.width), halved(from.height), from.components);
+// Halves an image in its buffer by a box filter. Writing never overtakes reading. A side of 1 has
+// no neighbour and counts twice.
+Image halve(Image from, uint8_t *bytes) {
+  Image to = image_layout(halved(from.width), halved(from.height), from.components);
   size_t right = from.width > 1 ? from.components : 0;
   size_t below = from.height > 1 ? from.row : 0;
   for (size_t y = 0; y < static_cast<size_t>(to.height); y++)
@@ -52,23 +52,29 @@ Picture halve(Picture from, uint8_t *bytes) {
   return to;
 }
 
+// The pixel format of 1 to 4 components.
+uint32_t texture_format(int32_t components) {
+  assert(components >= 1 && components <= 4);
+  return formats[components];
+}
+
 int32_t internal_format(int32_t components, uint32_t format) {
   return textures_keep_component_count != 0 ? components : static_cast<int32_t>(format);
 }
 
-// Levels 1 and up of the picture in `bytes`.
-void upload_levels(uint32_t target, int32_t internal, uint32_t format, Picture picture,
+// Uploads levels 1 and up of the image in `bytes`.
+void upload_levels(uint32_t target, int32_t internal, uint32_t format, Image image,
                    uint8_t *bytes) {
-  for (int32_t level = 1; picture.width > 1 || picture.height > 1; level++) {
-    picture = halve(picture, bytes);
+  for (int32_t level = 1; image.width > 1 || image.height > 1; level++) {
+    image = halve(image, bytes);
     glGetError();
-    glTexImage2D(target, level, internal, picture.width, picture.height, 0, format,
-                 GL_UNSIGNED_BYTE, bytes);
+    glTexImage2D(target, level, internal, image.width, image.height, 0, format, GL_UNSIGNED_BYTE,
+                 bytes);
   }
 }
 
-// The components that a read-back is made with. Sized formats count as RGB, but for the one with
-// which a picture with alpha is captured.
+// Components to read back for an internal format. Sized formats read as RGB, except GL_RGBA8, which
+// texture_capture uses.
 int32_t components_of(int32_t format) {
   if (format == GL_RGBA8) return 4;
   if (format >= 1 && format <= 4) return format;
@@ -90,24 +96,19 @@ int32_t level_parameter(uint32_t name) {
   return value;
 }
 
-// All levels need the internal format of level 0, or the card takes the texture for incomplete.
+// All levels need the internal format of level 0, or the texture is incomplete.
 void mipmaps_from_read_back(uint32_t target) {
   int32_t internal = level_parameter(GL_TEXTURE_INTERNAL_FORMAT);
   int32_t components = components_of(internal);
   uint32_t format = texture_format(components);
-  Picture picture = picture_of(level_parameter(GL_TEXTURE_WIDTH),
-                               level_parameter(GL_TEXTURE_HEIGHT), static_cast<size_t>(components));
-  std::vector<uint8_t> bytes(picture.row * static_cast<size_t>(picture.height));
+  Image image = image_layout(level_parameter(GL_TEXTURE_WIDTH), level_parameter(GL_TEXTURE_HEIGHT),
+                             static_cast<size_t>(components));
+  std::vector<uint8_t> bytes(image.row * static_cast<size_t>(image.height));
   glGetTexImage(GL_TEXTURE_2D, 0, format, GL_UNSIGNED_BYTE, bytes.data());
-  upload_levels(target, internal, format, picture, bytes.data());
+  upload_levels(target, internal, format, image, bytes.data());
 }
 
 } // namespace
-
-uint32_t texture_format(int32_t components) {
-  assert(components >= 1 && components <= 4);
-  return formats[components];
-}
 
 void texture_upload_level(uint32_t target, int32_t level, int32_t components, int32_t width,
                           int32_t height, const void *pixels) {
@@ -126,7 +127,7 @@ void texture_upload(uint32_t target, int32_t components, int32_t width, int32_t 
 void texture_build_mipmaps(uint32_t target, int32_t components, uint32_t format, int32_t width,
                            int32_t height, void *pixels) {
   upload_levels(target, internal_format(components, format), format,
-                picture_of(width, height, static_cast<size_t>(components)),
+                image_layout(width, height, static_cast<size_t>(components)),
                 static_cast<uint8_t *>(pixels));
 }
 
@@ -152,7 +153,7 @@ uint32_t texture_capture(int32_t x, int32_t y, int32_t width, int32_t height, in
 }
 
 void texture_max_anisotropy() {
-  // A software driver offers it too, and then takes seconds for a frame.
+  // Software drivers offer it too, but then take seconds for a frame.
   if (gl_is_software()) return;
   if (!gl_has_extension(&has_anisotropy, "GL_EXT_texture_filter_anisotropic")) return;
   if (max_anisotropy == 0) glGetFloatv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &max_anisotropy);

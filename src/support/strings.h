@@ -18,6 +18,11 @@ constexpr bool ascii_is_space(char c) {
   return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
+// Whether the character is one of 0 to 9.
+constexpr bool ascii_is_digit(char c) {
+  return c >= '0' && c <= '9';
+}
+
 // Whether two names are equal, ignoring the case of the letters A to Z.
 bool ascii_equal_nocase(const char *a, const char *b);
 

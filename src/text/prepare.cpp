@@ -64,10 +64,6 @@ void write_command(Rewrite *r, uint8_t kind, uint32_t value) {
     *r->out++ = static_cast<char>(value >> shift & 255);
 }
 
-bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 bool is_letter(char c) {
   const int lower = ascii_lower(c);
   return lower >= 'a' && lower <= 'z';
@@ -143,7 +139,7 @@ bool at_group_end(const Rewrite *r, const std::vector<Group> &groups) {
 }
 
 bool same_run(char a, char b) {
-  return (is_letter(a) && is_letter(b)) || (is_digit(a) && is_digit(b)) ||
+  return (is_letter(a) && is_letter(b)) || (ascii_is_digit(a) && ascii_is_digit(b)) ||
          (a == text_wide_first && b == text_wide_first);
 }
 
@@ -201,7 +197,7 @@ const Tag *tag_at(const char *text) {
 void replace_tag(Rewrite *r, const Tag *tag) {
   int64_t number = 0;
   r->at += std::strlen(tag->start);
-  for (; is_digit(*r->at); r->at++)
+  for (; ascii_is_digit(*r->at); r->at++)
     number = std::min<int64_t>(number * 10 + (*r->at - '0'), INT32_MAX);
   if (*r->at == '#') r->at++;
   write_command(r, tag->kind, static_cast<uint32_t>(number));

@@ -21,13 +21,13 @@ float max_anisotropy; // 0 until first read
 constexpr uint32_t formats[5] = {0, GL_LUMINANCE, GL_LUMINANCE_ALPHA, GL_RGB, GL_RGBA};
 
 // The layout of an image in a buffer.
-struct Image {
+struct ImageLayout {
   int32_t width, height;
   size_t components;
   size_t row; // bytes from one row to the next
 };
 
-Image image_layout(int32_t width, int32_t height, size_t components) {
+ImageLayout layout_of(int32_t width, int32_t height, size_t components) {
   size_t bytes = static_cast<size_t>(width) * components;
   return {width, height, components, (bytes + 3) / 4 * 4};
 }
@@ -38,8 +38,8 @@ int32_t halved(int32_t size) {
 
 // Halves an image in its buffer by a box filter. Writing never overtakes reading. A side of 1 has
 // no neighbour and counts twice.
-Image halve(Image from, uint8_t *bytes) {
-  Image to = image_layout(halved(from.width), halved(from.height), from.components);
+ImageLayout halve(ImageLayout from, uint8_t *bytes) {
+  ImageLayout to = layout_of(halved(from.width), halved(from.height), from.components);
   size_t right = from.width > 1 ? from.components : 0;
   size_t below = from.height > 1 ? from.row : 0;
   for (size_t y = 0; y < static_cast<size_t>(to.height); y++)
@@ -63,7 +63,7 @@ int32_t internal_format(int32_t components, uint32_t format) {
 }
 
 // Uploads levels 1 and up of the image in `bytes`.
-void upload_levels(uint32_t target, int32_t internal, uint32_t format, Image image,
+void upload_levels(uint32_t target, int32_t internal, uint32_t format, ImageLayout image,
                    uint8_t *bytes) {
   for (int32_t level = 1; image.width > 1 || image.height > 1; level++) {
     image = halve(image, bytes);
@@ -101,8 +101,9 @@ void mipmaps_from_read_back(uint32_t target) {
   int32_t internal = level_parameter(GL_TEXTURE_INTERNAL_FORMAT);
   int32_t components = components_of(internal);
   uint32_t format = texture_format(components);
-  Image image = image_layout(level_parameter(GL_TEXTURE_WIDTH), level_parameter(GL_TEXTURE_HEIGHT),
-                             static_cast<size_t>(components));
+  ImageLayout image =
+      layout_of(level_parameter(GL_TEXTURE_WIDTH), level_parameter(GL_TEXTURE_HEIGHT),
+                static_cast<size_t>(components));
   std::vector<uint8_t> bytes(image.row * static_cast<size_t>(image.height));
   glGetTexImage(GL_TEXTURE_2D, 0, format, GL_UNSIGNED_BYTE, bytes.data());
   upload_levels(target, internal, format, image, bytes.data());
@@ -127,7 +128,7 @@ void texture_upload(uint32_t target, int32_t components, int32_t width, int32_t 
 void texture_build_mipmaps(uint32_t target, int32_t components, uint32_t format, int32_t width,
                            int32_t height, void *pixels) {
   upload_levels(target, internal_format(components, format), format,
-                image_layout(width, height, static_cast<size_t>(components)),
+                layout_of(width, height, static_cast<size_t>(components)),
                 static_cast<uint8_t *>(pixels));
 }
 

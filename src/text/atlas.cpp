@@ -13,7 +13,7 @@ constexpr float byte_scale = 255.9F; // of a component from 0 to 1, truncated
 constexpr uint32_t components = 4;
 constexpr uint8_t opaque = 255;
 
-// The code ranges that are sharpened, both ends included.
+// Ranges of codes to sharpen, both ends included.
 struct CodeRange {
   uint32_t first, last;
 };
@@ -21,8 +21,8 @@ constexpr CodeRange sharpened[] = {{48, 57}, {256, 383}};
 
 using ByteTable = std::array<uint8_t, 256>;
 
-// From a brightness relative to the peak to what is written.
-ByteTable lifting_table() {
+// Maps a brightness relative to the peak to the brightness to write.
+ByteTable sharpening_table() {
   ByteTable table = {};
   for (size_t i = 1; i < table.size(); i++)
     table[i] =
@@ -34,7 +34,7 @@ struct Rectangle {
   uint32_t left, top, right, bottom;
 };
 
-// A glyph's cell in a mip level, whose sides a code without a glyph may stand beyond.
+// The cell of a glyph in a mip level, clipped: a code without a glyph can be outside.
 Rectangle cell_in_level(const Font *font, uint32_t code, uint32_t level, uint32_t width,
                         uint32_t height) {
   const uint32_t left = font->glyph_x[code] >> level;
@@ -43,7 +43,7 @@ Rectangle cell_in_level(const Font *font, uint32_t code, uint32_t level, uint32_
           std::min(right, width), std::min((font->glyph_y[code] + font->height) >> level, height)};
 }
 
-void sharpen_cell(Rectangle cell, uint32_t width, uint8_t *pixels, const ByteTable &lifted) {
+void sharpen_cell(Rectangle cell, uint32_t width, uint8_t *pixels, const ByteTable &sharper) {
   const auto each_byte = [&](auto &&visit) {
     for (uint32_t y = cell.top; y < cell.bottom; y++)
       for (uint32_t x = cell.left * components; x < cell.right * components; x++)
@@ -51,10 +51,10 @@ void sharpen_cell(Rectangle cell, uint32_t width, uint8_t *pixels, const ByteTab
   };
   double peak = 0.001;
   each_byte([&](uint8_t byte) { peak = std::max(peak, static_cast<double>(byte)); });
-  each_byte([&](uint8_t &byte) { byte = lifted[static_cast<size_t>(byte * 255.4 / peak)]; });
+  each_byte([&](uint8_t &byte) { byte = sharper[static_cast<size_t>(byte * 255.4 / peak)]; });
 }
 
-// The colours of the palette as bytes, three each.
+// The palette as bytes: red, green and blue of each colour.
 std::array<std::array<uint8_t, 3>, palette_size> palette_bytes() {
   std::array<float, palette_size> red, green, blue;
   palette_build(red.data(), green.data(), blue.data());
@@ -126,8 +126,8 @@ std::vector<uint8_t> atlas_image(const Font *font, const GlyphRecord *records, u
 
 void atlas_sharpen(const Font *font, uint32_t level, uint32_t width, uint32_t height,
                    uint8_t *pixels) {
-  static const ByteTable lifted = lifting_table();
+  static const ByteTable sharper = sharpening_table();
   for (const CodeRange range : sharpened)
     for (uint32_t code = range.first; code <= range.last; code++)
-      sharpen_cell(cell_in_level(font, code, level, width, height), width, pixels, lifted);
+      sharpen_cell(cell_in_level(font, code, level, width, height), width, pixels, sharper);
 }

@@ -1,10 +1,15 @@
 #include "text/fmod_table.h"
 
+#include <array>
+
 #include "text/font_file.h"
 
-// A record: width and height in tiles, then the codes of the tiles, row by row.
+namespace {
+
+// A record for each of the character codes 0 to 127: width and height in tiles, then the codes of
+// the tiles, row by row.
 // clang-format off
-const std::array<uint8_t, 952> fmod_table = {
+constexpr std::array<uint8_t, 952> fmod_table = {
     0x01, 0x01, 0x11, 0x01, 0x01, 0x08, 0x01, 0x01, 0x1E, 0x01, 0x01, 0x1C, 0x01, 0x01, 0x1A, 0x01,
     0x01, 0x20, 0x01, 0x01, 0x1E, 0x01, 0x01, 0x00, 0x01, 0x01, 0x08, 0x01, 0x01, 0x20, 0x01, 0x01,
     0x20, 0x01, 0x01, 0x00, 0x01, 0x01, 0x20, 0x01, 0x01, 0x00, 0x01, 0x01, 0x18, 0x01, 0x01, 0x10,
@@ -68,12 +73,14 @@ const std::array<uint8_t, 952> fmod_table = {
 };
 // clang-format on
 
+} // namespace
+
 uint8_t *fmod_generate(uint32_t *out_size) {
   constexpr float tile = 20.0F;   // pixels
-  constexpr float stroke = 0.2F;  // half its thickness, in tiles
-  constexpr float shift = 0.0F;   // arcs are drawn around the corners of tiles
+  constexpr float stroke = 0.2F;  // half the thickness, in tiles
+  constexpr float shift = 0.0F;   // arcs are centred on the corners of tiles
   constexpr float dot = 1.0F;     // as wide as a stroke
-  constexpr int32_t samples = 10; // each way
+  constexpr int32_t samples = 10; // per axis
   return font_generate(fmod_table.data(), fmod_table.size(), tile, tile, stroke, stroke, shift,
                        shift, dot, samples, 1, out_size);
 }

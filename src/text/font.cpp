@@ -20,7 +20,6 @@
 #include "text/atlas.h"
 
 GrowList fonts;
-void *font_rows;
 Font *current_font;
 FontStyle current_style = font_style_default;
 uint8_t text_gap;
@@ -30,10 +29,11 @@ uint8_t text_max_width;
 namespace {
 
 constexpr const char *report_source = "bitmapfonts";
-constexpr int32_t greatest_texture = 2048; // pixels, whatever the card offers
+constexpr int32_t max_texture_size = 2048; // pixels, even if the driver allows more
 constexpr int32_t measured_code = 'C';
-// Of a font file: 512 records can't be longer.
-constexpr size_t greatest_file = size_t{font_codes} * (glyph_header + 255 * 255);
+constexpr size_t max_file_size = size_t{font_codes} * (glyph_header + 255 * 255);
+
+void *font_rows; // mirrors the rows of `fonts`
 
 Font *font_new(const char *name) {
   Font *font = static_cast<Font *>(memory_zeroed(sizeof(Font)));
@@ -53,7 +53,7 @@ void font_register(Font *font) {
   GrowList_append(&fonts, &font);
 }
 
-// A measure times a scale, truncated, as the byte that the measures of text are.
+// A measure times a scale, truncated to a byte.
 uint8_t scaled(uint8_t measure, float scale) {
   const float product = static_cast<float>(measure) * scale;
   return product > 0.0F ? static_cast<uint8_t>(std::min(product, 255.0F)) : uint8_t{0};
@@ -71,7 +71,7 @@ int32_t level_size(int32_t level, GLenum side) {
   return size;
 }
 
-// Reads each mip level of the bound texture back and replaces it.
+// Reads each mip level of the bound texture back, sharpens it and replaces it.
 void sharpen_levels(const Font *font) {
   std::vector<uint8_t> pixels(size_t{font->tex_width} * font->tex_height * 4);
   int32_t width = 0;
@@ -79,7 +79,7 @@ void sharpen_levels(const Font *font) {
   for (int32_t level = 1; width != 1 || height != 1; level++) {
     width = level_size(level, GL_TEXTURE_WIDTH);
     height = level_size(level, GL_TEXTURE_HEIGHT);
-    if (width < 1 || height < 1) return; // a texture of a single level has no others
+    if (width < 1 || height < 1) return; // a texture of one level
     glGetTexImage(GL_TEXTURE_2D, level, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
     atlas_sharpen(font, static_cast<uint32_t>(level), static_cast<uint32_t>(width),
                   static_cast<uint32_t>(height), pixels.data());
@@ -89,13 +89,13 @@ void sharpen_levels(const Font *font) {
 
 [[noreturn]] void report_too_large(const Font *font, int32_t limit) {
   report_sentence(
-      "the glyphs of the font \"%s\" don't fit into a texture; if its file is deleted, the "
-      "program makes it anew",
+      "the glyphs of the font \"%s\" don't fit into a texture; delete its file to have it "
+      "regenerated",
       font->name);
   const std::string size = std::to_string(font->tex_width) + 'x' + std::to_string(font->tex_height);
   const std::string words = "Font '" + std::string(font->name) + "' required texture of size " +
                             size + " but GL_MAX_TEXTURE_SIZE=" + std::to_string(limit);
-  report_fatal(report_source, 1328, words.c_str()); // the report's fixed number
+  report_fatal(report_source, 1328, words.c_str()); // fixed: identifies the report
 }
 
 void upload_atlas(Font *font, const GlyphRecord *records, uint32_t count) {
@@ -113,7 +113,7 @@ Font *build(const GlyphRecord *glyphs, uint32_t count, const char *name) {
   Font *font = font_new(name);
   int32_t limit = 0;
   glGetIntegerv(GL_MAX_TEXTURE_SIZE, &limit);
-  const uint32_t usable = static_cast<uint32_t>(std::clamp(limit, 0, greatest_texture));
+  const uint32_t usable = static_cast<uint32_t>(std::clamp(limit, 0, max_texture_size));
   atlas_layout(font, glyphs, count, usable);
   if (font->tex_height > usable) report_too_large(font, limit);
   upload_atlas(font, glyphs, count);
@@ -126,10 +126,10 @@ Font *build(const GlyphRecord *glyphs, uint32_t count, const char *name) {
   return font;
 }
 
-bool texture_is_used(uint32_t texture, const Font *but_by) {
+bool texture_is_shared(uint32_t texture, const Font *owner) {
   for (uint32_t i = fonts.count; i-- > 0;) {
     const Font *font = rows<Font *>(fonts)[i];
-    if (font != but_by && font->texture == texture) return true;
+    if (font != owner && font->texture == texture) return true;
   }
   return false;
 }
@@ -139,17 +139,18 @@ void unregister(const Font *font) {
     if (rows<Font *>(fonts)[i] == font) GrowList_remove(&fonts, i);
 }
 
-// Gives the styles of a font that goes to one of them, which has the glyphs too.
-void inherit_styles(const Font *font) {
-  Font *heir = nullptr;
+// Before a base font is freed, makes one of its styles the base of the others. A style has copies
+// of the glyph positions.
+void replace_base(const Font *font) {
+  Font *new_base = nullptr;
   for (uint32_t i = fonts.count; i-- > 0;) {
     Font *style = rows<Font *>(fonts)[i];
     if (style->base != font || style == font) continue;
-    if (heir == nullptr) heir = style;
-    heir->glyph_count = font_codes;
-    style->base = heir;
+    if (new_base == nullptr) new_base = style;
+    new_base->glyph_count = font_codes;
+    style->base = new_base;
   }
-  if (current_style.base == font) current_style.base = heir;
+  if (current_style.base == font) current_style.base = new_base;
 }
 
 } // namespace
@@ -169,7 +170,7 @@ bool font_file_read(const char *path, std::vector<uint8_t> *bytes) {
   FILE *file = file_open(path);
   if (file == nullptr) return false;
   uint8_t part[1 << 16];
-  for (size_t got = 1; got > 0 && bytes->size() < greatest_file;) {
+  for (size_t got = 1; got > 0 && bytes->size() < max_file_size;) {
     got = std::fread(part, 1, sizeof part, file);
     bytes->insert(bytes->end(), part, part + got);
   }
@@ -185,18 +186,18 @@ void font_build_file(const std::vector<uint8_t> &bytes, const char *path, const 
   const uint32_t count =
       glyph_records(bytes.data(), static_cast<uint32_t>(bytes.size()), glyphs.data());
   if (count == 0) {
-    report_sentence("the font file \"%s\" can't be read or holds no font; once it is deleted, the "
-                    "program makes a new one",
+    report_sentence("the font file \"%s\" can't be read or holds no font; delete it to have it "
+                    "regenerated",
                     path);
     const std::string words = "loadfont: '" + std::string(path) + "' not found";
-    report_fatal(report_source, 1454, words.c_str()); // the report's fixed number
+    report_fatal(report_source, 1454, words.c_str()); // fixed: identifies the report
   }
   build(glyphs.data(), count, name);
 }
 
 void loadfont(const char *path, const char *name) {
   std::vector<uint8_t> bytes;
-  font_file_read(path, &bytes); // as far as it can be
+  font_file_read(path, &bytes); // on failure builds the font of what could be read
   font_build_file(bytes, path, name);
 }
 
@@ -220,9 +221,9 @@ void font_select(Font *font) {
 }
 
 void font_delete(Font *font) {
-  if (!texture_is_used(font->texture, font)) glDeleteTextures(1, &font->texture);
+  if (!texture_is_shared(font->texture, font)) glDeleteTextures(1, &font->texture);
   unregister(font);
-  inherit_styles(font);
+  replace_base(font);
   const bool was_current = font == current_font;
   std::free(font->name);
   std::free(font);
@@ -233,7 +234,7 @@ void font_delete(Font *font) {
 }
 
 Font *font_make_blank(const char *name) {
-  Font *blank = font_new(name); // copied before the font goes whose name it may be
+  Font *blank = font_new(name); // before deleting: `name` may belong to a font of that name
   const uint32_t scanned = fonts.count;
   for (uint32_t i = fonts.count; i-- > 0;) {
     Font *font = rows<Font *>(fonts)[i];

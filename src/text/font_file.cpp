@@ -12,22 +12,22 @@ namespace {
 
 constexpr uint8_t mirror_x = 1;
 constexpr uint8_t mirror_y = 2;
-constexpr uint8_t exchange = 4;
+constexpr uint8_t swap_axes = 4;
 constexpr uint32_t tile_codes = 64;
 constexpr float first_grey = 16.0F;
 constexpr float greys = 23.999F; // full coverage gives the last one, 39
 
 enum Family : uint8_t { empty, bar, quarter_ring, tee, dot, stub, corner, fork };
 
-// A point of a tile with the strokes' measures, all in the tile's own axes. Single precision
-// throughout: the font's pixels are defined by it.
+// A point of a tile with the measures of strokes, in the axes of the tile. Single precision: the
+// pixels of the font depend on its rounding.
 struct Point {
   float x, y;
-  float a, b; // half the thickness of strokes
-  float c, d; // shift of curves
+  float half_width_x, half_width_y;   // of strokes
+  float curve_shift_x, curve_shift_y; // of the centres of curves
 };
 
-float pos(float v) {
+float clamp_positive(float v) {
   return v > 0.0F ? v : 0.0F;
 }
 
@@ -36,34 +36,40 @@ bool outside(float u, float v) {
   return u * u + v * v > 1.0F;
 }
 
-// Between two arcs around the corner (0, 0).
+// Whether the point is between two arcs around the corner (0, 0).
 bool in_quarter_ring(const Point &p) {
-  const float outer_u = pos((p.x - (p.a + 0.5F) * p.c) / ((p.a + 0.5F) * (1.0F - p.c)));
-  const float outer_v = pos((p.y - (p.b + 0.5F) * p.d) / ((p.b + 0.5F) * (1.0F - p.d)));
+  const float outer_u = clamp_positive((p.x - (p.half_width_x + 0.5F) * p.curve_shift_x) /
+                                       ((p.half_width_x + 0.5F) * (1.0F - p.curve_shift_x)));
+  const float outer_v = clamp_positive((p.y - (p.half_width_y + 0.5F) * p.curve_shift_y) /
+                                       ((p.half_width_y + 0.5F) * (1.0F - p.curve_shift_y)));
   if (outside(outer_u, outer_v)) return false;
-  const float inner_u = pos((p.x + (p.a - 0.5F) * p.c) / ((0.5F - p.a) * (1.0F - p.c)));
-  const float inner_v = pos((p.y + (p.b - 0.5F) * p.d) / ((0.5F - p.b) * (1.0F - p.d)));
+  const float inner_u = clamp_positive((p.x + (p.half_width_x - 0.5F) * p.curve_shift_x) /
+                                       ((0.5F - p.half_width_x) * (1.0F - p.curve_shift_x)));
+  const float inner_v = clamp_positive((p.y + (p.half_width_y - 0.5F) * p.curve_shift_y) /
+                                       ((0.5F - p.half_width_y) * (1.0F - p.curve_shift_y)));
   return outside(inner_u, inner_v);
 }
 
-// Two such bands that meet, around the corners (0, 1) and (1, 1).
+// Whether it is in one of two such bands, around the corners (0, 1) and (1, 1).
 bool in_fork(const Point &p) {
-  const float outer_shift = p.c * (p.a + 0.5F);
-  const float outer_width = (1.0F - p.c) * (p.a + 0.5F);
-  const float outer_v = pos((1.0F - (p.b + 0.5F) * p.d - p.y) / ((p.b + 0.5F) * (1.0F - p.d)));
-  if (outside(pos((p.x - outer_shift) / outer_width), outer_v) &&
-      outside(pos((1.0F - outer_shift - p.x) / outer_width), outer_v))
+  const float outer_shift = p.curve_shift_x * (p.half_width_x + 0.5F);
+  const float outer_width = (1.0F - p.curve_shift_x) * (p.half_width_x + 0.5F);
+  const float outer_v = clamp_positive((1.0F - (p.half_width_y + 0.5F) * p.curve_shift_y - p.y) /
+                                       ((p.half_width_y + 0.5F) * (1.0F - p.curve_shift_y)));
+  if (outside(clamp_positive((p.x - outer_shift) / outer_width), outer_v) &&
+      outside(clamp_positive((1.0F - outer_shift - p.x) / outer_width), outer_v))
     return false;
-  const float inner_shift = (p.a - 0.5F) * p.c;
-  const float inner_width = (0.5F - p.a) * (1.0F - p.c);
-  const float inner_v = pos((p.d * (p.b - 0.5F) + 1.0F - p.y) / ((0.5F - p.b) * (1.0F - p.d)));
-  return outside(pos((p.x + inner_shift) / inner_width), inner_v) &&
-         outside(pos((inner_shift + 1.0F - p.x) / inner_width), inner_v);
+  const float inner_shift = (p.half_width_x - 0.5F) * p.curve_shift_x;
+  const float inner_width = (0.5F - p.half_width_x) * (1.0F - p.curve_shift_x);
+  const float inner_v = clamp_positive((p.curve_shift_y * (p.half_width_y - 0.5F) + 1.0F - p.y) /
+                                       ((0.5F - p.half_width_y) * (1.0F - p.curve_shift_y)));
+  return outside(clamp_positive((p.x + inner_shift) / inner_width), inner_v) &&
+         outside(clamp_positive((inner_shift + 1.0F - p.x) / inner_width), inner_v);
 }
 
 bool in_corner(const Point &p) {
-  const bool in_gap = p.x < 0.5F - p.a && p.y < 0.5F - p.b;
-  return p.x < p.a + 0.5F && p.y < p.b + 0.5F && !in_gap;
+  const bool in_gap = p.x < 0.5F - p.half_width_x && p.y < 0.5F - p.half_width_y;
+  return p.x < p.half_width_x + 0.5F && p.y < p.half_width_y + 0.5F && !in_gap;
 }
 
 bool in_dot(const Point &p, float radius) {
@@ -72,15 +78,15 @@ bool in_dot(const Point &p, float radius) {
   return x * x + y * y < radius * radius;
 }
 
-// What all tiles of a font share.
+// The strokes of a font.
 struct Strokes {
-  float a, b, c, d, e;
+  float half_width_x, half_width_y;
+  float curve_shift_x, curve_shift_y;
+  float dot_scale; // radius of a dot as a multiple of half_width_x
 };
 
-using Tile = std::vector<uint8_t>;
-
-// One pixel of a tile: its samples stand on a grid that is turned a little, so that the edge of an
-// upright stroke, too, has as many levels of coverage as there are samples.
+// A pixel of a tile. The grid of samples is slightly rotated, so that horizontal and vertical
+// edges, too, have as many levels of coverage as there are samples.
 uint8_t tile_pixel(uint8_t code, int32_t px, int32_t py, int32_t width, int32_t height,
                    int32_t samples, const Strokes &s) {
   const float n = static_cast<float>(samples);
@@ -91,13 +97,14 @@ uint8_t tile_pixel(uint8_t code, int32_t px, int32_t py, int32_t width, int32_t 
       const float fj = static_cast<float>(j);
       const float x = (static_cast<float>(px) + fi / n + fj / (n * n)) / static_cast<float>(width);
       const float y = (static_cast<float>(py) + fj / n - fi / (n * n)) / static_cast<float>(height);
-      count += font_tile_shape(code, x, y, s.a, s.b, s.c, s.d, s.e);
+      count += font_tile_shape(code, x, y, s.half_width_x, s.half_width_y, s.curve_shift_x,
+                               s.curve_shift_y, s.dot_scale);
     }
   if (count == 0) return glyph_transparent;
   return static_cast<uint8_t>(first_grey + static_cast<float>(count) * (greys / (n * n)));
 }
 
-// The pixels of all tiles, one after the other.
+// Draws all tiles and returns their pixels, tile after tile.
 std::vector<uint8_t> draw_tiles(int32_t width, int32_t height, int32_t samples, const Strokes &s) {
   std::vector<uint8_t> pixels;
   pixels.reserve(size_t{tile_codes} * static_cast<size_t>(width) * static_cast<size_t>(height));
@@ -127,24 +134,24 @@ void put_glyph(std::vector<uint8_t> *out, const uint8_t *codes, size_t across, s
 int32_t font_tile_shape(uint8_t code, float x, float y, float a, float b, float c, float d,
                         float e) {
   Point p = {x, y, a, b, c, d};
-  if ((code & exchange) != 0) p = {y, x, b, a, d, c};
+  if ((code & swap_axes) != 0) p = {y, x, b, a, d, c};
   if ((code & mirror_x) != 0) p.x = 1.0F - p.x;
   if ((code & mirror_y) != 0) p.y = 1.0F - p.y;
-  const bool upright = std::fabs(p.x - 0.5F) < p.a;
-  const bool level = std::fabs(p.y - 0.5F) < p.b;
+  const bool vertical = std::fabs(p.x - 0.5F) < p.half_width_x;
+  const bool horizontal = std::fabs(p.y - 0.5F) < p.half_width_y;
   switch (code >> 3) {
   case empty:
     return 0;
   case bar:
-    return upright ? 1 : 0;
+    return vertical ? 1 : 0;
   case quarter_ring:
     return in_quarter_ring(p) ? 1 : 0;
   case tee:
-    return level || (p.y > 0.5F && upright) ? 1 : 0;
+    return horizontal || (p.y > 0.5F && vertical) ? 1 : 0;
   case dot:
-    return in_dot(p, p.a * e) ? 1 : 0;
+    return in_dot(p, p.half_width_x * e) ? 1 : 0;
   case stub:
-    return upright && p.y > 0.5F - p.b ? 1 : 0;
+    return vertical && p.y > 0.5F - p.half_width_y ? 1 : 0;
   case corner:
     return in_corner(p) ? 1 : 0;
   case fork:

@@ -9,20 +9,19 @@
 #include "text/style.h"
 #include "text/text_form.h"
 
-float text_letter_spacing = 0.13F;
-
 namespace {
 
+constexpr float text_letter_spacing = 0.13F; // the gap between letters, as a part of text_gap
 constexpr int32_t width_without_font = 5;
 constexpr uint8_t first_printable = 8; // below, a byte's value is the number of bytes it skips
 constexpr float script_unit = 256.0F;
 
-constexpr float greatest_length = 1e9F; // pixels; keeps absurd styles within an integer
+constexpr float max_length = 1e9F; // pixels; keeps huge styles within an integer
 
-// A number of pixels, truncated; what is no number, as an endless size times 0, counts as 0.
-int32_t whole(float pixels) {
-  if (std::isnan(pixels)) return 0;
-  return static_cast<int32_t>(std::clamp(pixels, -greatest_length, greatest_length));
+// Truncates a length to whole pixels. NaN, such as an infinite size times 0, gives 0.
+int32_t to_pixels(float length) {
+  if (std::isnan(length)) return 0;
+  return static_cast<int32_t>(std::clamp(length, -max_length, max_length));
 }
 
 uint8_t byte_at(const char *text) {
@@ -40,13 +39,13 @@ float letter_gap() {
 // A text being laid out.
 struct Pen {
   const TextOutput *output;
-  FontStyle style;                 // what scripts are relative to, and what to come back to
-  float width_scale, height_scale; // the style's, or a script's
-  float line_x;                    // where lines begin
+  FontStyle style;                 // of the text; scripts are relative to it
+  float width_scale, height_scale; // of the style or of a script
+  float line_x;                    // the start of lines
   float x, y;
   float wrap_x, bottom_y; // 0 for none
-  int32_t shift;          // by how much y is raised, for a script
-  bool ended;             // by the bottom
+  int32_t shift;          // how far a script has raised y
+  bool ended;             // has passed bottom_y
 };
 
 float cell_height(const Pen *pen) {
@@ -58,7 +57,7 @@ void next_line(Pen *pen, float step) {
   pen->x = pen->line_x;
 }
 
-// A new line where the text has none.
+// Wraps to a new line.
 void break_line(Pen *pen, float step) {
   next_line(pen, step);
   pen->ended = pen->bottom_y != 0.0F && pen->y > pen->bottom_y;
@@ -87,21 +86,21 @@ void put_glyph(const Pen *pen, uint32_t code, float left) {
   pen->output->quad(&quad);
 }
 
-// A script of an absurd style can have an endless size; the font then stays what it is.
+// Keeps the font if the size is infinite, as a script of a huge style can be.
 void apply_scales(float width_scale, float height_scale, FontStyle style) {
   style.width_scale = width_scale;
   style.height_scale = height_scale;
   if (std::isfinite(width_scale) && std::isfinite(height_scale)) font_apply_style(style);
 }
 
-// Size and rise of a script, until the next one.
+// Sets the size and the rise of a script, until the next one.
 void change_script(Pen *pen, float size, float rise) {
   pen->output->pause();
   pen->width_scale = pen->style.width_scale * size;
   pen->height_scale = pen->style.height_scale * size;
   apply_scales(pen->width_scale, pen->height_scale, pen->style);
   const float height = static_cast<float>(pen->style.base->height) * pen->style.height_scale;
-  const int32_t shift = whole(rise * height + 128.0F) / 256;
+  const int32_t shift = to_pixels(rise * height + 128.0F) / 256;
   pen->y += static_cast<float>(pen->shift - shift);
   pen->shift = shift;
   pen->output->resume();
@@ -122,17 +121,17 @@ void execute_command(Pen *pen, const char *form) {
   }
 }
 
-// Goes on by `length` bytes, or to the NUL before.
+// Skips `length` bytes, but stops at a NUL.
 const char *skip_within(const char *text, size_t length) {
   while (length-- > 0 && *text != '\0')
     text++;
   return text;
 }
 
-// The width of the bytes before `end`, or of all before the NUL if it is null.
+// The width of the bytes up to `end` or, if it is null, up to the NUL.
 int32_t measure(const char *text, const char *end) {
   const Font *font = current_font;
-  const int32_t gap = whole(letter_gap() + 0.5F);
+  const int32_t gap = to_pixels(letter_gap() + 0.5F);
   int64_t sum = 0;
   for (const char *at = text; (end == nullptr || at < end) && *at != '\0';) {
     const uint8_t byte = byte_at(at);
@@ -146,15 +145,15 @@ int32_t measure(const char *text, const char *end) {
       sum += width_without_font;
     } else {
       const float width = static_cast<float>(font->base->glyph_width[byte]);
-      sum += whole(width * font->width_scale * (1.0F + font->boldness) + 0.5F) + gap;
+      sum += to_pixels(width * font->width_scale * (1.0F + font->boldness) + 0.5F) + gap;
     }
     at++;
   }
   return static_cast<int32_t>(std::clamp(sum - 1, int64_t{0}, int64_t{INT32_MAX}));
 }
 
-// Whether the word behind the space would pass the edge.
-bool word_passes(const Pen *pen, const char *word, float left) {
+// Whether the word after a space would extend beyond wrap_x.
+bool word_overflows(const Pen *pen, const char *word, float left) {
   const char *end = word;
   while (*end != '\0' && !ascii_is_space(*end))
     end += text_form_length(byte_at(end));
@@ -162,7 +161,8 @@ bool word_passes(const Pen *pen, const char *word, float left) {
 }
 
 void put_space(Pen *pen, const char *behind, float left) {
-  if (pen->wrap_x != 0.0F && word_passes(pen, behind, left)) break_line(pen, cell_height(pen) + 1);
+  if (pen->wrap_x != 0.0F && word_overflows(pen, behind, left))
+    break_line(pen, cell_height(pen) + 1);
 }
 
 void put_code(Pen *pen, uint32_t code, const char *behind) {

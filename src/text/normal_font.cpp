@@ -4,29 +4,29 @@
 #include <cstddef>
 #include <string_view>
 
+#include "text/font_file.h"
+
 namespace {
 
 constexpr std::string_view art =
 #include "text/normal_font.art"
     ;
 
-constexpr uint32_t glyph_total = 512;
-
 struct GlyphArt {
-  size_t rows = 0; // where the first row begins in the art
+  size_t rows = 0; // offset of the first row in the art
   uint8_t width = 0;
-  uint8_t height = 0; // 0 for a code that has not been met
+  uint8_t height = 0; // 0 while the code has no glyph
 };
 
 struct ArtGlyphs {
-  std::array<GlyphArt, glyph_total> of_code{};
-  uint32_t line = 1;     // of the reading
-  uint32_t bad_line = 0; // the first that is wrong, if one is
+  std::array<GlyphArt, font_codes> of_code{};
+  uint32_t line = 1;     // being read
+  uint32_t bad_line = 0; // the first malformed line; 0 for none
 };
 
 struct PackedFont {
   std::array<uint8_t, normal_font_size> bytes{};
-  uint32_t size = 0; // of all records, also where the bytes can't hold them
+  uint32_t size = 0; // of all records, even if it exceeds `bytes`
 };
 
 constexpr uint8_t not_a_mark = 0;
@@ -35,7 +35,7 @@ constexpr uint8_t pixel_of(char mark) {
   if (mark >= 'a' && mark <= 'v') return static_cast<uint8_t>(17 + (mark - 'a'));
   switch (mark) {
   case '.':
-    return 255;
+    return glyph_transparent;
   case '#':
     return 39;
   case '*':
@@ -55,16 +55,16 @@ constexpr char art_at(size_t at) {
   return at < art.size() ? art[at] : '\0';
 }
 
-// Moves past the digits at a place. No digit, or a number above 511, gives 512, which neither a
-// code nor a size may be.
+// Reads a number and moves past it. Gives 512 for no digit and for numbers above 511: neither a
+// code nor a size.
 constexpr uint32_t take_number(size_t *at) {
   uint32_t number = 0;
   const size_t first = *at;
   for (; art_at(*at) >= '0' && art_at(*at) <= '9'; ++*at) {
     number = number * 10 + static_cast<uint32_t>(art[*at] - '0');
-    if (number >= glyph_total) number = glyph_total;
+    if (number >= font_codes) number = font_codes;
   }
-  return *at == first ? glyph_total : number;
+  return *at == first ? font_codes : number;
 }
 
 constexpr bool take(size_t *at, char wanted) {
@@ -73,19 +73,20 @@ constexpr bool take(size_t *at, char wanted) {
   return true;
 }
 
-constexpr bool row_is_sound(size_t at, uint32_t width) {
+constexpr bool row_is_valid(size_t at, uint32_t width) {
   for (uint32_t x = 0; x < width; x++) {
     if (pixel_of(art_at(at + x)) == not_a_mark) return false;
   }
   return art_at(at + width) == '\n';
 }
 
-// Gives a glyph to the codes and ranges of codes that begin an entry, no code twice.
-constexpr bool give_to_codes(ArtGlyphs *glyphs, size_t at, GlyphArt glyph) {
+// Assigns a glyph to the codes and ranges of codes at the start of an entry. False if the list is
+// malformed or a code has a glyph already.
+constexpr bool assign_codes(ArtGlyphs *glyphs, size_t at, GlyphArt glyph) {
   do {
     const uint32_t first = take_number(&at);
     const uint32_t last = take(&at, '-') ? take_number(&at) : first;
-    if (last >= glyph_total || first > last) return false;
+    if (last >= font_codes || first > last) return false;
     for (uint32_t code = first; code <= last; code++) {
       if (glyphs->of_code[code].height != 0) return false;
       glyphs->of_code[code] = glyph;
@@ -94,7 +95,7 @@ constexpr bool give_to_codes(ArtGlyphs *glyphs, size_t at, GlyphArt glyph) {
   return art_at(at) == ' ';
 }
 
-// Reads an entry and moves past it: codes, name and size on one line, then the rows.
+// Reads an entry and moves past it: a line with codes, name and size, then the rows.
 constexpr bool take_entry(ArtGlyphs *glyphs, size_t *at) {
   const size_t codes = *at;
   for (int word = 0; word < 2; word++) {
@@ -107,10 +108,10 @@ constexpr bool take_entry(ArtGlyphs *glyphs, size_t *at) {
   const uint32_t height = take_number(at);
   if (!take(at, '\n') || width - 1 >= 255 || height - 1 >= 255) return false;
   const GlyphArt glyph = {*at, static_cast<uint8_t>(width), static_cast<uint8_t>(height)};
-  if (!give_to_codes(glyphs, codes, glyph)) return false;
+  if (!assign_codes(glyphs, codes, glyph)) return false;
   glyphs->line++;
   for (uint32_t y = 0; y < height; y++, glyphs->line++, *at += width + 1) {
-    if (!row_is_sound(*at, width)) return false;
+    if (!row_is_valid(*at, width)) return false;
   }
   return true;
 }

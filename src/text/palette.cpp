@@ -3,9 +3,9 @@
 namespace {
 
 constexpr int bright_bit = 8;
-constexpr int dark_grey = 8; // would be black again by the rule of the bits
+constexpr int dark_grey = 8; // would be a second black by its bits
 constexpr int first_grey = 16;
-constexpr int first_of_cube = 40;
+constexpr int first_cube = 40;
 constexpr float grey_step = 0.04347826F; // a twenty-third
 constexpr float cube_step = 0.2F;
 
@@ -26,7 +26,7 @@ Components grey(int index) {
 }
 
 Components of_cube(int index) {
-  const int k = index - first_of_cube;
+  const int k = index - first_cube;
   const auto level = [](int sixth) { return static_cast<float>(sixth) * cube_step; };
   return {level(k % 6), level(k / 6 % 6), level(k / 36)};
 }
@@ -35,9 +35,9 @@ Components of_cube(int index) {
 
 void palette_build(float *red, float *green, float *blue) {
   for (int index = 0; index < palette_size; index++) {
-    const Components c = index < first_grey      ? primary(index)
-                         : index < first_of_cube ? grey(index)
-                                                 : of_cube(index);
+    const Components c = index < first_grey   ? primary(index)
+                         : index < first_cube ? grey(index)
+                                              : of_cube(index);
     red[index] = c.red;
     green[index] = c.green;
     blue[index] = c.blue;

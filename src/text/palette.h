@@ -1,7 +1,7 @@
 #pragma once
 
-// The colours that the pixels of fonts index: 16 of bright and dark primaries, 24 greys from black
-// to white (16 to 39), and a cube of six levels a component.
+// The colours that pixels of fonts index: 16 bright and dark primaries, 24 greys from black to
+// white (16 to 39), and a cube of six levels per component.
 
 constexpr int palette_size = 256;
 

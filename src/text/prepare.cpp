@@ -10,7 +10,7 @@
 
 namespace {
 
-// The names of the glyphs 256 to 279, with the capitals behind them.
+// The names of the glyphs 256 to 279; their capitals follow in the same order.
 constexpr const char *greek_names[] = {"alpha", "beta",    "gamma",   "delta", "epsilon", "zeta",
                                        "eta",   "theta",   "iota",    "kappa", "lambda",  "mu",
                                        "nu",    "xi",      "omicron", "pi",    "rho",     "sigma",
@@ -18,7 +18,7 @@ constexpr const char *greek_names[] = {"alpha", "beta",    "gamma",   "delta", "
 constexpr uint32_t greek_count = std::size(greek_names);
 constexpr uint32_t greek_first = 256;
 
-// The names of the glyphs from 304 on.
+// The names of the glyphs 304 and up.
 constexpr const char *variant_names[] = {"vardelta", "varzeta", "vartheta", "varphi", "varomega"};
 constexpr uint32_t variant_count = std::size(variant_names);
 constexpr uint32_t variant_first = greek_first + 2 * greek_count;
@@ -30,18 +30,18 @@ struct Tag {
 
 constexpr Tag tags[] = {{"#col=", text_kind_nothing}, {"#tab=", text_kind_tab}};
 
-// Reads a copy of a text while the text itself is written anew.
+// Reads a copy of a text and overwrites the text.
 struct Rewrite {
-  const char *at; // a NUL stands at the end
+  const char *at; // ends with a NUL
   char *out;
 };
 
-// The text up to its end, NULs in forms included.
+// A copy of the text up to its end, with the NULs in forms.
 std::string copy_of(const char *text) {
   return {text, text_end_of(text)};
 }
 
-// The last of a copy is the only NUL that can be met between forms.
+// Between forms, only the end of the copy is a NUL.
 bool at_end(const Rewrite *r) {
   return *r->at == '\0';
 }
@@ -69,8 +69,8 @@ bool is_letter(char c) {
   return lower >= 'a' && lower <= 'z';
 }
 
-// The glyph that the start of the text names, and the length of that name; 0 if it names none.
-// No letter's name begins like a variant's, so it doesn't matter which are tried first.
+// The glyph whose name starts the text, and the length of the name; 0 if there is none. No name of
+// a letter begins like one of a variant, so the order of the tests doesn't matter.
 uint32_t greek_glyph(const char *text, size_t *length) {
   for (uint32_t i = 0; i < greek_count; i++) {
     if (!ascii_starts_with_nocase(text, greek_names[i])) continue;
@@ -89,7 +89,7 @@ void replace_names(char *text) {
   const std::string copy = copy_of(text);
   Rewrite r = {copy.c_str(), text};
   while (!at_end(&r)) {
-    size_t length;
+    size_t length = 0;
     const uint32_t glyph = greek_glyph(r.at, &length);
     if (glyph == 0) {
       copy_item(&r);
@@ -101,17 +101,17 @@ void replace_names(char *text) {
   *r.out = '\0';
 }
 
-// Both in 1/256, the rise of the height of a line.
+// Units of 1/256; the rise is relative to the height of a line.
 struct Script {
   int32_t size, rise;
 };
 
 constexpr Script plain_script = {256, 0};
 
-// A group in braces that is being read; the whole text is the outermost.
+// An open group in braces; the text itself is the outermost.
 struct Group {
   Script script;
-  int64_t braces; // opened in it and not yet closed
+  int64_t braces; // open ones inside it that are text
 };
 
 Script script_in(Script outer, char marker) {
@@ -127,7 +127,7 @@ void write_script(Rewrite *r, Script script) {
   write_command(r, text_kind_script, static_cast<uint32_t>(script.size) | rise << 16);
 }
 
-// Braces that open and close no group are text, but have to be told from those that do.
+// Counts the braces that are text, to recognise the one that closes the group.
 void copy_in_group(Rewrite *r, Group *group) {
   if (*r->at == '{') group->braces++;
   if (*r->at == '}') group->braces--;
@@ -143,7 +143,7 @@ bool same_run(char a, char b) {
          (a == text_wide_first && b == text_wide_first);
 }
 
-// Reads a marker and what it applies to, of a group only the opening brace.
+// Reads a marker and its operand; of a group only the opening brace.
 void begin_script(Rewrite *r, std::vector<Group> *groups) {
   const Script outer = groups->back().script;
   const Script script = script_in(outer, *r->at++);
@@ -167,8 +167,8 @@ void end_group(Rewrite *r, std::vector<Group> *groups) {
   write_script(r, groups->back().script);
 }
 
-// Goes through the text once, with the open groups on a stack of their own: a text may nest them
-// deeper than calls can.
+// Keeps the open groups on an explicit stack: a text can nest them deeper than the call stack
+// allows.
 void replace_scripts(char *text, uint32_t depth) {
   const std::string copy = copy_of(text);
   Rewrite r = {copy.c_str(), text};
@@ -214,7 +214,8 @@ void text_prepare_tags(char *text) {
   const std::string copy = copy_of(text);
   Rewrite r = {copy.c_str(), text};
   while (!at_end(&r)) {
-    if (const Tag *tag = tag_at(r.at))
+    const Tag *tag = tag_at(r.at);
+    if (tag != nullptr)
       replace_tag(&r, tag);
     else
       copy_item(&r);

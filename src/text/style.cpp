@@ -20,8 +20,8 @@ constexpr double small_scale = 0.6666666666666666;
 constexpr double italic_skew = 0.4;
 constexpr double percent = 0.01;
 constexpr double per_octave = 20.49593431428785; // weight of a ratio of sizes
-constexpr double floor_of_sources = -1e20;
-constexpr double score_of_other_base = -1000.0;
+constexpr double min_source_score = -1e20;
+constexpr double other_base_score = -1000.0;
 
 Font *font_named(const std::string &name) {
   for (uint32_t i = 0; i < fonts.count; i++) {
@@ -31,7 +31,7 @@ Font *font_named(const std::string &name) {
   return nullptr;
 }
 
-// Where a name leads nowhere.
+// For a name that no font has.
 Font *fallback_base(const char *text) {
   if (current_font != nullptr) return current_font->base;
   if (fonts.count == 0) return font_make_blank(text);
@@ -40,8 +40,8 @@ Font *fallback_base(const char *text) {
 
 // The value of an attribute.
 struct Value {
-  double number; // hundredths are worked in
-  bool missing;  // no "=" at all
+  double number; // percentages are already divided by 100
+  bool missing;  // there is no "="
   bool pixels;   // "px"
   bool degrees;  // the degree sign
 };
@@ -49,9 +49,9 @@ struct Value {
 Value value_of(const char *equals) {
   if (equals == nullptr) return {0, true, false, false};
   const double number = std::strtod(equals + 1, nullptr);
-  const bool hundredths = std::strchr(equals, '%') != nullptr;
+  const bool percentage = std::strchr(equals, '%') != nullptr;
   const bool pixels = std::strstr(equals, "px") != nullptr;
-  return {hundredths && !pixels ? number * percent : number, false, pixels,
+  return {percentage && !pixels ? number * percent : number, false, pixels,
           std::strchr(equals, '\xB0') != nullptr};
 }
 
@@ -63,7 +63,7 @@ void add_to(float *sum, double term) {
   *sum = static_cast<float>(static_cast<double>(*sum) + term);
 }
 
-// A scale from pixels of the cell's height, or times a number.
+// Sets a scale from pixels of the cell's height, or multiplies it by a number.
 void set_scale(float *scale, const Value &value, double cell) {
   if (value.pixels)
     *scale = static_cast<float>(value.number / cell);
@@ -94,7 +94,7 @@ bool apply_weight(FontStyle *style, const char *key) {
   return false;
 }
 
-// The attributes that are words by themselves. False for any other.
+// Applies an attribute that has no value. False if it is not one.
 bool apply_word(FontStyle *style, const char *key) {
   const auto is = [key](const char *word) { return ascii_equal_nocase(key, word); };
   const bool enlarges = is("big");
@@ -139,8 +139,8 @@ void apply_attribute(FontStyle *style, const std::string &attribute) {
   if (is_finite(next)) *style = next;
 }
 
-// How far two sizes are apart: in units of half a pixel or by their ratio, whichever is less. A
-// ratio that isn't defined counts as endless.
+// Distance of two sizes: in half pixels or by their ratio, whichever is smaller. An undefined ratio
+// counts as infinite.
 double distance(double measure, float wanted, float has) {
   const double w = static_cast<double>(wanted);
   const double h = static_cast<double>(has);
@@ -150,7 +150,7 @@ double distance(double measure, float wanted, float has) {
 }
 
 double score(const Font *font, const FontStyle &wanted) {
-  if (font->base != wanted.base) return score_of_other_base;
+  if (font->base != wanted.base) return other_base_score;
   const double look = std::fabs(static_cast<double>(wanted.boldness - font->boldness)) * 50.0 +
                       std::fabs(static_cast<double>(wanted.skew - font->skew)) * 20.0;
   const double size = distance(wanted.base->max_width, wanted.width_scale, font->width_scale) +
@@ -207,7 +207,7 @@ Font *font_find_style(Font *base, float width, float height, float skew, float b
   Font *best = nullptr;
   double best_score = 0.0;
   const Font *source = base;
-  double source_score = floor_of_sources;
+  double source_score = min_source_score;
   for (uint32_t i = fonts.count; i-- > 0;) {
     Font *font = rows<Font *>(fonts)[i];
     const double points = score(font, wanted);

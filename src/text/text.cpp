@@ -2,16 +2,17 @@
 
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
-#include "support/colour.h"
 #include "support/vec3.h"
 #include "text/font.h"
 #include "text/layout.h"
 
 int32_t text_blend_mode = 3;
-float text_scale_x = 1.0F;
-float text_scale_y = 1.0F;
 
 namespace {
+
+// The scale of texts in pixel space.
+constexpr float text_scale_x = 1.0F;
+constexpr float text_scale_y = 1.0F;
 
 struct Blend {
   GLenum source, target;
@@ -60,7 +61,7 @@ void vertex(Vec3 place, uint32_t tex_x, uint32_t tex_y) {
   glVertex3d(place.x, place.y, place.z);
 }
 
-// A glyph in the world; returns the way to the next one.
+// Draws a glyph in the world and returns the vector to the next one.
 Vec3 draw_glyph(Vec3 pen, uint8_t code, Vec3 line, Vec3 step) {
   const uint32_t left = current_font->glyph_x[code];
   const uint32_t top = current_font->glyph_y[code];
@@ -97,7 +98,7 @@ void text_end() {
 
 float text_print(float x, float y, float wrap_x, float bottom_y, const char *text,
                  uint32_t colour) {
-  glColor4ub(colour_red(colour), colour_green(colour), colour_blue(colour), 255);
+  gfx_set_colour(colour);
   return text_layout(&screen_output, x, y, wrap_x, bottom_y, text);
 }
 

@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "gfx/fake_sdl.h"
+#include "gfx/gl.h"
 #include "gfx/input.h"
 #include "gfx/window.h"
 #include "own_folder.h"
@@ -71,7 +72,9 @@ TEST_F(RunTest, StartsWithARandomMazeAndAFreeMouse) {
   const int32_t drawn = rand_int(1 << 30);
   EXPECT_NE(drawn, random_after_maze(0));
   EXPECT_EQ(std::pair(sdl.cursor.x, sdl.cursor.y), std::pair(400, 250));
+  EXPECT_EQ(run.helpstate, 0);
   EXPECT_TRUE(fs::exists("font_fmod.dat"));
+  EXPECT_NE(contents("config.txt").find("Stereo Depth"), std::string::npos);
 }
 
 // From a yaw of 0.3, a pitch of -0.9 and a zoom of 7.3, in a window of 801 by 500 pixels.
@@ -126,6 +129,9 @@ TEST_F(RunTest, AFrameMovesClockRoamersUserAndCamera) {
   EXPECT_NE(rows<Roamer>(run.world.roamers)[0].cur.node, 1);
   EXPECT_NEAR(run.world.camera.x, 2 + 2 * 7.3 * 0.05 / 2, 1e-9);
   EXPECT_EQ(sdl.swaps, 1);
+  float clear[4] = {};
+  glGetFloatv(GL_COLOR_CLEAR_VALUE, clear);
+  EXPECT_EQ(clear[2], 0);
   sdl.state = SDL_WINDOW_MINIMIZED;
   frame(0.05);
   EXPECT_EQ(std::pair(sdl.swaps, sdl.waited), std::pair(1, 100)) << "nobody sees it";

@@ -17,34 +17,34 @@ namespace {
 constexpr const char *font_path = "font_fmod.dat";
 constexpr const char *font_name = "fmod";
 
-// False, with errno, if it can't be written.
+// False, with errno, on failure.
 bool write_font(const uint8_t *bytes, uint32_t size) {
   FileReplacement file;
   if (!file_replace_begin(&file, font_path, false)) return false;
   return file_replace_end(&file, std::fwrite(bytes, 1, size, file.stream) == size);
 }
 
-std::string with_cause(const char *trouble, int cause) {
-  return std::string(trouble) + " (" + std::strerror(cause) + ")";
+std::string with_cause(const char *problem, int cause) {
+  return std::string(problem) + " (" + std::strerror(cause) + ")";
 }
 
-// Draws the font, and writes its file if there is none. `cause` is the error of reading it, 0 if it
-// was empty.
-void draw_font(int cause) {
+// Generates the font, and writes its file if there is none. `cause` is the error of reading the
+// file, 0 if it was empty.
+void generate_font(int cause) {
   uint32_t size = 0;
-  uint8_t *drawn = fmod_generate(&size);
-  std::string trouble;
+  uint8_t *bytes = fmod_generate(&size);
+  std::string problem;
   if (cause == 0)
-    trouble = "is empty";
+    problem = "is empty";
   else if (cause != ENOENT)
-    trouble = with_cause("can't be read", cause);
-  else if (!write_font(drawn, size))
-    trouble = with_cause("could not be written", errno);
-  if (!trouble.empty())
-    report_sentence("the font file \"%s\" %s; its font has been made without it", font_path,
-                    trouble.c_str());
-  font_build(drawn, size, font_name);
-  std::free(drawn);
+    problem = with_cause("can't be read", cause);
+  else if (!write_font(bytes, size))
+    problem = with_cause("could not be written", errno);
+  if (!problem.empty())
+    report_sentence("the font file \"%s\" %s; a generated font is used instead", font_path,
+                    problem.c_str());
+  font_build(bytes, size, font_name);
+  std::free(bytes);
 }
 
 } // namespace
@@ -56,5 +56,5 @@ void fonts_start() {
   if (cause == 0 && !bytes.empty())
     font_build_file(bytes, font_path, font_name);
   else
-    draw_font(cause);
+    generate_font(cause);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
-// Builds the fonts "normal", which the program carries, and "fmod", whose file "font_fmod.dat" is
-// drawn and written at the first run and used as it stands from then on. If the file can't be
-// written or read, the drawn font is used and a sentence tells why; one that holds no font is a
-// fatal report. Needs the window.
+// Builds the font "normal", which is part of the program, and the font "fmod" from "font_fmod.dat",
+// which the first run generates. If the file can't be read or written, the generated font is used
+// and the reason is reported. A file without a font is a fatal report. Needs an open window.
 void fonts_start();

@@ -12,13 +12,13 @@ namespace {
 constexpr int32_t stereo_modes = 9;
 constexpr double depth_step = 0.005; // of "Stereo Depth"
 
-// The mode can be any number that stands in the settings.
+// The mode can be any number, since it is read from the settings.
 int32_t next_mode(int32_t mode) {
   const int64_t next = (int64_t{mode} + 1) % stereo_modes;
   return static_cast<int32_t>(next < 0 ? next + stereo_modes : next);
 }
 
-// The Voronoi plot compiles its lists for one mode.
+// The display lists of the Voronoi plot depend on the mode.
 void next_voronoi_mode(Maze *root) {
   voronoi_mode = (voronoi_mode + 1) % voronoi_modes;
   Attachment_drop_tree(root, attachment_cell_list);
@@ -27,7 +27,7 @@ void next_voronoi_mode(Maze *root) {
 } // namespace
 
 void keys_switches(Run *run) {
-  if (key_pressed(vk_space)) run->helpstate = (run->helpstate + 1) % overlay_states;
+  if (key_pressed(vk_space)) run->helpstate = (run->helpstate + 1) % overlay_pages;
   if (key_pressed(vk_f3)) run->stereo_mode = next_mode(run->stereo_mode);
   if (key_pressed(vk_f4)) run->stereo_swap ^= 1;
   if (key_pressed(vk_f5)) run->stereo_depth -= depth_step;

@@ -1,17 +1,15 @@
 #pragma once
 
-#include "app/run.h"
+#include "app/run_state.h"
 
-// The keys that act once per press: Space, which leads on through the overlays, F3 to F6 for the
-// stereo mode, its swap and its depth, and the display switches; and the switches that are on while
-// J and F are held.
+// Keys that act once per press: Space cycles the overlay, F3 to F6 set the stereo mode, swap and
+// depth, letters toggle the display switches. J and F are on while they are held.
 void keys_switches(Run *run);
 
-// Ctrl and S: a picture of the frame as it stands.
+// Ctrl+S saves a screenshot of the current frame.
 void keys_screenshot();
 
-// The key N: a new tree of mazes instead of the old one, of the mode that Shift and Ctrl add up to,
-// with the session clock at 0.
+// N replaces the tree of mazes. Shift and Ctrl each add 1 to the mode.
 void keys_new_maze(World *world);
 
 // Whether a key that ends the program is down.

@@ -7,13 +7,12 @@
 #include "gfx/gl_util.h"
 #include "gfx/window.h"
 #include "maze/attachment.h"
+#include "support/colour.h"
 #include "text/font.h"
 #include "text/layout.h"
 #include "text/text.h"
 
 namespace {
-
-constexpr uint32_t white = 0xFFFFFF;
 
 constexpr const char *prompt = "Press Space for controls";
 
@@ -34,7 +33,7 @@ constexpr const char *help = "Q/Escape = Quit\n"
 
 void print(int32_t x, int32_t y, const char *text) {
   text_begin();
-  text_print(static_cast<float>(x), static_cast<float>(y), 0, 0, text, white);
+  text_print(static_cast<float>(x), static_cast<float>(y), 0, 0, text, colour_white);
   text_end();
 }
 

@@ -4,8 +4,8 @@
 
 #include "world/world.h"
 
-// How many states the overlay has: prompt, help, statistics, nothing.
-constexpr int32_t overlay_states = 4;
+// The pages of the overlay: prompt, help, statistics, nothing.
+constexpr int32_t overlay_pages = 4;
 
-// Draws the texts over the finished frame; `dt` is the frame time in seconds. Needs a font.
+// Draws a page over the finished frame. `dt` is the frame time in seconds. A font must be selected.
 void overlay_draw(const World *world, int32_t helpstate, double dt);

@@ -14,16 +14,16 @@
 
 namespace {
 
-constexpr double piece_time = 0.005; // seconds of a frame that go to writing
+constexpr double write_time = 0.005; // seconds per frame
 
-// A recovery file that no run holds.
+// A recovery file that no run has locked.
 struct Orphan {
   std::string path;
   FileLock *lock;
   FileIdentity identity;
 };
 
-// Adds it to the list. A file without bytes was the mark of a run that was killed before its first
+// Locks a file and adds it to the list. Removes an empty file: its run was killed before the first
 // write.
 void add_orphan(std::vector<Orphan> *orphans, const std::string &path) {
   FileLock *lock = file_lock(path);
@@ -34,13 +34,13 @@ void add_orphan(std::vector<Orphan> *orphans, const std::string &path) {
   }
   const bool removed = lock == nullptr || file_remove(path);
   file_unlock(lock);
-  if (!removed) file_remove(path); // some systems don't remove a locked file
+  if (!removed) file_remove(path); // some systems can't remove a locked file
   if (lock != nullptr || errno == EWOULDBLOCK || errno == ENOENT) return;
   report_sentence("the recovery file \"%s\" can't be opened (%s); it is left alone", path.c_str(),
                   std::strerror(errno));
 }
 
-// The newest first.
+// Newest first.
 std::vector<Orphan> lock_orphans() {
   std::vector<std::string> names = file_numbered_names(recovery_stem, session_ending);
   names.push_back(recovery_path);
@@ -55,7 +55,7 @@ std::vector<Orphan> lock_orphans() {
 void rename_orphan(const Orphan &orphan, const char *stem, const char *reason) {
   std::string aside = file_rename_unused(orphan.path, stem, session_ending);
   file_unlock(orphan.lock);
-  if (aside.empty()) // some systems don't rename a locked file
+  if (aside.empty()) // some systems can't rename a locked file
     aside = file_rename_unused(orphan.path, stem, session_ending);
   if (aside.empty())
     report_sentence("the recovery file \"%s\" %s and can't be renamed (%s); it is left alone",
@@ -73,7 +73,7 @@ void adopt(Recovery *recovery, const Orphan &orphan) {
                   orphan.path.c_str());
 }
 
-// False if the file can't be used.
+// Loads the file. False if it can't be used; it is then renamed or left alone.
 bool resume_orphan(Recovery *recovery, World *world, const Orphan &orphan) {
   switch (World_load(world, orphan.path.c_str())) {
   case SessionLoad::loaded:
@@ -90,7 +90,7 @@ bool resume_orphan(Recovery *recovery, World *world, const Orphan &orphan) {
   }
 }
 
-// Another program can have replaced the file, or the user can have removed it.
+// Whether the file is as this run wrote it, not replaced or removed.
 bool is_ours(const Recovery *recovery) {
   return recovery->identity.exists && file_identity(recovery->path) == recovery->identity;
 }
@@ -105,7 +105,7 @@ void forget_file(Recovery *recovery) {
   recovery->identity = {};
 }
 
-// Makes an empty file under the first name that is free. False, with errno, on failure.
+// Creates an empty file under the first unused name. False, with errno, on failure.
 bool create_file(Recovery *recovery) {
   recovery->path = recovery_path;
   FILE *file = file_create_new(recovery->path, false);
@@ -119,7 +119,7 @@ bool create_file(Recovery *recovery) {
   return true;
 }
 
-// Opens the file's replacement. False, with errno, on failure.
+// Opens a temporary file that will replace the recovery file. False, with errno, on failure.
 bool open_replacement(Recovery *recovery, FileFlush flush) {
   if (!is_ours(recovery)) {
     forget_file(recovery);
@@ -128,10 +128,10 @@ bool open_replacement(Recovery *recovery, FileFlush flush) {
   return file_replace_begin(&recovery->file, recovery->path.c_str(), false, flush);
 }
 
-// Puts the replacement in place. The lock goes over to it before it has the name, where the system
-// lets an open file be locked and replaced. False, with errno, on failure.
+// Replaces the recovery file. Locks the new file before it gets the name, if the system can lock an
+// open file and replace a locked one. False, with errno, on failure.
 bool close_replacement(Recovery *recovery, bool complete) {
-  const int cause = errno; // of what is not complete
+  const int cause = errno; // of an incomplete write
   const bool ours = is_ours(recovery);
   FileLock *next = file_lock(recovery->file.temporary);
   if (next == nullptr) unlock(recovery);
@@ -193,8 +193,8 @@ bool write_next_block(Recovery *recovery) {
   return done;
 }
 
-void write_piece(Recovery *recovery) {
-  const double end = gfx_clock() + piece_time;
+void write_part(Recovery *recovery) {
+  const double end = gfx_clock() + write_time;
   do {
     if (!write_next_block(recovery)) {
       end_write(recovery, false);
@@ -244,19 +244,19 @@ void Recovery_frame(Recovery *recovery, const World *world, bool moved, bool hid
   const bool writing = recovery->file.stream != nullptr;
   const bool due = just_hidden || gfx_clock() - recovery->last_write >= recovery_period;
   if (new_maze || (recovery->changed && due && !writing)) begin_write(recovery, world);
-  if (recovery->file.stream != nullptr) write_piece(recovery);
+  if (recovery->file.stream != nullptr) write_part(recovery);
 }
 
 bool Recovery_write(Recovery *recovery, const World *world) {
-  static ByteWriter out; // there may be no memory left
+  ByteWriter *out = &recovery->emergency_writer;
   Recovery_abandon(recovery);
   note_changes(recovery, world, false);
   if (!recovery->changed) return true;
   if (!open_replacement(recovery, FileFlush::wait)) return false;
-  out.file = recovery->file.stream;
-  out.failed = false;
-  World_write(world, &out);
-  recovery->changed = !close_replacement(recovery, !out.failed);
+  out->file = recovery->file.stream;
+  out->failed = false;
+  World_write(world, out);
+  recovery->changed = !close_replacement(recovery, !out->failed);
   if (recovery->changed) return false;
   report_sentence("the session has been written to \"%s\"; the next start resumes it",
                   recovery->path.c_str());
@@ -274,5 +274,5 @@ void Recovery_end(Recovery *recovery, bool saved) {
   const bool remove = saved && is_ours(recovery);
   const bool removed = remove && file_remove(recovery->path);
   unlock(recovery);
-  if (remove && !removed) file_remove(recovery->path); // some systems don't remove a locked file
+  if (remove && !removed) file_remove(recovery->path); // some systems can't remove a locked file
 }

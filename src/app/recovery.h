@@ -2,56 +2,60 @@
 
 #include <string>
 
+#include "support/bytes.h"
 #include "support/file.h"
 #include "world/world.h"
 
-// The recovery file of a run, "maze_save.recovery.dat" in the working directory: the session as it
-// was some time ago, for a run that ends before it can save. It is locked while its run goes on; a
-// second run in the same folder takes "maze_save.recovery-1.dat" and so on.
+// The recovery file of a run, "maze_save.recovery.dat" in the working directory: a recent copy of
+// the session, for a run that ends without saving. It is locked during the run; a second run in the
+// same folder uses "maze_save.recovery-1.dat", and so on.
 
-constexpr double recovery_period = 60.0; // seconds between the starts of two writes
+constexpr double recovery_period = 60.0; // seconds from the start of a write to the next
 
 struct Recovery {
-  std::string path;      // this run's file; empty until it has one
-  FileLock *lock;        // on it
-  FileIdentity identity; // of what this run has put there
+  std::string path;      // of this run's file; empty if there is none yet
+  FileLock *lock;        // on that file
+  FileIdentity identity; // of the version that this run wrote
 
-  // What the session looked like when it was last compared.
-  uint64_t root; // serial number of the root
+  // The session when it was last compared.
+  uint64_t root; // serial number of the root maze
   Pos cur;
   double zoom;
 
-  bool changed;          // something is not in the file
-  bool changed_again;    // something is not in the write in progress either
-  double last_write;     // seconds, of gfx_clock, when the last write began
-  bool failure_reported; // once in a run
-  bool was_hidden;
+  bool changed;          // the session differs from the file
+  bool changed_again;    // the session differs from the write in progress too
+  double last_write;     // gfx_clock at the start of the last write, seconds
+  bool failure_reported; // a failure is reported once per run
+  bool was_hidden;       // the window, in the last frame
 
   // A write in progress.
   FileReplacement file; // its stream is null if there is none
-  GrowList blocks;      // of ByteBlock: the session's bytes; those that are written are null
-  uint32_t next_block;  // to be written
+  GrowList blocks;      // of ByteBlock: the session; blocks that were written are null
+  uint32_t next_block;  // the first that was not written
+
+  ByteWriter emergency_writer; // of Recovery_write, when memory can be exhausted
 };
 
-// Looks for recovery files that no run holds. Loads the newest of them that is valid and not older
-// than `session`, the saved session, into `world`; it is then this run's file. Every other one gets
-// another name and a sentence. False, with `world` left alone, if there was none to resume.
+// Looks for recovery files that no run has locked. Loads the newest valid one into `world`, unless
+// it is older than the saved session, and makes it this run's file. Renames all others and reports
+// that to the user. False, with `world` unchanged, if nothing was loaded.
 bool Recovery_resume(Recovery *recovery, World *world, const FileIdentity &session);
 
-// Starts to watch a session. Follows Recovery_resume.
+// Starts to watch a session for changes. Call Recovery_resume first.
 void Recovery_start(Recovery *recovery, const World *world);
 
-// Between two frames: notes what has changed and writes the file piece by piece, when it is due or,
-// after a new maze or when the window was hidden, at once. `moved` tells that a relaxation has
-// moved nodes. The view is not compared: a run starts with the view from above whatever was saved.
+// Call between frames: looks for changes and writes the file, a part per frame. A write starts when
+// the period has passed, and at once after a new maze or when the window gets hidden. `moved`: a
+// relaxation has moved nodes. The view is not compared, since every run starts with the view from
+// above.
 void Recovery_frame(Recovery *recovery, const World *world, bool moved, bool hidden);
 
-// Writes the whole file at once, for an ending without a save, if something has changed, and
-// reports it. Allocates next to nothing. False, with errno, if that failed.
+// Writes the whole file, if something has changed, and reports that to the user: for an end without
+// a save. Needs hardly any memory. False, with errno, on failure.
 bool Recovery_write(Recovery *recovery, const World *world);
 
-// Drops a write in progress, with the room that it takes on the disk.
+// Cancels a write in progress and removes its temporary file.
 void Recovery_abandon(Recovery *recovery);
 
-// Ends the watch. Removes the file if `saved` tells that the session was saved in this folder.
+// Releases everything. Removes the file if `saved`: the session was saved in this folder.
 void Recovery_end(Recovery *recovery, bool saved);

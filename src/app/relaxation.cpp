@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr double max_step_time = 0.05; // seconds: a slow frame moves no further
+constexpr double max_step_time = 0.05; // seconds; limits the motion in a slow frame
 constexpr double max_simplify_rate = 1000000.0;
-constexpr double experiment_step = 0.1; // a frame, however long it was
+constexpr double experiment_step = 0.1; // per frame, whatever its time
 
 } // namespace
 

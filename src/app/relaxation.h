@@ -2,13 +2,12 @@
 
 #include "maze/maze.h"
 
-// The two relaxations that act on a maze's layout while a key is held. Only the places of its nodes
-// change, and of all that they hold.
+// The relaxations of a maze's layout while a key is held.
 struct Relaxation {
-  double simplify_rate; // grows while the simplifying key is held, from 1
+  double simplify_rate; // grows from 1 while the key is held
 };
 
-// One frame of them: `simplify` and `experiment` tell which key is held, `dt` is the frame time in
-// seconds. Drops what plots keep of the maze and of all mazes below it if anything moved, which is
-// returned.
+// One frame of the relaxations whose keys are held; `dt` is the frame time in seconds. Moves the
+// nodes of the maze with their submazes, drops the attachments that became stale, and returns
+// whether anything moved.
 bool relax_frame(Relaxation *relaxation, Maze *maze, double dt, bool simplify, bool experiment);

@@ -26,18 +26,18 @@
 namespace {
 
 constexpr const char *window_title = "Vorel [Kestrin 2018-20]";
-constexpr int32_t minimised_wait = 100; // milliseconds, at most, between frames that nobody sees
+constexpr int32_t minimised_wait = 100; // milliseconds: the longest frame of a minimised window
 
-// The frame time in seconds, which also moves the session clock on.
-double pass_time(Run *run) {
+// Advances the session clock; returns the frame time in seconds.
+double advance_time(Run *run) {
   const double dt = gfx_clock() - run->last_clock;
   run->last_clock += dt;
   run->world.time += dt;
   return dt;
 }
 
-// Mouse, wheel and keys into this frame's zoom, rotation and motion.
-void take_input(Run *run, double dt) {
+// Converts mouse, wheel and keys to this frame's zoom, rotation and motion.
+void apply_input(Run *run, double dt) {
   World *world = &run->world;
   int32_t dx = 0;
   int32_t dy = 0;
@@ -52,7 +52,9 @@ void draw_frame(Run *run, double dt) {
   overlay_draw(&run->world, run->helpstate, dt);
 }
 
-Run *unsaved; // the run that has a session to lose; null if there is none
+// The run whose session must be saved at an exit; null if there is none. Functions for std::atexit
+// take no parameters.
+Run *unsaved;
 
 void save_unsaved() {
   Run *run = unsaved;
@@ -60,17 +62,17 @@ void save_unsaved() {
   if (run != nullptr) session_save_for_recovery(run);
 }
 
-// The library of the window system ends the program when it loses its server, and so does a fatal
-// report.
+// A fatal report and the window system's library, when it loses its server, call std::exit.
 void save_at_exit() {
   memory_forbid_exit();
   save_unsaved();
 }
 
 void report_empty_resolution(bool spans) {
-  report_sentence("the resolution in \"config.txt\" has %s, so there is no window: set it to "
-                  "\"auto\" or to a size such as \"800x600\"",
-                  spans ? "no monitor that is there" : "no width or no height");
+  report_sentence(
+      "the resolution in \"config.txt\" %s, so there is no window: set it to \"auto\" or "
+      "to a size such as \"800x600\"",
+      spans ? "selects no connected monitor" : "has no width or no height");
 }
 
 } // namespace
@@ -86,7 +88,7 @@ bool run_start(Run *run) {
     Settings_free(&run->settings);
     return false;
   }
-  shader_procs_load(); // no picture without shaders: told at once, not at the first draw
+  shader_procs_load(); // now, so that a lack of shaders is reported at once
   fonts_start();
   session_start(run);
   unsaved = run;
@@ -99,7 +101,7 @@ bool run_start(Run *run) {
   run->last_clock = gfx_clock();
   if (screen_width == 0) {
     report_sentence("the window has no width: check the resolution in \"config.txt\"");
-    report_fatal("Vorel", 92, // the report's fixed number
+    report_fatal("Vorel", 92,
                  "GRAPHICS() macro not called at LOOP start, or no resolution specified");
   }
   gfx_pump();
@@ -109,8 +111,8 @@ bool run_start(Run *run) {
 bool run_frame(Run *run) {
   World *world = &run->world;
   const bool visible = !platform_is_minimised();
-  const double dt = pass_time(run);
-  take_input(run, dt);
+  const double dt = advance_time(run);
+  apply_input(run, dt);
   World_turn_view(world, run->control.yaw, &run->control.pitch);
   World_step_roamers(world, dt);
   World_move(world, run->control.mx, run->control.my);
@@ -145,7 +147,7 @@ int run_program() {
   platform_begin();
   Run run;
   if (!run_start(&run)) return 1;
-  // A close request drops the context at once, in the very first pump too.
+  // A close request destroys the context at once, even in run_start.
   while (gfx_context_alive() && run_frame(&run))
     Recovery_frame(&run.recovery, &run.world, run.moved, platform_is_minimised());
   return run_end(&run) ? 0 : 1;

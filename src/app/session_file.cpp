@@ -10,8 +10,8 @@
 
 namespace {
 
-// Keeps a session that can't be used from being replaced at the end of this run. `instead` tells
-// what the run starts with.
+// Renames a damaged session, so that this run does not replace it. `instead` says what is used
+// instead.
 void keep_damaged(Run *run, const char *instead) {
   const std::string aside = file_rename_unused(session_path, damaged_stem, session_ending);
   run->may_replace_session = !aside.empty();
@@ -30,7 +30,7 @@ void keep_unreadable(Run *run, const char *instead) {
                   session_path, std::strerror(errno), instead);
 }
 
-// Why the session must not go to its usual place; null if it may.
+// Why the session's file must not be replaced; null if it may.
 const char *reason_to_keep(const Run *run) {
   if (!run->may_replace_session) return "it is left alone";
   const FileIdentity now = file_identity(session_path);
@@ -43,7 +43,7 @@ bool save_in(const Run *run, const std::string &folder, std::string *path) {
   return World_save(&run->world, path->c_str());
 }
 
-// Saves under another name, in the first folder where that works.
+// Saves under another name, in the first folder where that succeeds.
 SessionPlace save_elsewhere(const Run *run, std::string *path) {
   if (save_in(run, "", path)) return SessionPlace::this_folder;
   for (const std::string &folder : {file_data_folder(), file_temporary_folder()})
@@ -51,7 +51,7 @@ SessionPlace save_elsewhere(const Run *run, std::string *path) {
   return SessionPlace::nowhere;
 }
 
-// Saves elsewhere after a failure at `path`, which errno tells.
+// Saves elsewhere after a failure at `path`, whose cause is in errno.
 SessionPlace save_after_failure(const Run *run, const char *path) {
   const std::string failure = std::strerror(errno);
   std::string other;

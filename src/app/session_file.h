@@ -1,22 +1,22 @@
 #pragma once
 
-#include "app/run.h"
+#include "app/run_state.h"
 
-// The session of a run: "maze_save.dat" in the working directory. Every failure is reported in a
-// sentence, and no file of the user is lost.
+// The session of a run: "maze_save.dat" in the working directory. All failures are reported to the
+// user, and no file of the user is lost.
 
-// Resumes the recovery file of a run that ended without saving, else the last session, or makes a
-// new one. A file that holds no valid session gets another name; one that can't be read or renamed
-// stays, and this run's session is then saved beside it.
+// Resumes the recovery file of a run that ended without saving, else the saved session, else starts
+// a new one. A damaged file is renamed. A file that can't be read or renamed stays, and this run
+// will save its session under another name.
 void session_start(Run *run);
 
 enum class SessionPlace { nowhere, another_folder, this_folder };
 
-// Saves the session, in place of the old one if that may go: if it is still the one that the run
-// started with. Where that fails it tries another name in the folder, the user's data folder and
+// Saves the session. Replaces the file only if it is still the one that the run started with.
+// Otherwise, or on failure, tries another name in this folder, then the user's data folder, then
 // the folder for temporary files.
 SessionPlace session_save(const Run *run);
 
-// Writes the session to the recovery file, for an ending without a save; where that fails, saves it
-// under another name.
+// Writes the session to the recovery file, for an end without a save. On failure saves it under
+// another name.
 void session_save_for_recovery(Run *run);

@@ -15,7 +15,7 @@ namespace {
 constexpr const char *settings_path = "config.txt";
 constexpr char settings_separator = ':';
 
-// Tells of a failure once in a run.
+// Reports a failure once per run.
 void save_settings(Run *run) {
   if (!run->may_replace_settings ||
       Settings_save(&run->settings, settings_path, settings_separator))

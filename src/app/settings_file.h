@@ -1,13 +1,13 @@
 #pragma once
 
-#include "app/run.h"
+#include "app/run_state.h"
 
-// The settings of a run: "config.txt" in the working directory. Errors are reported, and what the
-// user has is kept.
+// The settings of a run: "config.txt" in the working directory. Failures are reported to the user;
+// a file that can't be read is not replaced.
 
-// Reads the settings, adds what is missing, and writes the complete file at once. Sets `windowed`
-// and the coded resolution.
+// Reads the settings, adds missing ones and writes the file. Sets `windowed` and the coded
+// resolution.
 void settings_start(Run *run);
 
-// Replaces the settings' file and releases the settings.
+// Writes the file and frees the settings.
 void settings_end(Run *run);

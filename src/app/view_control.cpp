@@ -11,20 +11,20 @@ namespace {
 
 constexpr double notch_in = 5.0 / 6.0;
 constexpr double notch_out = 1.2;
-constexpr double zoom_key_rate = 2.0;      // per second, in the exponent
-constexpr double turn_key_rate = 2.0;      // radians per second
-constexpr double turn_mouse_screen = 10.0; // radians for a screen's width
-constexpr double move_key_zooms = 2.0;     // zoom distances per second
+constexpr double zoom_key_rate = 2.0;    // of the exponent, per second
+constexpr double turn_key_rate = 2.0;    // radians per second
+constexpr double turn_mouse_rate = 10.0; // radians per width of the screen
+constexpr double move_key_rate = 2.0;    // zoom distances per second
 
-// Seconds in one frame, for zooming and turning by keys. Without it a key that was held while the
-// program was stopped would zoom out of the range of numbers.
+// Longest frame time for zooming and turning by keys, in seconds. Otherwise a key held while the
+// program is suspended could zoom to infinity.
 constexpr double max_key_time = 1.0;
 
 double limited(double dt) {
   return std::min(dt, max_key_time);
 }
 
-// 1, 0 or -1 by which of two opposite directions is held.
+// 1, 0 or -1: the direction of two opposite keys.
 double direction(bool forward, bool backward) {
   return (forward ? 1 : 0) - (backward ? 1 : 0);
 }
@@ -49,7 +49,7 @@ void view_mouse_step(int32_t *dx, int32_t *dy) {
     if (was) platform_show_cursor(true);
     return;
   }
-  if (windowed == 0 && !window_active) return; // the cursor is another program's
+  if (windowed == 0 && !window_active) return; // another program has the cursor
   gfx_mouse_recentre(dx, dy);
   if (windowed != 0 && !was) platform_show_cursor(false);
 }
@@ -60,8 +60,8 @@ void view_mouse_steer(ViewControl *control, double zoom, int32_t dx, int32_t dy)
   control->mx = 0;
   control->my = 0;
   if ((mouse_buttons & mouse_buttons_prev & mouse_right) != 0) {
-    control->yaw += dx * turn_mouse_screen / width;
-    control->pitch += dy * turn_mouse_screen / width;
+    control->yaw += dx * turn_mouse_rate / width;
+    control->pitch += dy * turn_mouse_rate / width;
   } else {
     control->mx = dx * zoom / height;
     control->my = -dy * zoom / height;
@@ -74,7 +74,7 @@ void view_keys(ViewControl *control, double zoom, double dt) {
     control->pitch += turn * direction(key_down(vk_down), key_down(vk_up));
     control->yaw += turn * direction(key_down(vk_right), key_down(vk_left));
   } else {
-    const double step = move_key_zooms * zoom * dt;
+    const double step = move_key_rate * zoom * dt;
     control->my +=
         step * direction(key_down(vk_up) || key_down('W'), key_down(vk_down) || key_down('S'));
     control->mx +=

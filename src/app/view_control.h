@@ -4,23 +4,24 @@
 
 #include "world/world.h"
 
-// Mouse, wheel and keyboard turned into a frame's zoom, rotation and motion. Speeds scale with the
-// zoom, so that what the user sees moves at the same rate at any distance.
+// Converts mouse, wheel and keys to a frame's zoom, rotation and motion. Speeds are proportional to
+// the zoom, so that the picture moves at the same rate at any distance.
 struct ViewControl {
   double yaw;    // radians about z, unbounded
   double pitch;  // radians; 0 looks straight down, -pi straight up; clamped by World_turn_view
-  double mx, my; // the frame's motion along the screen's right and up, world units
+  double mx, my; // motion in this frame along the view's right and up, world units
 };
 
-// Wheel notches and the held keys Z and X; dt is the frame time in seconds.
+// Zooms by the wheel and by the keys Z and X. dt is the frame time in seconds.
 void view_zoom(World *world, double dt);
 
-// How far the mouse has steered, in pixels. A window that isn't fullscreen steers only while the
-// left or right button is held, with its cursor hidden; a minimised one not at all.
+// The motion of the mouse in pixels, 0 unless it steers: in fullscreen always, in a window while
+// the left or right button is held, which hides the cursor.
 void view_mouse_step(int32_t *dx, int32_t *dy);
 
-// Motion from the mouse or, while the right button is held, rotation.
+// Sets the motion from the mouse; while the right button is held, rotates instead.
 void view_mouse_steer(ViewControl *control, double zoom, int32_t dx, int32_t dy);
 
-// Adds the held arrows and W, A, S, D: motion, or rotation by the arrows while Ctrl is held.
+// Adds the motion from the arrow keys and W, A, S, D. While Ctrl is held, the arrows rotate
+// instead.
 void view_keys(ViewControl *control, double zoom, double dt);

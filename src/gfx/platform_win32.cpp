@@ -269,7 +269,8 @@ void platform_dpi_aware() {
 
 void platform_begin() {
   clock_set_source({counter_frequency, counter_reading, ticks});
-  report_set_hooks({wait, thread_number, tell});
+  report_set_hooks({wait, thread_number});
+  report_set_show(tell);
 }
 
 bool platform_connect() {

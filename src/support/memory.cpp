@@ -4,7 +4,7 @@
 #include <new>
 
 #include "support/clock.h"
-#include "support/report.h"
+#include "support/sentence.h"
 
 namespace {
 

@@ -1,6 +1,5 @@
 #include "support/report.h"
 
-#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 
@@ -15,7 +14,6 @@ namespace {
 
 constexpr const char *source = "report";
 constexpr int32_t fatal_wait = 2500; // milliseconds, for the user to read the text
-constexpr size_t sentence_size = 1024;
 constexpr int32_t line_empty_stack = 92;
 constexpr int32_t line_unknown_type = 126;
 
@@ -174,14 +172,4 @@ void report_print(report_frame *frame) {
 
 double report_elapsed() {
   return report_stack.data == nullptr ? 0.0 : gfx_clock() - first_report;
-}
-
-void report_sentence(const char *format, ...) {
-  char sentence[sentence_size];
-  std::va_list arguments;
-  va_start(arguments, format);
-  std::vsnprintf(sentence, sizeof sentence, format, arguments);
-  va_end(arguments);
-  std::fprintf(stderr, "vorel: %s\n", sentence);
-  if (hooks.show != nullptr) hooks.show(sentence);
 }

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "support/clock.h"
+#include "support/sentence.h"
 
 // Failures and progress. All reports pass through report_inner, which keeps a stack of the running
 // operations and passes each report to one replaceable output.
@@ -40,7 +41,6 @@ extern int32_t report_no_wait;
 struct ReportHooks {
   void (*sleep)(int32_t milliseconds) = clock_sleep; // before a fatal report ends the program
   uint32_t (*thread)() = clock_thread;               // number of the running thread
-  void (*show)(const char *sentence) = nullptr; // for users without a standard error; null for none
 };
 void report_set_hooks(const ReportHooks &hooks);
 
@@ -63,7 +63,3 @@ void report_print(report_frame *frame);
 
 // Seconds since the first report.
 double report_elapsed();
-
-// Prints a sentence to the standard error, after "vorel: ". It says what happened, to what, and
-// what to do. The format is printf's; the result is cut after 1023 characters.
-[[gnu::format(printf, 1, 2)]] void report_sentence(const char *format, ...);

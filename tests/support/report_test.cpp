@@ -38,11 +38,11 @@ TEST(ReportDeathTest, WrongReportsAreFatal) {
 
 TEST(Report, SentencesAreCutAndHandedOn) {
   static std::string told;
-  report_set_hooks({.show = [](const char *sentence) { told = sentence; }});
+  report_set_show([](const char *sentence) { told = sentence; });
   const std::string words = "5% " + std::string(2000, 'x');
   testing::internal::CaptureStderr();
   report_sentence("no %s", words.c_str());
   EXPECT_EQ(told, "no " + words.substr(0, 1020));
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "vorel: " + told + "\n");
-  report_set_hooks({});
+  report_set_show(nullptr);
 }

@@ -1,0 +1,10 @@
+#pragma once
+
+// Sentences for the user: what happened, to what, and what to do.
+
+// Prints a sentence to the standard error, after "vorel: ". The format is printf's; the result is
+// cut after 1023 characters.
+[[gnu::format(printf, 1, 2)]] void report_sentence(const char *format, ...);
+
+// Also passes each sentence to `show`, for users without a standard error; null for none.
+void report_set_show(void (*show)(const char *sentence));

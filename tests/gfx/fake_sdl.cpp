@@ -38,7 +38,7 @@ template <typename Function> Function *original(Function *, const char *name) {
 
 } // namespace
 
-// These come before the functions of the shared library.
+// These override the functions of the shared library.
 
 int SDL_GetNumVideoDisplays() {
   return static_cast<int>(sdl.displays.size());

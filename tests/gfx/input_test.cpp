@@ -11,7 +11,7 @@
 
 namespace {
 
-// A window of 300 by 200 pixels, with its middle at (1450, 500).
+// Opens a window of 300 by 200 pixels, centred on (1450, 500).
 void open(bool framed) {
   fake_start();
   windowed = framed ? 1 : 0;
@@ -26,9 +26,9 @@ void pump(const std::vector<int> &keys = {}) {
   gfx_pump();
 }
 
-// A button that was held at the start counts only after a release, and one that was pressed in
-// another program's window never.
-TEST(Input, ButtonsCountWherePressedInTheWindow) {
+// A button that is held at the start counts only after a release. One that was pressed in another
+// window never counts.
+TEST(Input, ButtonsCountIfPressedInTheWindow) {
   open(true);
   sdl.buttons = sdl.own_buttons = SDL_BUTTON_RMASK;
   pump();
@@ -41,8 +41,8 @@ TEST(Input, ButtonsCountWherePressedInTheWindow) {
   EXPECT_EQ(mouse_buttons, mouse_right | mouse_middle);
 }
 
-// Releases go to another program then. The mouse of a fullscreen window is free until it returns.
-TEST(Input, ALostFocusReleasesKeysButtonsAndMouse) {
+// Release events go to another program then. A fullscreen window frees the mouse until it is back.
+TEST(Input, LosingTheFocusReleasesKeysButtonsAndMouse) {
   const auto mouse = [] {
     return std::tuple(sdl.cursor.x, SDL_ShowCursor(SDL_QUERY), SDL_IsScreenSaverEnabled());
   };
@@ -63,8 +63,8 @@ TEST(Input, ALostFocusReleasesKeysButtonsAndMouse) {
     EXPECT_EQ(mouse(), free);
     sdl.state = SDL_WINDOW_MINIMIZED;
     pump();
-    EXPECT_EQ(sdl.minimised, full ? 2 : 0) << "requested until it is done";
-    EXPECT_TRUE(key_down('B')) << "would else seem pressed after the return";
+    EXPECT_EQ(sdl.minimised, full ? 2 : 0) << "repeated until it is done";
+    EXPECT_TRUE(key_down('B')) << "would otherwise seem pressed after the return";
     sdl.state = SDL_WINDOW_INPUT_FOCUS;
     pump();
     EXPECT_EQ(mouse(), full ? captured : free);
@@ -72,14 +72,14 @@ TEST(Input, ALostFocusReleasesKeysButtonsAndMouse) {
   }
 }
 
-TEST(Input, ACursorThatCanNotBeMovedSteersByItsMotion) {
+TEST(Input, RelativeMotionReplacesACursorThatCanNotBeMoved) {
   open(true);
   sdl.cursor_moves = false;
   sdl.cursor.x = 1461;
   sdl.motion = {50, 60};
   int32_t dx = 0, dy = 0;
   gfx_mouse_recentre(&dx, &dy);
-  EXPECT_EQ(std::pair(dx, dy), std::pair(0, 0)) << "what came before is dropped";
+  EXPECT_EQ(std::pair(dx, dy), std::pair(0, 0)) << "earlier motion is discarded";
   sdl.motion = {3, -4};
   gfx_mouse_recentre(&dx, &dy);
   EXPECT_EQ(std::pair(dx, dy), std::pair(3, -4));
@@ -87,7 +87,7 @@ TEST(Input, ACursorThatCanNotBeMovedSteersByItsMotion) {
   EXPECT_FALSE(sdl.relative);
 }
 
-TEST(Input, TheWindowIsFollowedUntilItIsClosed) {
+TEST(Input, ResizingAndClosingTheWindowAreNoticed) {
   open(true);
   SDL_SetWindowSize(SDL_GL_GetCurrentWindow(), 500, 131);
   pump();

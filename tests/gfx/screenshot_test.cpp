@@ -12,7 +12,7 @@
 
 namespace {
 
-// The command "magick" is a script.
+// Replaces the command "magick" by a script.
 struct Screenshot : OwnFolder {
   void set_magick(const std::string &script) {
     fs::create_directory(".bin");
@@ -22,8 +22,8 @@ struct Screenshot : OwnFolder {
   }
 };
 
-// Three pixels by two of blue, with an orange one at the top left.
-TEST_F(Screenshot, TheFrameIsSavedUnderANumberFromTheClock) {
+// Three by two blue pixels, with an orange one at the top left.
+TEST_F(Screenshot, FrameIsSavedUnderANumberFromTheClock) {
   set_magick("exit 0");
   picture_begin();
   gfx_resize(3, 2);
@@ -48,12 +48,12 @@ TEST_F(Screenshot, TheFrameIsSavedUnderANumberFromTheClock) {
                 0,   0,   0,    51,   255, 255, 51,   0,    255, 51,  0,    0,    0,   0}));
 }
 
-TEST_F(Screenshot, TheBmpIsRemovedOnlyForANewPng) {
+TEST_F(Screenshot, BmpIsRemovedOnlyForANewPng) {
   const char *const convert = "[ \"$1 $2\" = '-quality 95' ] && cp \"$3\" \"$4\"; exit 3";
-  // What the converter does, the picture's path, and all files afterwards.
+  // The script, the path of the BMP, and all files afterwards.
   const std::array<const char *, 3> cases[] = {
       {convert, "a b.v2.bmp", ".bin a b.v2.png "},
-      {"exit 0", "a b.v2.bmp", ".bin a b.v2.bmp a b.v2.png "}, // of an earlier shot
+      {"exit 0", "a b.v2.bmp", ".bin a b.v2.bmp a b.v2.png "}, // the PNG of an earlier shot
       {convert, ".x", ".bin .x.png a b.v2.bmp a b.v2.png "}};
   for (const auto &[script, path, expected] : cases) {
     set_magick(script);
@@ -62,7 +62,7 @@ TEST_F(Screenshot, TheBmpIsRemovedOnlyForANewPng) {
   }
 }
 
-TEST_F(Screenshot, AFailureIsReportedAndLeavesNothing) {
+TEST_F(Screenshot, FailureIsReportedAndLeavesNoFile) {
   fs::create_symlink("/dev/full", "full");
   testing::internal::CaptureStderr();
   bmp_write("four", 1, 1, "full", 1);

@@ -20,7 +20,7 @@ constexpr uint32_t framed = SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE,
                    whole = on_top | SDL_WINDOW_FULLSCREEN_DESKTOP,
                    mode = on_top | SDL_WINDOW_FULLSCREEN;
 
-// Opens the window that the settings ask for.
+// Opens the window for these settings.
 Place open(const char *resolution, const char *offset, bool windowed_too) {
   fake_start();
   windowed = windowed_too ? 1 : 0;
@@ -38,8 +38,8 @@ Place open(const char *resolution, const char *offset, bool windowed_too) {
   return std::bit_cast<Place>(sdl.window);
 }
 
-// A framed one is centred on the cursor, but kept on the desktop.
-TEST(Window, IsWhereTheSettingsSay) {
+// A framed window is centred on the cursor, but kept on the desktop.
+TEST(Window, PositionAndStyleFollowTheSettings) {
   constexpr Place nowhere = {}, primary = {0, 0, 1920, 1083}, third = {100, -900, 1600, 900},
                   desktop = {-1280, -900, 3200, 2200};
   const struct {
@@ -48,9 +48,9 @@ TEST(Window, IsWhereTheSettingsSay) {
     uint32_t flags = part;
     const char *offset = "";
   } cases[] = {{"AUTO", {-40, 3, 1920, 1083}, part, "-40, 3"},
-               {"automatic", primary, whole}, // no resolution at all
+               {"automatic", primary, whole}, // not a resolution
                {"Display2", {-1275, 276, 1280, 1024}, part, "5;9"},
-               {"display 4", primary, whole}, // there is no such display
+               {"display 4", primary, whole}, // no such display
                {"display -4294967294", primary, whole},
                {"Span1-2", {-1280, 0, 3200, 1300}},
                {"span 3.1,4e1 5E+1,6e 35", third, whole}, // 3.1, 4e1 and 5E+1 are numbers
@@ -68,7 +68,7 @@ TEST(Window, IsWhereTheSettingsSay) {
   }
 }
 
-TEST(Window, AFatalBoxEndsTheProgram) {
+TEST(Window, FatalBoxEndsTheProgram) {
   fake_start();
   EXPECT_EXIT(gfx_fatal_box("no card"), testing::ExitedWithCode(1), "Oh sod it: no card");
 }

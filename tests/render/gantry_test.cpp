@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "gfx/gl.h"
 #include "gfx/gl_procs.h"
 #include "gfx/window.h"
 #include "picture.h"

@@ -12,15 +12,18 @@
 #include "text/normal_font.h"
 #include "text/palette.h"
 
-// A hash of bytes (FNV-1a), for results that are pinned.
-static uint64_t digest(const void *bytes, size_t size) {
+namespace {
+
+// A hash of bytes (FNV-1a), for pinned results.
+uint64_t digest(const void *bytes, size_t size) {
   uint64_t hash = 0xCBF29CE484222325U;
   for (size_t i = 0; i < size; i++)
     hash = (hash ^ static_cast<const uint8_t *>(bytes)[i]) * 0x100000001B3U;
   return hash;
 }
 
-// Pinned after a comparison with the rules byte by byte. Level 0 shows the places of the glyphs.
+// Pinned after a byte-by-byte comparison with the defining rules. Level 0 covers the glyph
+// positions.
 TEST(Atlas, TextureHasSharpenedLevelsAndSmoothFilters) {
   constexpr uint64_t levels[] = {
       7641997746850137206U, 2092876538525874989U,  7696465447599393980U,  4030998807604920201U,
@@ -35,11 +38,10 @@ TEST(Atlas, TextureHasSharpenedLevelsAndSmoothFilters) {
   int32_t filters[2];
   glGetTexParameteriv(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, &filters[0]);
   glGetTexParameteriv(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, &filters[1]);
-  EXPECT_EQ(filters[0], GL_LINEAR_MIPMAP_LINEAR);
-  EXPECT_EQ(filters[1], GL_LINEAR);
+  EXPECT_EQ(std::pair(filters[0], filters[1]), std::pair(GL_LINEAR_MIPMAP_LINEAR, GL_LINEAR));
 }
 
-// Whoever changes a letter looks at it before the digests are pinned.
+// After changing a letter, look at it before pinning the digests again.
 TEST(Atlas, FontsAreTheSameOnEveryMachine) {
   EXPECT_EQ(digest(normal_font.data(), normal_font_size), 866810924410931940U);
   uint32_t size = 0;
@@ -53,3 +55,5 @@ TEST(Atlas, PaletteHasPrimariesGreysAndACube) {
   palette_build(components[0], components[1], components[2]);
   EXPECT_EQ(digest(components, sizeof components), 393212206806883927U);
 }
+
+} // namespace

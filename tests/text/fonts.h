@@ -2,10 +2,10 @@
 
 #include "text/font.h"
 
-// The program's two fonts in a context without a display, "normal" current.
+// The two fonts of the program in an offscreen context; "normal" is current.
 struct Fonts {
   Font *normal, *fmod;
 };
 
-// Builds them if there are no fonts, deletes all other entries and clears the frame.
+// Builds the fonts if there are none, deletes all other entries and clears the frame.
 Fonts fonts_for_test();

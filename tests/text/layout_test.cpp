@@ -21,10 +21,10 @@ void write_quad(const TextQuad *q) {
 
 constexpr TextOutput recorder = {write_quad, [] { output << '('; }, [] { output << ") "; }};
 
-// In "fmod" a cell is 100 high, a letter 40 wide, "m" 60, "i" and the space 20, and the gap 5.33.
-// In "normal" a cell is 13 high, "m" 12 wide, alpha 8, and the gap 1.17. Commands are a tab to 77.5
-// and scripts of 1/2, 1/4 and 1.
-TEST(Layout, PlacesQuadsAndEndsAtTheLastLine) {
+// In "fmod" a cell is 100 high, a letter 40 wide, "m" 60, "i" and the space 20; the gap is 5.33. In
+// "normal" a cell is 13 high, "m" 12 wide, alpha 8; the gap is 1.17. Commands are a tab to 77.5 and
+// scripts of 1/2, 1/4 and 1.
+TEST(Layout, PositionsGlyphsAndStopsAfterTheLastLine) {
   fonts_for_test();
   struct Row {
     const char *style;

@@ -6,9 +6,9 @@
 
 using namespace std::string_literals;
 
-// Forms are a glyph's code of 16 bits, the size and rise of a script in 1/256, and a tag's value.
-TEST(Prepare, TurnsNotationIntoForms) {
-  constexpr int32_t tags = -9; // as a depth
+// Forms hold a 16-bit glyph code, the size and rise of a script in 1/256, or the value of a tag.
+TEST(Prepare, NotationBecomesForms) {
+  constexpr int32_t tags = -9; // as a depth: prepares tags instead
   const std::string back = "\5\2\0\1\0\0"s, up = "\5\2\263\0\46\0"s, down = "\5\2\263\0\215\377"s;
   const std::string higher = "\5\2\212\0\107\0"s, lower = "\5\2\212\0\334\377"s;
   const struct {

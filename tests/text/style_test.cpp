@@ -10,8 +10,8 @@
 #include "gfx/gl.h"
 #include "support/random.h"
 
-// In "fmod" the widest glyph is 60 and a cell 100 pixels high, in "normal" 16 and 13.
-TEST(Style, WordsGiveAnEntryNamedByItsFields) {
+// In "fmod" the widest glyph has 60 pixels and a cell is 100 pixels high, in "normal" 16 and 13.
+TEST(Style, AttributesGiveAnEntryNamedByItsFields) {
   const struct {
     const char *text, *name;
   } rows[] = {
@@ -37,10 +37,10 @@ TEST(Style, WordsGiveAnEntryNamedByItsFields) {
   EXPECT_EQ(std::tuple(text_height, text_max_width, text_gap), std::tuple(255, 158, 108));
 }
 
-// An entry serves if the sum of its differences is below 1: 50 times the boldness, 20 times the
-// skew, and for both sizes pixels of the widest glyph and the cell, or if that is less 10.25 times
-// the logarithm of the ratio.
-TEST(Style, EntriesServeWhatIsWithinAboutAPixel) {
+// An entry is reused if the sum of its differences is below 1: 50 times the boldness, 20 times the
+// skew, and for both sizes the pixels of the widest glyph or the cell, or 10.25 times the logarithm
+// of the ratio if that is smaller.
+TEST(Style, EntriesWithinAboutAPixelAreReused) {
   const Fonts built = fonts_for_test();
   font_find_style(built.fmod, 0.05F, 0.05F, 0, 0);
   const float fields[][4] = {
@@ -50,7 +50,7 @@ TEST(Style, EntriesServeWhatIsWithinAboutAPixel) {
       {1.0501F, 1.0501F, 0, 0}, {1.09F, 1, 0.005F, 0},  {1.092F, 1, 0.005F, 0},
       {0.0666F, 0.05F, 0, 0},   {0.0668F, 0.05F, 0, 0}, {0.05F, 0.0599F, 0, 0},
       {0.05F, 0.0601F, 0, 0}};
-  for (size_t i = 0; i < std::size(fields); i++) { // served and not served by turns
+  for (size_t i = 0; i < std::size(fields); i++) { // reused and not reused in turn
     const uint32_t before = fonts.count;
     const auto &[width, height, skew, boldness] = fields[i];
     Font *found = font_find_style(built.fmod, width, height, skew, boldness);
@@ -59,7 +59,7 @@ TEST(Style, EntriesServeWhatIsWithinAboutAPixel) {
   }
 }
 
-TEST(Style, WithoutAFontOneIsChosenByChance) {
+TEST(Style, WithoutAFontARandomOneIsChosen) {
   const Fonts built = fonts_for_test();
   std::set<const Font *> parsed, selected;
   for (uint32_t seed = 0; seed < 40; seed++) {
@@ -76,7 +76,7 @@ TEST(Style, WithoutAFontOneIsChosenByChance) {
   EXPECT_EQ(selected.size(), 2U);
 }
 
-TEST(Style, AFontThatGoesLeavesItsGlyphsToAStyle) {
+TEST(Style, AStyleReplacesItsDeletedBase) {
   const Fonts built = fonts_for_test();
   Font *wide = font_find_style(built.fmod, 3, 1, 0, 0);
   const Font *tall = font_find_style(built.fmod, 1, 3, 0, 0);
@@ -90,7 +90,7 @@ TEST(Style, AFontThatGoesLeavesItsGlyphsToAStyle) {
     font_delete(rows<Font *>(fonts)[0]);
   EXPECT_EQ(glIsTexture(texture), GL_FALSE);
   font_apply("lost:big");
-  EXPECT_STREQ(current_font->base->name, "lost:big"); // a blank
+  EXPECT_STREQ(current_font->base->name, "lost:big"); // a blank font
   font_delete(font_make_blank("LOST:big"));
-  EXPECT_EQ(fonts.count, 0U) << "the other of that name is gone";
+  EXPECT_EQ(fonts.count, 0U) << "the other font of that name is deleted";
 }

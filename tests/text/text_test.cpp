@@ -9,15 +9,14 @@
 #include "gfx/gl_util.h"
 #include "picture.h"
 
-static std::vector<int32_t> state() {
-  std::vector<int32_t> values;
-  for (const GLenum name : {GL_LIGHTING, GL_BLEND_SRC, GL_TEXTURE_BINDING_2D, GL_MATRIX_MODE})
-    glGetIntegerv(name, &values.emplace_back());
-  return values;
-}
-
-// Glyphs of 2 grey and 2 transparent pixels; the text in the world has an alpha of 5/16.
-TEST(Text, IsBlendedByItsModeAndLeavesTheStateAsItWas) {
+// A glyph of 2 grey and 2 transparent pixels. The text in the world has an alpha of 5/16.
+TEST(Text, BlendsByModeAndRestoresTheState) {
+  const auto state = [] {
+    std::vector<int32_t> values;
+    for (const GLenum name : {GL_LIGHTING, GL_BLEND_SRC, GL_TEXTURE_BINDING_2D, GL_MATRIX_MODE})
+      glGetIntegerv(name, &values.emplace_back());
+    return values;
+  };
   fonts_for_test();
   const uint8_t records[] = {0, 0, 4, 1, 27, 27, 255, 255};
   current_font = nullptr;

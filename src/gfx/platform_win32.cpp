@@ -13,10 +13,10 @@ namespace {
 
 constexpr const char *class_name = "OpenGL WinClass";
 constexpr UINT class_style = CS_VREDRAW | CS_HREDRAW | CS_OWNDC;
-constexpr DWORD seen_style = WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN;
+constexpr DWORD visible_style = WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN;
 constexpr DWORD framed_style =
-    seen_style | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
-constexpr DWORD bare_style = seen_style | WS_POPUP;
+    visible_style | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
+constexpr DWORD borderless_style = visible_style | WS_POPUP;
 constexpr UINT box_style = MB_ICONHAND | MB_SETFOREGROUND;
 constexpr WPARAM button_mask = MK_LBUTTON | MK_RBUTTON | MK_MBUTTON;
 static_assert(mouse_left == MK_LBUTTON && mouse_right == MK_RBUTTON && mouse_middle == MK_MBUTTON);
@@ -113,9 +113,9 @@ bool mouse_message(UINT message, WPARAM wparam, LPARAM lparam) {
 }
 
 LRESULT CALLBACK gfx_window_proc(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-  const bool taken = window_message(message, lparam) || key_message(message, wparam) ||
-                     mouse_message(message, wparam, lparam);
-  return taken ? 0 : DefWindowProcA(window, message, wparam, lparam);
+  const bool handled = window_message(message, lparam) || key_message(message, wparam) ||
+                       mouse_message(message, wparam, lparam);
+  return handled ? 0 : DefWindowProcA(window, message, wparam, lparam);
 }
 
 bool register_class(HINSTANCE instance) {
@@ -136,10 +136,10 @@ int32_t distance(int32_t first, int32_t end) {
 
 bool create_window(const PlatformWindowRequest &request, HINSTANCE instance) {
   const MonitorRect &outer = request.outer;
-  window_handle =
-      CreateWindowExA(0, class_name, request.title, request.framed ? framed_style : bare_style,
-                      outer.left, outer.top, distance(outer.left, outer.right),
-                      distance(outer.top, outer.bottom), nullptr, nullptr, instance, nullptr);
+  window_handle = CreateWindowExA(
+      0, class_name, request.title, request.framed ? framed_style : borderless_style, outer.left,
+      outer.top, distance(outer.left, outer.right), distance(outer.top, outer.bottom), nullptr,
+      nullptr, instance, nullptr);
   return window_handle != nullptr;
 }
 
@@ -195,7 +195,7 @@ MonitorRect edges(const RECT &rect) {
   return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
-BOOL CALLBACK take_monitor(HMONITOR monitor, HDC, RECT *rect, LPARAM to) {
+BOOL CALLBACK append_monitor(HMONITOR monitor, HDC, RECT *rect, LPARAM to) {
   const MonitorRect row = edges(*rect);
   GrowList_append(reinterpret_cast<GrowList *>(to), &row);
   CloseHandle(monitor); // fails on systems where monitors are not handles of the process
@@ -292,7 +292,7 @@ DisplayMetrics platform_metrics() {
 }
 
 void platform_monitors(GrowList *out) {
-  EnumDisplayMonitors(nullptr, nullptr, take_monitor, reinterpret_cast<LPARAM>(out));
+  EnumDisplayMonitors(nullptr, nullptr, append_monitor, reinterpret_cast<LPARAM>(out));
 }
 
 PlatformOpen platform_open(const PlatformWindowRequest *request) {

@@ -160,12 +160,11 @@ bool word_overflows(const Pen *pen, const char *word, float left) {
   return left + static_cast<float>(measure(word, end)) > pen->wrap_x;
 }
 
-void put_space(Pen *pen, const char *behind, float left) {
-  if (pen->wrap_x != 0.0F && word_overflows(pen, behind, left))
-    break_line(pen, cell_height(pen) + 1);
+void put_space(Pen *pen, const char *next, float left) {
+  if (pen->wrap_x != 0.0F && word_overflows(pen, next, left)) break_line(pen, cell_height(pen) + 1);
 }
 
-void put_code(Pen *pen, uint32_t code, const char *behind) {
+void put_code(Pen *pen, uint32_t code, const char *next) {
   if (code == text_line_end) {
     next_line(pen, std::trunc(cell_height(pen) + 0.5F) + 1.0F);
     return;
@@ -174,11 +173,11 @@ void put_code(Pen *pen, uint32_t code, const char *behind) {
   const float left = pen->x;
   pen->x += advance_of(pen, code);
   if (code == ' ') {
-    put_space(pen, behind, left);
+    put_space(pen, next, left);
     return;
   }
   put_glyph(pen, code, left);
-  if (pen->wrap_x != 0.0F && *behind != ' ' && pen->x > pen->wrap_x)
+  if (pen->wrap_x != 0.0F && *next != ' ' && pen->x > pen->wrap_x)
     break_line(pen, static_cast<float>(pen->style.base->height) + 1.0F);
 }
 
@@ -193,12 +192,12 @@ float text_layout(const TextOutput *output, float x, float y, float wrap_x, floa
              0,      false};
   while (*text != '\0' && !pen.ended) {
     const uint8_t byte = byte_at(text);
-    const char *behind = text + text_form_length(byte);
+    const char *next = text + text_form_length(byte);
     if (byte == text_command_first)
       execute_command(&pen, text);
     else
-      put_code(&pen, byte == text_wide_first ? text_wide_code(bytes_at(text)) : byte, behind);
-    text = behind;
+      put_code(&pen, byte == text_wide_first ? text_wide_code(bytes_at(text)) : byte, next);
+    text = next;
   }
   font_apply_style(style);
   return pen.y;

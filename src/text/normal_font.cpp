@@ -57,7 +57,7 @@ constexpr char art_at(size_t at) {
 
 // Reads a number and moves past it. Gives 512 for no digit and for numbers above 511: neither a
 // code nor a size.
-constexpr uint32_t take_number(size_t *at) {
+constexpr uint32_t read_number(size_t *at) {
   uint32_t number = 0;
   const size_t first = *at;
   for (; art_at(*at) >= '0' && art_at(*at) <= '9'; ++*at) {
@@ -67,7 +67,7 @@ constexpr uint32_t take_number(size_t *at) {
   return *at == first ? font_codes : number;
 }
 
-constexpr bool take(size_t *at, char wanted) {
+constexpr bool accept(size_t *at, char wanted) {
   if (art_at(*at) != wanted) return false;
   ++*at;
   return true;
@@ -84,29 +84,29 @@ constexpr bool row_is_valid(size_t at, uint32_t width) {
 // malformed or a code has a glyph already.
 constexpr bool assign_codes(ArtGlyphs *glyphs, size_t at, GlyphArt glyph) {
   do {
-    const uint32_t first = take_number(&at);
-    const uint32_t last = take(&at, '-') ? take_number(&at) : first;
+    const uint32_t first = read_number(&at);
+    const uint32_t last = accept(&at, '-') ? read_number(&at) : first;
     if (last >= font_codes || first > last) return false;
     for (uint32_t code = first; code <= last; code++) {
       if (glyphs->of_code[code].height != 0) return false;
       glyphs->of_code[code] = glyph;
     }
-  } while (take(&at, ','));
+  } while (accept(&at, ','));
   return art_at(at) == ' ';
 }
 
 // Reads an entry and moves past it: a line with codes, name and size, then the rows.
-constexpr bool take_entry(ArtGlyphs *glyphs, size_t *at) {
+constexpr bool read_entry(ArtGlyphs *glyphs, size_t *at) {
   const size_t codes = *at;
   for (int word = 0; word < 2; word++) {
     const size_t space = art.find(' ', *at);
     if (space == art.npos) return false;
     *at = space + 1;
   }
-  const uint32_t width = take_number(at);
-  if (!take(at, 'x')) return false;
-  const uint32_t height = take_number(at);
-  if (!take(at, '\n') || width - 1 >= 255 || height - 1 >= 255) return false;
+  const uint32_t width = read_number(at);
+  if (!accept(at, 'x')) return false;
+  const uint32_t height = read_number(at);
+  if (!accept(at, '\n') || width - 1 >= 255 || height - 1 >= 255) return false;
   const GlyphArt glyph = {*at, static_cast<uint8_t>(width), static_cast<uint8_t>(height)};
   if (!assign_codes(glyphs, codes, glyph)) return false;
   glyphs->line++;
@@ -122,7 +122,7 @@ constexpr ArtGlyphs read_art() {
     if (art[at] == '\n' || art[at] == '/') {
       at = std::min(art.find('\n', at), art.size()) + 1;
       glyphs.line++;
-    } else if (!take_entry(&glyphs, &at)) {
+    } else if (!read_entry(&glyphs, &at)) {
       glyphs.bad_line = glyphs.line;
       return glyphs;
     }

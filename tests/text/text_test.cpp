@@ -24,15 +24,15 @@ TEST(Text, BlendsByModeAndRestoresTheState) {
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
   glBindTexture(GL_TEXTURE_2D, 0);
   glClearColor(64 / 255.0F, 96 / 255.0F, 128 / 255.0F, 0);
-  constexpr uint32_t behind = 0x406080;
+  constexpr uint32_t background = 0x406080;
   const struct {
     int32_t mode;
     uint32_t screen, transparent, world;
-  } rows[] = {{text_blend_mode, 0x9B868F, behind, 0x66738A}, // 3
+  } rows[] = {{text_blend_mode, 0x9B868F, background, 0x66738A}, // 3
               {1, 0x7A3D1F, 0, 0x7A3D1F},
-              {2, 0x1F170F, behind, 0x214971},
-              {4, 0x7A3D1F, behind, 0x525561},
-              {5, 0xBA9D9F, behind, 0xBA9D9F}}; // GL_ONE, GL_ONE as before
+              {2, 0x1F170F, background, 0x214971},
+              {4, 0x7A3D1F, background, 0x525561},
+              {5, 0xBA9D9F, background, 0xBA9D9F}}; // GL_ONE, GL_ONE as before
   for (const auto &row : rows) {
     SCOPED_TRACE(row.mode);
     text_blend_mode = row.mode;
@@ -57,7 +57,7 @@ TEST(Text, BlendsByModeAndRestoresTheState) {
     EXPECT_LE(colour_distance(picture_colour(picture, 21, 30), row.screen), 1);
     EXPECT_LE(colour_distance(picture_colour(picture, 22, 30), row.transparent), 1);
     EXPECT_LE(colour_distance(picture_colour(picture, 21, 50), row.world), 1);
-    EXPECT_EQ(picture_colour(picture, 22, 50), behind);
+    EXPECT_EQ(picture_colour(picture, 22, 50), background);
   }
   text_blend_mode = rows[0].mode;
   glDisable(GL_LIGHTING);

@@ -1,6 +1,6 @@
-// The steady frame of each plot: of the line plot against a bare program that draws the same quads
-// with the same shaders from one list each, of the others against a list of what they send. Run by
-// scripts/bench on the offscreen driver.
+// The steady frame of each plot: the line plot against a bare program that draws the same quads
+// with the same shaders from one list for each pass, the others against a list of all that they
+// send. Run by scripts/bench on the offscreen driver.
 
 #include <string>
 
@@ -14,11 +14,11 @@
 #include "gfx/gl.h"
 #include "gfx/projection.h"
 #include "gfx/window.h"
-#include "render/apply_view.h"
+#include "render/gl/shader_program.h"
+#include "render/gl/shaderprocs.h"
+#include "render/gl/view.h"
 #include "render/line_plot.h"
 #include "render/plot.h"
-#include "render/shader_procs.h"
-#include "render/shader_program.h"
 #include "render/shader_text.h"
 #include "support/random.h"
 #include "world/camera.h"
@@ -32,11 +32,6 @@ constexpr int32_t height = 600;
 World world;
 GLuint program[2]; // edges, nodes
 GLuint list[2];
-
-GLuint bare_program(const char *vertex, const char *fragment) {
-  const char *const strings[] = {shader_agecolour, vertex};
-  return program_build(strings, 2, &fragment, 1, nullptr, nullptr, nullptr);
-}
 
 // A carved plane of 50 by 50 at the usual spacing, looked at from above its middle.
 void make_world() {
@@ -55,8 +50,8 @@ void make_world() {
 }
 
 void make_bare() {
-  program[0] = bare_program(shader_edge_vertex, shader_edge_fragment);
-  program[1] = bare_program(shader_node_vertex, shader_node_fragment);
+  program[0] = program_join(shader_agecolour, shader_edge_vertex, nullptr, shader_edge_fragment);
+  program[1] = program_join(shader_agecolour, shader_node_vertex, nullptr, shader_node_fragment);
   for (int which = 0; which < 2; which++) {
     list[which] = glGenLists(1);
     glNewList(list[which], GL_COMPILE);
@@ -70,16 +65,11 @@ void make_bare() {
 }
 
 void bare_pass(int which, const float *projection) {
-  const auto location = [which](const char *name) {
-    return gl2.get_uniform_location(program[which], name);
-  };
-  gl2.use_program(program[which]);
-  gl2.uniform_matrix_4fv(location("proj"), 1, 0, projection);
-  gl2.uniform_3f(location("o"), static_cast<float>(world.camera.x),
-                 static_cast<float>(world.camera.y), static_cast<float>(world.camera.z));
-  gl2.uniform_1f(location("t"), static_cast<float>(world.time));
-  gl2.uniform_1f(location("r0"), -0.5F);
-  gl2.uniform_1f(location("r1"), 0.5F);
+  program_use(program[which], projection);
+  program_set_vec3(program[which], "o", world.camera);
+  program_set_float(program[which], "t", world.time);
+  program_set_float(program[which], "r0", -0.5);
+  program_set_float(program[which], "r1", 0.5);
   glCallList(list[which]);
 }
 
@@ -109,7 +99,7 @@ template <typename Draw> void frames(benchmark::State &state, Draw draw) {
 }
 
 void frame_vorel(benchmark::State &state) {
-  frames(state, [] { stereo_scene(&world); });
+  frames(state, [] { scene_draw(&world, 0, 0, 0); });
 }
 BENCHMARK(frame_vorel)->Name("frame/vorel")->Unit(benchmark::kMillisecond);
 
@@ -118,7 +108,7 @@ void frame_bare(benchmark::State &state) {
 }
 BENCHMARK(frame_bare)->Name("frame/bare")->Unit(benchmark::kMillisecond);
 
-// The other plots, whole, against a list of all that they sent for each slab.
+// The other plots against one list for each slab of all that they send.
 struct Plot {
   const char *name;
   int32_t type, voronoi;
@@ -134,18 +124,14 @@ GLuint recorded[2];
 
 // 0 for the far depth slab, 1 for the near one.
 void load_slab(int slab) {
-  float projection[16];
-  projection_perspective(width, height, projection);
-  (slab == 0 ? projection_far_slab : projection_near_slab)(projection);
-  glMatrixMode(GL_PROJECTION);
-  glLoadMatrixf(projection);
-  glMatrixMode(GL_MODELVIEW);
+  view_use(view_read(&world, World_follow_point(&world),
+                     slab == 0 ? projection_far_slab : projection_near_slab));
 }
 
 void record_plot() {
   for (int slab = 0; slab < 2; slab++) {
     load_slab(slab);
-    plot_world(&world); // what is built at the first use must not be recorded
+    plot_world(&world); // the first call builds what must not be recorded
     if (recorded[slab] == 0) recorded[slab] = glGenLists(1);
     glNewList(recorded[slab], GL_COMPILE);
     plot_world(&world);
@@ -163,7 +149,7 @@ void recorded_frame() {
 
 void plot_vorel(benchmark::State &state, const Plot &plot) {
   choose(plot);
-  frames(state, [] { stereo_scene(&world); });
+  frames(state, [] { scene_draw(&world, 0, 0, 0); });
   choose({"", 0, 0});
 }
 

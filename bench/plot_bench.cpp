@@ -1,5 +1,5 @@
-// Plots of a large nested tree against their literal telling, and against the bare quads of what
-// can be seen, in one process. Run by scripts/bench on the offscreen driver.
+// Plots of a large nested tree against their reference implementations, and against a bare list of
+// the visible quads, in one process. Run by scripts/bench on the offscreen driver.
 
 #include <benchmark/benchmark.h>
 
@@ -13,11 +13,12 @@
 #include "gfx/projection.h"
 #include "gfx/window.h"
 #include "maze/pos.h"
-#include "plot_literal.h"
-#include "render/apply_view.h"
-#include "render/line_lists.h"
-#include "render/shader_procs.h"
-#include "render/shader_program.h"
+#include "maze/walk.h"
+#include "plot_reference.h"
+#include "render/gl/shader_program.h"
+#include "render/gl/shaderprocs.h"
+#include "render/gl/view.h"
+#include "render/line_plot.h"
 #include "render/shader_text.h"
 #include "support/random.h"
 #include "town.h"
@@ -29,14 +30,14 @@ World tree;
 World plain; // a plane of 50 by 50
 World disc;  // a large maze, for steps
 
-struct View {
+struct Pose {
   const char *name;
   World *world;
   int32_t width, height;
   double zoom, pitch;
 };
 
-const View views[] = {
+const Pose poses[] = {
     {"above", &tree, 800, 600, 20, 0},          {"tilted", &tree, 800, 600, 20, -0.4},
     {"large_above", &tree, 1280, 960, 20, 0},   {"large_tilted", &tree, 1280, 960, 20, -0.4},
     {"higher", &tree, 800, 600, 120, 0},        {"higher_tilted", &tree, 800, 600, 120, -0.4},
@@ -52,39 +53,19 @@ void draw_slabs(const World *world, PlotDraw draw) {
   glFinish();
 }
 
-// Knows from the line plot what lies outside.
-void processor(const World *world) {
-  line_lists(world->root, 1);
-  own_fixed_plot(world);
-}
-
-// One list a pass and slab, of all mazes that can be seen in it.
+// A list for each pass and slab, of all that the view shows.
 GLuint bare_list[2][2];
 GLuint bare_program[2];
 int bare_slab;
 
-void add_visible(const MazeView &view, MazeList *list, int pass) {
-  const MazePart &part = line_kind.parts[pass];
-  for (uint32_t k = 0; k < list->chunks.count; k++) {
-    const MazeChunk &chunk = rows<MazeChunk>(list->chunks)[k];
-    if (maze_view_shows(view, chunk.bounds))
-      part.draw(list->parts[pass], maze_chunk_begin(list, k, pass), chunk.body_end[pass],
-                list->halfwidth);
-  }
-  for (uint32_t i = 0; i < list->below.count; i++) {
-    const MazeBelow &below = rows<MazeBelow>(list->below)[i];
-    if (maze_view_shows(view, below.bounds)) add_visible(view, below.list, pass);
-  }
-}
-
 void bare_make(const World *world) {
-  const MazeView view = maze_view(world->root, line_kind, world);
   for (int which = 0; which < 2; which++) {
     GLuint &list = bare_list[bare_slab][which];
     if (list == 0) list = glGenLists(1);
     glNewList(list, GL_COMPILE);
     glBegin(GL_QUADS);
-    add_visible(view, line_lists(world->root, 1), which);
+    for (Maze *maze = world->root; maze != nullptr; maze = Maze_next(world->root, maze))
+      draw_cache_draw_immediate(maze, line_batch, which, 1, &view_current());
     glEnd();
     glEndList();
   }
@@ -92,43 +73,35 @@ void bare_make(const World *world) {
 }
 
 void bare_draw(const World *world) {
-  float projection[16];
-  glGetFloatv(GL_PROJECTION_MATRIX, projection);
   for (int which = 0; which < 2; which++) {
-    const auto location = [which](const char *name) {
-      return gl2.get_uniform_location(bare_program[which], name);
-    };
-    gl2.use_program(bare_program[which]);
-    gl2.uniform_matrix_4fv(location("proj"), 1, 0, projection);
-    gl2.uniform_3f(location("o"), static_cast<float>(world->camera.x),
-                   static_cast<float>(world->camera.y), static_cast<float>(world->camera.z));
-    gl2.uniform_1f(location("t"), static_cast<float>(world->time));
-    gl2.uniform_1f(location("r0"), -0.5F);
-    gl2.uniform_1f(location("r1"), 0.5F);
+    const GLuint program = bare_program[which];
+    program_use(program, view_current().projection);
+    program_set_vec3(program, "o", world->camera);
+    program_set_float(program, "t", world->time);
+    program_set_float(program, "r0", -0.5);
+    program_set_float(program, "r1", 0.5);
     glCallList(bare_list[bare_slab][which]);
   }
   gl2.use_program(0);
   bare_slab = !bare_slab;
 }
 
-void look(const View &view) {
-  gfx_resize(view.width, view.height);
-  town_look(view.world, view.world->cur, view.zoom, 0.3, view.pitch);
+void look(const Pose &pose) {
+  gfx_resize(pose.width, pose.height);
+  town_look(pose.world, pose.world->cur, pose.zoom, 0.3, pose.pitch);
 }
 
-void frames(benchmark::State &state, const View &view, PlotDraw draw, PlotDraw prepare) {
-  look(view);
-  if (prepare != nullptr) draw_slabs(view.world, prepare);
-  draw_slabs(view.world, draw);
+void frames(benchmark::State &state, const Pose &pose, PlotDraw draw, PlotDraw prepare) {
+  look(pose);
+  if (prepare != nullptr) draw_slabs(pose.world, prepare);
+  draw_slabs(pose.world, draw);
   for (auto _ : state)
-    draw_slabs(view.world, draw);
+    draw_slabs(pose.world, draw);
 }
 
 // What a step costs before the frame is drawn.
 void compile_ours() {
-  MazeList *lists = line_lists(disc.root, 1);
-  for (uint32_t k = 0; k < lists->chunks.count; k++)
-    maze_chunk_compile(lists, k);
+  draw_cache_compile(disc.root, line_batch, 1, &disc);
 }
 
 void step_ours(benchmark::State &state) {
@@ -139,19 +112,19 @@ void step_ours(benchmark::State &state) {
   }
 }
 
-void step_literal(benchmark::State &state) {
+void step_reference(benchmark::State &state) {
   const GLuint names[] = {glGenLists(1), glGenLists(1)};
   for (auto _ : state) {
     town_walk(&disc, 1);
     for (int which = 0; which < 2; which++)
-      literal_line_compile(disc.root, which, names[which]);
+      reference_line_compile(disc.root, which, names[which]);
   }
   for (const GLuint name : names)
     glDeleteLists(name, 1);
 }
 
 void first_frame(benchmark::State &state, PlotDraw draw) {
-  look(views[0]);
+  look(poses[0]);
   for (auto _ : state) {
     state.PauseTiming();
     World fresh = tree;
@@ -173,17 +146,18 @@ std::vector<uint32_t> picture(const World *world, PlotDraw draw) {
   return pixels;
 }
 
-// Both ways must draw the same, or their times mean nothing.
+// Both must draw the same, or their times mean nothing. The line plot comes first: the fixed plot
+// culls by its bounds.
 bool check_plots() {
-  constexpr PlotDraw pairs[][2] = {{literal_line_plot, own_line_plot},
-                                   {literal_ballstick_plot, own_ballstick_plot},
-                                   {literal_gantry_plot, own_gantry_plot},
-                                   {literal_voronoi_plot, own_voronoi_plot},
-                                   {literal_fixed_plot, processor}};
-  look(views[1]);
-  for (const auto &[literal, own] : pairs) {
-    if (picture(&tree, literal) == picture(&tree, own)) continue;
-    std::fprintf(stderr, "plot %td: the pictures differ\n", &literal - pairs[0]);
+  constexpr PlotDraw pairs[][2] = {{reference_line_plot, own_line_plot},
+                                   {reference_ballstick_plot, own_ballstick_plot},
+                                   {reference_gantry_plot, own_gantry_plot},
+                                   {reference_voronoi_plot, own_voronoi_plot},
+                                   {reference_fixed_plot, own_fixed_plot}};
+  look(poses[1]);
+  for (const auto &[reference, own] : pairs) {
+    if (picture(&tree, reference) == picture(&tree, own)) continue;
+    std::fprintf(stderr, "plot %td: the pictures differ\n", &reference - pairs[0]);
     return false;
   }
   return true;
@@ -214,46 +188,41 @@ void make_worlds() {
                maze_count(disc.root), glGetString(GL_RENDERER));
 }
 
-GLuint age_program(const char *vertex, const char *fragment) {
-  const char *const strings[] = {shader_agecolour, vertex};
-  return program_build(strings, 2, &fragment, 1, nullptr, nullptr, nullptr);
-}
-
-void add(const char *plot, const View &view, const char *who, PlotDraw draw,
+void add(const char *plot, const Pose &pose, const char *who, PlotDraw draw,
          PlotDraw prepare = nullptr) {
-  const std::string name = std::string(plot) + "_" + view.name + "/" + who;
-  benchmark::RegisterBenchmark(name.c_str(), frames, view, draw, prepare)
+  const std::string name = std::string(plot) + "_" + pose.name + "/" + who;
+  benchmark::RegisterBenchmark(name.c_str(), frames, pose, draw, prepare)
       ->Unit(benchmark::kMillisecond);
 }
 
 void add_all() {
-  for (const View &view : views) {
-    add("lines", view, "literal", literal_line_plot);
-    add("lines", view, "vorel", own_line_plot);
-    add("lines", view, "bare", bare_draw, bare_make);
-    if (view.zoom > 60) continue; // a picture of plates or balls from far above takes seconds
-    add("balls", view, "literal", literal_ballstick_plot);
-    add("balls", view, "vorel", own_ballstick_plot);
-    add("gantry", view, "literal", literal_gantry_plot);
-    add("gantry", view, "vorel", own_gantry_plot);
-    add("ground", view, "literal", literal_voronoi_plot);
-    add("ground", view, "vorel", own_voronoi_plot);
-    add("processor", view, "literal", literal_fixed_plot);
-    add("processor", view, "vorel", processor);
+  for (const Pose &pose : poses) {
+    add("lines", pose, "reference", reference_line_plot);
+    add("lines", pose, "vorel", own_line_plot);
+    add("lines", pose, "bare", bare_draw, bare_make);
+    if (pose.zoom > 60) continue; // a picture of plates or balls from far above takes seconds
+    add("balls", pose, "reference", reference_ballstick_plot);
+    add("balls", pose, "vorel", own_ballstick_plot);
+    add("gantry", pose, "reference", reference_gantry_plot);
+    add("gantry", pose, "vorel", own_gantry_plot);
+    add("ground", pose, "reference", reference_voronoi_plot);
+    add("ground", pose, "vorel", own_voronoi_plot);
+    add("processor", pose, "reference", reference_fixed_plot);
+    add("processor", pose, "vorel", own_fixed_plot, own_line_plot); // whose bounds it culls by
   }
   using benchmark::RegisterBenchmark;
-  RegisterBenchmark("step/literal", step_literal)->Unit(benchmark::kMillisecond);
+  RegisterBenchmark("step/reference", step_reference)->Unit(benchmark::kMillisecond);
   RegisterBenchmark("step/vorel", step_ours)->Unit(benchmark::kMillisecond);
   const auto add_first = [](const char *name, PlotDraw draw) {
     RegisterBenchmark(name, first_frame, draw)->Unit(benchmark::kMillisecond);
   };
-  add_first("first/literal", literal_line_plot);
+  add_first("first/reference", reference_line_plot);
   add_first("first/vorel", own_line_plot);
-  add_first("first_balls/literal", literal_ballstick_plot);
+  add_first("first_balls/reference", reference_ballstick_plot);
   add_first("first_balls/vorel", own_ballstick_plot);
-  add_first("first_gantry/literal", literal_gantry_plot);
+  add_first("first_gantry/reference", reference_gantry_plot);
   add_first("first_gantry/vorel", own_gantry_plot);
-  add_first("first_ground/literal", literal_voronoi_plot);
+  add_first("first_ground/reference", reference_voronoi_plot);
   add_first("first_ground/vorel", own_voronoi_plot);
 }
 
@@ -264,8 +233,10 @@ int main(int argc, char **argv) {
   projection_is_2d = 0;
   if (gfx_open(1280, 960, "bench") == 0) return 1;
   shader_procs_load();
-  bare_program[0] = age_program(shader_edge_vertex, shader_edge_fragment);
-  bare_program[1] = age_program(shader_node_vertex, shader_node_fragment);
+  bare_program[0] =
+      program_join(shader_agecolour, shader_edge_vertex, nullptr, shader_edge_fragment);
+  bare_program[1] =
+      program_join(shader_agecolour, shader_node_vertex, nullptr, shader_node_fragment);
   make_worlds();
   if (!check_plots()) return 1;
   add_all();

@@ -1,6 +1,6 @@
-// The cells of mazes against the literal cuts and against the Voronoi diagram of a general library,
-// which knows no walls, no height and no reach, all in one process on the same sites. Run by
-// scripts/bench.
+// The cells of mazes against their reference implementation and against the Voronoi diagram of a
+// general library, which knows no walls, heights or limits of distance, in one process on the same
+// sites. Run by scripts/bench.
 
 #include <benchmark/benchmark.h>
 
@@ -22,7 +22,7 @@
 #include "generate/transform.h"
 #include "render/voronoi_geometry.h"
 #include "support/random.h"
-#include "voronoi_literal.h"
+#include "voronoi_reference.h"
 
 namespace {
 
@@ -50,16 +50,17 @@ bool is_same(const VoronoiCorner &a, const VoronoiCorner &b) {
          std::abs(a.y - b.y) < 1e-9;
 }
 
-// Both ways must give the same cells, or their times mean nothing.
+// Both must give the same cells, or their times mean nothing.
 void check_cells(const std::string &name, Maze *maze) {
   voronoi_build(maze, 1);
-  const auto literal = literal_voronoi(maze, 1);
-  for (size_t i = 0; i < literal.size(); ++i) {
+  const auto reference = reference_voronoi(maze, 1);
+  for (size_t i = 0; i < reference.size(); ++i) {
     const GrowList &cell = rows<GrowList>(*voronoi_cells(maze))[i];
     const VoronoiCorner *corners = rows<VoronoiCorner>(cell);
-    if (std::equal(corners, corners + cell.count, literal[i].begin(), literal[i].end(), is_same))
+    if (std::equal(corners, corners + cell.count, reference[i].begin(), reference[i].end(),
+                   is_same))
       continue;
-    std::fprintf(stderr, "%s: the cell of node %zu is another one\n", name.c_str(), i);
+    std::fprintf(stderr, "%s: the cells of node %zu differ\n", name.c_str(), i);
     std::exit(1);
   }
 }
@@ -69,8 +70,9 @@ void measure_cells(const std::string &name, Maze *maze, bool flat) {
   Maze_scale(maze, 2.5, 0);
   check_cells(name, maze);
   measure(name + "/ours", [maze] { voronoi_build(maze, 1); });
-  measure(name + "/literal", [maze] { benchmark::DoNotOptimize(literal_voronoi(maze, 1).data()); });
-  if (!flat) return; // in space, sites that stand above one another are one to the library
+  measure(name + "/reference",
+          [maze] { benchmark::DoNotOptimize(reference_voronoi(maze, 1).data()); });
+  if (!flat) return; // to the library, sites above one another are one
   const auto *sites = new Sites(whole_sites(maze));
   measure(name + "/boost_polygon", [sites] {
     boost::polygon::voronoi_diagram<double> diagram;
@@ -91,7 +93,7 @@ Maze *generic_plane(int32_t side) {
 } // namespace
 
 int main(int argc, char **argv) {
-  // What is freed is kept and used again, so that no one's time goes into fetching pages.
+  // Freed memory is kept, so that no time goes into fetching pages.
   mallopt(M_MMAP_MAX, 0);
   mallopt(M_TRIM_THRESHOLD, INT_MAX);
   rand_seed(1);

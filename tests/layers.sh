@@ -1,9 +1,9 @@
-# The layers: a folder of src/ includes only from itself and from the folders before it, the first
+# The layers: a folder of src/ includes only from itself and from those before it, the first
 # four know no GL, and only files that are named after a system know one. Prints the lines of the
 # tests in relation to the source, without blank lines and comments.
 set -euo pipefail
 cd "$1/src"
-layers=(support maze generate world gfx text render app)
+layers=(support maze generate world gfx text render/gl render app)
 faults=0
 
 # forbid WHAT ALLOWED PATTERN PATH...: no line matches the pattern but those that are allowed.
@@ -14,7 +14,7 @@ forbid() {
   [ -z "$found" ] || faults=$((faults + 1))
 }
 
-[ "$(find . -mindepth 1 -maxdepth 1 -type d | wc -l)" -eq ${#layers[@]} ] || faults=1
+[ "$(find . -mindepth 1 -type d | wc -l)" -eq ${#layers[@]} ] || faults=1
 for i in "${!layers[@]}"; do
   below=$(IFS='|' && echo "${layers[*]:0:i+1}")
   forbid "a layer above" "include \"($below)/" '^ *# *include *"' "${layers[i]}"

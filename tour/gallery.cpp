@@ -15,7 +15,7 @@
 #include "gfx/texture.h"
 #include "maze/pos.h"
 #include "picture.h"
-#include "render/apply_view.h"
+#include "render/gl/view.h"
 #include "support/random.h"
 #include "world/camera.h"
 
@@ -73,7 +73,7 @@ void draw(Maze *root, Pos cur, Vec3 middle, double extent, const std::string &pa
   world.camera = middle + world.zoom * Mat3_row(world.view, 2);
   picture_begin();
   World_apply_view(&world);
-  stereo_scene(&world);
+  scene_draw(&world, 0, 0, 0);
   save(picture_take(), path);
 }
 

@@ -2,14 +2,10 @@
 
 #include "world/world.h"
 
-// Draws the World behind the pointer in two depth slabs, the far one first, and leaves a clean
-// depth buffer for what comes on top; one depth range can't hold both the node under the camera and
-// the far scenery. The projection is left with the near slab's depth.
-void stereo_scene(const void *world);
-
-// Draws it in a stereo mode (see gfx/stereo.h), with the setting "Stereo Depth".
+// Draws a frame of the world in a stereo mode (see gfx/stereo.h), with the setting "Stereo Depth".
 void scene_draw(const World *world, int32_t stereo_mode, int32_t stereo_swap, double stereo_depth);
 
-// The distance between the eyes, in world units, with which the point that the camera follows shows
-// without a difference; of the frame's shape and the setting "Stereo Depth".
-double stereo_eye_offset(const World *world, double stereo_depth);
+// Draws the World behind the pointer for one eye, within scene_draw. One depth range can't hold both
+// the node under the camera and the far scenery, so it draws two slabs, the far one first. The
+// projection keeps the depth range of the near slab; the depth buffer is cleared for the overlays.
+void stereo_scene(const void *world);

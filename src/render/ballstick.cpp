@@ -1,56 +1,49 @@
 #include "render/ballstick.h"
 
-#include "gfx/gl.h"
+#include "gfx/gl_colour.h"
 #include "maze/pos.h"
-#include "render/edge_colour.h"
-#include "render/maze_list.h"
-#include "render/shader_procs.h"
-#include "render/shader_program.h"
+#include "render/gl/draw_cache.h"
+#include "render/gl/edge_colour.h"
+#include "render/gl/immediate.h"
+#include "render/gl/shader_program.h"
+#include "render/gl/shaderprocs.h"
 #include "render/shader_text.h"
-#include "support/colour.h"
-#include "world/move.h"
 
 namespace {
 
 constexpr int32_t chunk_nodes = 256;
 
 constexpr double marker_size = 1.5; // in half-widths of the user's level
-constexpr float light_colour = 5.0F;
+constexpr double light_brightness = 5.0;
 
 GLuint ball_program;
 GLuint ball_unlit_program;
 GLuint stick_program;
-
-GLuint body_program(const char *vertex, const char *fragment) {
-  const char *const fragment_strings[] = {shader_lighting, fragment};
-  return program_build(&vertex, 1, fragment_strings, 2, nullptr, nullptr, nullptr);
-}
 
 struct Ball {
   Vec3f centre;
   uint32_t colour;
 };
 
-// An edge of which one maze has the lesser end p; `axis` is q - p.
+// An edge that this maze draws, since its end p comes first (Pos_before).
 struct Stick {
-  Vec3f p, axis;
+  Vec3f p, to_q;
   uint32_t colour;
 };
 
 static_assert(sizeof(Ball) == 16 && sizeof(Stick) == 28); // no padding
 
-void collect_balls(const MazeRun &run, GrowList *parts, Box *box) {
-  for (int32_t i = run.end - 1; i >= run.first; i--) {
-    const MazeNode &node = maze_nodes(run.maze)[i];
+void collect_balls(const CollectInput &input, GrowList *streams, Box *box) {
+  for (int32_t i = input.nodes.end - 1; i >= input.nodes.first; i--) {
+    const MazeNode &node = maze_nodes(input.maze)[i];
     if (node.submaze != nullptr) continue;
     const Ball ball = {rounded(node_position(node)),
-                       edge_colour(node.self.colour, {run.maze, i}, Pos_null)};
-    GrowList_append(&parts[0], &ball);
-    Box_add_ball(box, node_position(node), run.maze->halfwidth);
+                       edge_colour(node.self.colour, {input.maze, i}, Pos_null)};
+    GrowList_append(&streams[0], &ball);
+    box_add_ball(box, node_position(node), input.maze->halfwidth);
   }
 }
 
-// The sticks of a plain node, of which it is the lesser end.
 void node_sticks(Pos here, GrowList *sticks, Box *box) {
   const Vec3 p = Pos_position(here);
   Pos ends[pos_max_edges];
@@ -60,96 +53,78 @@ void node_sticks(Pos here, GrowList *sticks, Box *box) {
     const Vec3 q = Pos_position(ends[e]);
     const Stick stick = {rounded(p), rounded(q - p), edge_colour(edges[e].colour, here, ends[e])};
     GrowList_append(sticks, &stick);
-    Box_add_ball(box, p, here.maze->halfwidth);
-    Box_add_ball(box, q, here.maze->halfwidth);
+    box_add_ball(box, p, here.maze->halfwidth);
+    box_add_ball(box, q, here.maze->halfwidth);
   }
 }
 
-void collect_sticks(const MazeRun &run, GrowList *parts, Box *box) {
-  for (int32_t i = run.end - 1; i >= run.first; i--) {
-    if (maze_nodes(run.maze)[i].submaze == nullptr) node_sticks({run.maze, i}, &parts[0], box);
-  }
-}
-
-// The quad that the shaders lay over a ball, or over a stick that begins at `place`.
-void body(Vec3f place, double radius) {
-  glTexCoord4f(place.x, place.y, place.z, static_cast<float>(radius));
-  glVertex2f(-1, -1);
-  glVertex2f(-1, 1);
-  glVertex2f(1, 1);
-  glVertex2f(1, -1);
-}
-
-void set_colour(uint32_t colour) {
-  glColor4ub(colour_red(colour), colour_green(colour), colour_blue(colour), 255);
+void collect_sticks(const CollectInput &input, GrowList *streams, Box *box) {
+  for (int32_t i = input.nodes.end - 1; i >= input.nodes.first; i--)
+    if (maze_nodes(input.maze)[i].submaze == nullptr)
+      node_sticks({input.maze, i}, &streams[0], box);
 }
 
 void draw_balls(const GrowList &balls, uint32_t first, uint32_t end, double radius) {
   for (uint32_t i = first; i < end; i++) {
     const Ball &ball = rows<Ball>(balls)[i];
-    set_colour(ball.colour);
-    body(ball.centre, radius);
+    gl_colour(ball.colour);
+    send_shader_quad(ball.centre, radius);
   }
 }
 
 void draw_sticks(const GrowList &sticks, uint32_t first, uint32_t end, double radius) {
   for (uint32_t i = first; i < end; i++) {
     const Stick &stick = rows<Stick>(sticks)[i];
-    set_colour(stick.colour);
-    glNormal3f(stick.axis.x, stick.axis.y, stick.axis.z);
-    body(stick.p, radius);
+    gl_colour(stick.colour);
+    send_normal(stick.to_q);
+    send_shader_quad(stick.p, radius);
   }
 }
 
-constexpr MazeListKind ball_kind = {.name = "ballstick_ballslist",
-                                    .collect = collect_balls,
-                                    .parts = {{sizeof(Ball), GL_QUADS, draw_balls}},
-                                    .chunk = chunk_nodes};
+constexpr PlotBatch ball_batch = {.name = "ballstick_ballslist",
+                                  .collect = collect_balls,
+                                  .streams = {{sizeof(Ball), GL_QUADS, draw_balls}},
+                                  .chunk_nodes = chunk_nodes};
 
-// A stick's quad reaches far beyond it, through planes of depth too that the stick doesn't meet.
-constexpr MazeListKind stick_kind = {.name = "ballstick_stickslist",
-                                     .collect = collect_sticks,
-                                     .parts = {{sizeof(Stick), GL_QUADS, draw_sticks}},
-                                     .chunk = chunk_nodes,
-                                     .planes = sight_sides};
+// A stick's quad extends far beyond it, also through planes of depth that the stick doesn't meet.
+constexpr PlotBatch stick_batch = {.name = "ballstick_stickslist",
+                                   .collect = collect_sticks,
+                                   .streams = {{sizeof(Stick), GL_QUADS, draw_sticks}},
+                                   .chunk_nodes = chunk_nodes,
+                                   .cull_planes = frustum_side_planes};
 
-void use_program(GLuint program, const float *projection) {
-  gl2.use_program(program);
-  gl2.uniform_matrix_4fv(gl2.get_uniform_location(program, "proj"), 1, 0, projection);
+void draw_pass(GLuint program, const PlotBatch &batch, Maze *root, const View &view,
+               double brightness) {
+  program_use(program, view.projection);
+  program_set_light(program, view.followed, brightness);
+  draw_cache_draw(root, batch, 0, 1, view);
 }
 
-void use_lit_program(GLuint program, const float *projection, Vec3 lamp, float brightness) {
-  use_program(program, projection);
-  gl2.uniform_3f(gl2.get_uniform_location(program, "lpos0"), static_cast<float>(lamp.x),
-                 static_cast<float>(lamp.y), static_cast<float>(lamp.z));
-  gl2.uniform_3f(gl2.get_uniform_location(program, "lcol0"), brightness, brightness, brightness);
-}
-
-// Shaded by the fixed lights alone, or the lamp itself.
-void draw_marker(const World *world, Vec3 place, const float *projection, int32_t light) {
-  use_program(light != 0 ? ball_unlit_program : ball_program, projection);
+// The marker is the user's light itself, or is lit by the fixed lights alone.
+void draw_marker(const View &view, int32_t light) {
+  program_use(light != 0 ? ball_unlit_program : ball_program, view.projection);
   glBegin(GL_QUADS);
   glColor3f(1, 1, 1);
-  body(rounded(place), marker_size * world->cur.maze->halfwidth);
+  send_shader_quad(rounded(view.followed), marker_size * view.world->cur.maze->halfwidth);
   glEnd();
+}
+
+void build_programs() {
+  ball_program = program_join(nullptr, shader_ball_vertex, shader_lighting, shader_ball_fragment);
+  ball_unlit_program =
+      program_join(nullptr, shader_ball_vertex, shader_lighting, shader_ball_unlit_fragment);
+  stick_program =
+      program_join(nullptr, shader_stick_vertex, shader_lighting, shader_stick_fragment);
 }
 
 } // namespace
 
 void ballstick_plot(Maze *root, const World *world, int32_t light) {
-  if (ball_program == 0) {
-    ball_program = body_program(shader_ball_vertex, shader_ball_fragment);
-    ball_unlit_program = body_program(shader_ball_vertex, shader_ball_unlit_fragment);
-    stick_program = body_program(shader_stick_vertex, shader_stick_fragment);
-  }
-  const Vec3 user = World_follow_point(world);
-  const float brightness = light != 0 ? light_colour : 0.0F;
-  float projection[16];
-  glGetFloatv(GL_PROJECTION_MATRIX, projection);
-  use_lit_program(ball_program, projection, user, brightness);
-  maze_list_call(root, ball_kind, 0, 1, world);
-  draw_marker(world, user, projection, light);
-  use_lit_program(stick_program, projection, user, brightness);
-  maze_list_call(root, stick_kind, 0, 1, world);
+  const View &view = view_of(world);
+  const double brightness = light != 0 ? light_brightness : 0.0;
+  if (ball_program == 0) build_programs();
+  draw_pass(ball_program, ball_batch, root, view, brightness);
+  draw_marker(view, light);
+  draw_pass(stick_program, stick_batch, root, view, brightness);
   gl2.use_program(0);
 }

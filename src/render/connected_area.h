@@ -2,7 +2,7 @@
 
 #include "world/world.h"
 
-// Lays the part of the current maze that can be reached from the current node over the picture,
-// alone and not the mazes in it, as the fixed plot would draw it if all of it were blue: a visit
-// and a broken border still show.
+// Draws the part of the current maze that can be reached from the current node, blended over the
+// picture, as the fixed plot would draw it if it were all blue. Ages and a broken border still
+// show. Submazes are left out.
 void connected_area_overlay(const World *world);

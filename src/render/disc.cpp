@@ -4,24 +4,20 @@
 #include <cmath>
 #include <numbers>
 
-#include "gfx/gl.h"
+#include "gfx/gl_colour.h"
 #include "gfx/window.h"
-#include "support/colour.h"
+#include "render/gl/immediate.h"
 
 namespace {
 
-constexpr double most_segments = 1000.0; // with the eye on the disc it would be infinitely many
+constexpr double max_segments = 1000.0; // with the eye on the disc it would be infinite
 
-// About five segments for the root of each pixel of the radius.
+// Five times the square root of the radius in pixels, roughly.
 int32_t segments(double radius, double distance) {
   const int32_t quarter_height = screen_height / 4;
   const double pixels = radius * quarter_height / distance;
   const double count = 5.0 * std::sqrt(pixels);
-  return count >= 1.0 ? static_cast<int32_t>(std::min(count, most_segments)) : 0;
-}
-
-void vertex(Vec3 place) {
-  glVertex3d(place.x, place.y, place.z);
+  return count >= 1.0 ? static_cast<int32_t>(std::min(count, max_segments)) : 0;
 }
 
 } // namespace
@@ -38,11 +34,11 @@ void fan_disc(Vec3 centre, double radius, uint32_t colour, Vec3 eye) {
   Vec3 a, b;
   perpendicular_pair(centre - eye, &a, &b);
   glBegin(GL_TRIANGLE_FAN);
-  glColor3ub(colour_red(colour), colour_green(colour), colour_blue(colour));
-  vertex(centre);
+  gl_colour(colour);
+  send_vertex(centre);
   for (int32_t m = 0; m <= n; m++) {
     const double angle = 2.0 * std::numbers::pi * m / n;
-    vertex(centre + radius * (std::sin(angle) * a + std::cos(angle) * b));
+    send_vertex(centre + radius * (std::sin(angle) * a + std::cos(angle) * b));
   }
   glEnd();
 }

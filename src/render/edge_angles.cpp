@@ -87,7 +87,7 @@ void build_node(Pos here, EdgeAngleRec *recs) {
   const int32_t count = Pos_alledges(here.maze, here.node, ends, nullptr);
   for (int32_t k = count - 1; k >= 0; k--) {
     const Vec3 d = Pos_position(ends[k]) - p;
-    ways[k] = level_direction(d);
+    ways[k] = horizontal_direction(d);
     recs[k] = {};
     recs[k].index = k;
     recs[k].backindex = find_back(here, ends[k]);
@@ -102,7 +102,7 @@ void build_node(Pos here, EdgeAngleRec *recs) {
 
 } // namespace
 
-Vec3 level_direction(Vec3 d) {
+Vec3 horizontal_direction(Vec3 d) {
   const double size = std::hypot(d.x, d.y);
   if (size == 0) return {0, 0, 0};
   return {d.x / size, d.y / size, 0};

@@ -27,4 +27,4 @@ const EdgeAngleRec *edgeanglerecs(Maze *maze);
 const EdgeAngleRec *edgeanglerecs_build(Maze *maze);
 
 // The direction of d in the x-y plane, of length 1; zero if d is upright.
-Vec3 level_direction(Vec3 d);
+Vec3 horizontal_direction(Vec3 d);

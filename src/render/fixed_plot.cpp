@@ -3,31 +3,30 @@
 #include <vector>
 
 #include "generate/transform.h"
-#include "gfx/gl.h"
+#include "gfx/gl_colour.h"
 #include "gfx/gl_util.h"
 #include "maze/pos.h"
 #include "render/disc.h"
-#include "render/edge_colour.h"
-#include "render/line_lists.h"
+#include "render/gl/draw_cache.h"
+#include "render/gl/edge_colour.h"
+#include "render/gl/immediate.h"
+#include "render/gl/shader_program.h"
+#include "render/gl/shaderprocs.h"
+#include "render/line_plot.h"
 #include "render/maze_label.h"
 #include "render/plot.h"
-#include "render/shader_procs.h"
-#include "render/shader_program.h"
 #include "render/shader_text.h"
-#include "support/colour.h"
 
 namespace {
 
-constexpr double far_limit = 100.0; // from the eye, world units
-constexpr double inner_part = 0.6;  // of the half-width, for the inner band and disc
-constexpr double disc_before = 1.5; // half-widths by which a node's dark disc stands forward
-constexpr double reach = 2.5; // half-widths by which anything drawn reaches out of places, at most
+constexpr double far_limit = 100.0; // from the camera, world units
+
+// In half-widths:
+constexpr double inner_part = 0.6;  // of the inner band and disc
+constexpr double disc_before = 1.5; // from a node to its dark disc, towards the camera
+constexpr double max_reach = 2.5;   // from nodes and edges to anything that is drawn of them
 
 GLuint disc_program;
-
-void set_colour(uint32_t colour) {
-  glColor3ub(colour_red(colour), colour_green(colour), colour_blue(colour));
-}
 
 uint32_t lighter(uint32_t colour) {
   return colour_adjust(colour, 0x40, 0x40, 0x40);
@@ -37,22 +36,17 @@ uint32_t darker(uint32_t colour) {
   return colour_adjust(colour, -0x40, -0x40, -0x40);
 }
 
-void vertex(Vec3 place) {
-  const Vec3f p = rounded(place);
-  glVertex3f(p.x, p.y, p.z);
+// A NaN distance is neither near nor far.
+bool is_near(Vec3 place, Vec3 eye) {
+  return length(place - eye) < far_limit;
 }
 
-// Places whose distance is no number are neither.
-bool is_near(Vec3 place, const World *world) {
-  return length(place - world->camera) < far_limit;
+bool is_far(Vec3 place, Vec3 eye) {
+  return length(place - eye) >= far_limit;
 }
 
-bool is_far(Vec3 place, const World *world) {
-  return length(place - world->camera) >= far_limit;
-}
-
-// The inner band stands towards the eye and the outer two behind, so that of two ribbons that cross
-// both keep their dark cores.
+// Draws the inner band nearer to the camera than the outer two, so that where two ribbons cross,
+// both dark cores stay visible.
 void ribbon(Vec3 p, Vec3 q, Vec3 eye, double halfwidth, uint32_t colour) {
   const Vec3 side = unit(cross(q - p, eye - p));
   const Vec3 towards = unit(eye - p) * halfwidth;
@@ -62,145 +56,123 @@ void ribbon(Vec3 p, Vec3 q, Vec3 eye, double halfwidth, uint32_t colour) {
     const Vec3 raised = inner ? towards : towards * -1.0;
     const Vec3 low = raised + side * bounds[band];
     const Vec3 high = raised + side * bounds[band + 1];
-    set_colour(inner ? darker(colour) : lighter(colour));
-    vertex(q + high);
-    vertex(p + high);
-    vertex(p + low);
-    vertex(q + low);
+    gl_colour(inner ? darker(colour) : lighter(colour));
+    send_vertex(rounded(q + high));
+    send_vertex(rounded(p + high));
+    send_vertex(rounded(p + low));
+    send_vertex(rounded(q + low));
   }
 }
 
-// The edges of which a node is the lesser end: as ribbons between GL_QUADS, as lines between
-// GL_LINES.
-void node_edges(Pos here, const World *world, int32_t all_levels, bool as_ribbons) {
+// Sends the edges that a node draws, those to ends that come after it (Pos_before): as ribbons
+// within GL_QUADS, or as lines within GL_LINES.
+void node_edges(Pos here, const View &view, int32_t all_levels, bool as_ribbons) {
   Pos ends[pos_max_edges];
   MazeEdge edges[pos_max_edges];
   const Vec3 p = Pos_position(here);
   for (int32_t e = Pos_edges(here.maze, here.node, all_levels, ends, edges) - 1; e >= 0; e--) {
     if (!Pos_before(here, ends[e])) continue;
-    const uint32_t colour = visit_colour(edges[e], here, ends[e], world);
+    const uint32_t colour = visit_colour(edges[e], here, ends[e], view.world);
     const Vec3 q = Pos_position(ends[e]);
     if (as_ribbons) {
-      ribbon(p, q, world->camera, here.maze->halfwidth, colour);
+      ribbon(p, q, view.camera, here.maze->halfwidth, colour);
     } else {
-      set_colour(lighter(colour));
-      vertex(p);
-      vertex(q);
+      gl_colour(lighter(colour));
+      send_vertex(rounded(p));
+      send_vertex(rounded(q));
     }
   }
 }
 
-// The user's node is white. The small disc's centre and radius are numbers of single precision.
-void node_discs(Pos here, const World *world) {
+// The user's node is white. The small disc is computed in single precision.
+void node_discs(Pos here, const View &view) {
   const Vec3 p = Pos_position(here);
-  const Vec3 eye = world->camera;
   const double halfwidth = here.maze->halfwidth;
-  const Vec3 towards = unit(eye - p) * halfwidth;
+  const Vec3 towards = unit(view.camera - p) * halfwidth;
   const uint32_t colour =
-      visit_colour(maze_nodes(here.maze)[here.node].self, here, Pos_null, world);
-  const bool user = Pos_equal(here, world->cur);
-  billboard_disc(p - towards, halfwidth, user ? colour_white : lighter(colour), eye);
+      visit_colour(maze_nodes(here.maze)[here.node].self, here, Pos_null, view.world);
+  const bool user = Pos_equal(here, view.world->cur);
+  billboard_disc(p - towards, halfwidth, user ? colour_white : lighter(colour), view.camera);
   billboard_disc(single_precision(p + towards * disc_before),
                  static_cast<float>(inner_part * halfwidth), user ? colour_white : darker(colour),
-                 eye);
+                 view.camera);
 }
 
 bool is_plain(Pos pos) {
   return maze_nodes(pos.maze)[pos.node].submaze == nullptr;
 }
 
-// Some of a maze's nodes, from `first` to before `end`.
-struct Run {
-  int32_t first, end;
-};
+using NodeRanges = std::vector<NodeRange>;
 
-// What of a maze may come into sight, last nodes first. The line plot knows where things lie; all
-// else has to be drawn.
-GrowList runs_in_sight(const Maze *maze, const MazeList *lists, const Sight &sight) {
-  GrowList runs;
-  GrowList_init(&runs, sizeof(Run));
-  if (lists == nullptr) {
-    const Run whole = {0, maze_count(maze)};
-    GrowList_append(&runs, &whole);
-    return runs;
-  }
-  for (uint32_t k = 0; k < lists->chunks.count; k++) {
-    const MazeChunk &chunk = rows<MazeChunk>(lists->chunks)[k];
-    const Run run = {chunk.first, chunk.end};
-    if (!Sight_excludes(sight, line_chunk_places(lists, k), reach * maze->halfwidth, sight_planes))
-      GrowList_append(&runs, &run);
-  }
-  return runs;
+// The nodes of a maze that may be visible, last first: those that the line plot's cache doesn't
+// cull, or all where there is no cache.
+NodeRanges visible_nodes(const Maze *maze, const DrawCache *cache, const Frustum &frustum) {
+  NodeRanges ranges;
+  if (cache == nullptr)
+    ranges.push_back({0, maze_count(maze)});
+  else
+    draw_cache_visible_nodes(cache, frustum, max_reach * maze->halfwidth, &ranges);
+  return ranges;
 }
 
-// Calls `draw` for the plain nodes of the runs that are near, or that are far, last nodes first.
+// Calls `draw` for the plain nodes that are near, or that are far, last nodes first.
 template <typename Draw>
-void each_plain(Maze *maze, const GrowList &runs, bool (*at)(Vec3, const World *),
-                const World *world, Draw draw) {
-  for (uint32_t k = 0; k < runs.count; k++) {
-    const Run run = rows<Run>(runs)[k];
-    for (int32_t i = run.end - 1; i >= run.first; i--) {
+void each_plain(Maze *maze, const NodeRanges &ranges, bool (*is_in_reach)(Vec3, Vec3), Vec3 eye,
+                Draw draw) {
+  for (const NodeRange nodes : ranges) {
+    for (int32_t i = nodes.end - 1; i >= nodes.first; i--) {
       const Pos here = {maze, i};
-      if (is_plain(here) && at(Pos_position(here), world)) draw(here);
+      if (is_plain(here) && is_in_reach(Pos_position(here), eye)) draw(here);
     }
   }
 }
 
-void ribbon_pass(Maze *maze, const GrowList &runs, const World *world, int32_t all_levels) {
+void ribbon_pass(Maze *maze, const NodeRanges &ranges, const View &view, int32_t all_levels) {
   glBegin(GL_QUADS);
-  each_plain(maze, runs, is_near, world,
-             [&](Pos here) { node_edges(here, world, all_levels, true); });
+  each_plain(maze, ranges, is_near, view.camera,
+             [&](Pos here) { node_edges(here, view, all_levels, true); });
   glEnd();
 }
 
-void disc_pass(Maze *maze, const GrowList &runs, const World *world) {
-  if (disc_program == 0) {
-    disc_program =
-        program_build(&shader_disc_vertex, 1, &shader_disc_fragment, 1, nullptr, nullptr, nullptr);
-  }
+void disc_pass(Maze *maze, const NodeRanges &ranges, const View &view) {
+  if (disc_program == 0)
+    disc_program = program_join(nullptr, shader_disc_vertex, nullptr, shader_disc_fragment);
   gl2.use_program(disc_program);
   glBegin(GL_QUADS);
-  each_plain(maze, runs, is_near, world, [&](Pos here) { node_discs(here, world); });
+  each_plain(maze, ranges, is_near, view.camera, [&](Pos here) { node_discs(here, view); });
   glEnd();
   gl2.use_program(0);
 }
 
-void line_pass(Maze *maze, const GrowList &runs, const World *world, int32_t all_levels) {
+void line_pass(Maze *maze, const NodeRanges &ranges, const View &view, int32_t all_levels) {
   if (plot_smooth_lines != 0) smooth_lines_on(0, 1.5F);
   glBegin(GL_LINES);
-  each_plain(maze, runs, is_far, world,
-             [&](Pos here) { node_edges(here, world, all_levels, false); });
+  each_plain(maze, ranges, is_far, view.camera,
+             [&](Pos here) { node_edges(here, view, all_levels, false); });
   glEnd();
   if (plot_smooth_lines != 0) smooth_lines_off();
 }
 
-void plot_maze(Maze *maze, const MazeList *lists, const World *world, int32_t all_levels,
-               const Sight &sight) {
-  GrowList runs = runs_in_sight(maze, lists, sight);
-  if (runs.count > 0) {
-    ribbon_pass(maze, runs, world, all_levels);
-    disc_pass(maze, runs, world);
-    line_pass(maze, runs, world, all_levels);
-  }
-  GrowList_free(&runs);
+void plot_maze(Maze *maze, const DrawCache *cache, const View &view, int32_t all_levels) {
+  const NodeRanges ranges = visible_nodes(maze, cache, view.frustum);
+  if (ranges.empty()) return;
+  ribbon_pass(maze, ranges, view, all_levels);
+  disc_pass(maze, ranges, view);
+  line_pass(maze, ranges, view, all_levels);
 }
 
-// Puts the mazes that a maze holds on the stack, the last holder's on top.
-void push_below(const Maze *maze, const MazeList *lists, std::vector<Maze *> *stack) {
-  if (lists != nullptr) { // no nodes to look through
-    for (uint32_t i = lists->below.count; i-- > 0;)
-      stack->push_back(rows<MazeBelow>(lists->below)[i].maze);
-    return;
-  }
+// Appends the mazes that a maze holds, first holder first.
+void push_submazes(const Maze *maze, const DrawCache *cache, std::vector<Maze *> *stack) {
+  if (cache != nullptr) return draw_cache_submazes(cache, stack);
   for (int32_t i = 0; i < maze_count(maze); i++)
     if (Maze *submaze = maze_nodes(maze)[i].submaze) stack->push_back(submaze);
 }
 
-// Labels the mazes of a tree, which come in the order of Maze_next. The first name computes the
-// bounds of all mazes below it at once.
+// Labels the mazes of a tree, which are passed in the order of Maze_next. The first name computes
+// the bounds of all mazes below it at once.
 struct Labels {
   std::vector<TreeBounds> bounds;
-  size_t next; // of these, the box of the next maze
+  size_t next; // row of the next maze
 };
 
 void label(Labels *labels, const Maze *maze) {
@@ -218,25 +190,24 @@ void billboard_disc(Vec3 centre, double radius, uint32_t colour, Vec3 eye) {
   perpendicular_pair(centre - eye, &a, &b);
   a = a * radius;
   b = b * radius;
-  set_colour(colour);
+  gl_colour(colour);
   glTexCoord4f(static_cast<float>(centre.x), static_cast<float>(centre.y),
                static_cast<float>(centre.z), static_cast<float>(radius));
   const Vec3 corners[] = {centre - a - b, centre + b - a, centre + a + b, centre + a - b};
-  for (const Vec3 corner : corners) {
-    glVertex3d(corner.x, corner.y, corner.z);
-  }
+  for (const Vec3 corner : corners)
+    send_vertex(corner);
 }
 
 void fixed_plot(Maze *root, const World *world, int32_t all_levels) {
-  const Sight sight = sight_now();
+  const View &view = view_of(world);
   Labels labels = {{}, 0};
   std::vector<Maze *> stack = {root};
   while (!stack.empty()) {
     Maze *maze = stack.back();
     stack.pop_back();
-    const MazeList *lists = all_levels != 0 ? line_lists_known(maze) : nullptr;
+    const DrawCache *cache = all_levels != 0 ? draw_cache_find(maze, line_batch) : nullptr;
     label(&labels, maze);
-    plot_maze(maze, lists, world, all_levels, sight);
-    if (all_levels != 0) push_below(maze, lists, &stack);
+    plot_maze(maze, cache, view, all_levels);
+    if (all_levels != 0) push_submazes(maze, cache, &stack);
   }
 }

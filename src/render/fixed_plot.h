@@ -5,17 +5,18 @@
 #include "maze/maze.h"
 #include "world/world.h"
 
-// The plot that is computed anew in each frame, for what it shows and not for speed: colours are up
-// to the moment, with the trails of the Roamers. Edges near the eye are ribbons of three bands and
-// nodes a large disc behind a small one; from a distance of 100 on edges are lines and nodes not
-// drawn. The distance is that of the node that draws, which for an edge is its lesser end.
+// The plot that is computed in each frame, for what it shows and not for speed: its colours are up
+// to date and include the trails of the Roamers. Edges near the camera are ribbons of three bands
+// and nodes a large disc behind a small one; from a distance of 100 on edges are lines, and nodes
+// are not drawn. The distance is that of the node that draws the edge (Pos_before).
 
-// Draws a maze, and with `all_levels` all below it too, each with its name above it. Without, edges
-// are those of the maze's own rows.
+// Draws a maze, and with `all_levels` all below it, each with its name above it. Without it, edges
+// are those of the maze's own table. Culls nodes with the bounds of the line plot's caches, where
+// they are built.
 void fixed_plot(Maze *root, const World *world, int32_t all_levels);
 
-// A disc at right angles to the direction of the eye, within GL_QUADS under the program of discs.
-// Nothing is seen of it where the eye is its centre.
+// Sends a disc that faces the eye, within GL_QUADS and under the program of discs. Nothing shows
+// if the eye is at its centre.
 void billboard_disc(Vec3 centre, double radius, uint32_t colour, Vec3 eye);
 
 // Rounds a place to single precision. The variables are volatile because GCC 12 drops the

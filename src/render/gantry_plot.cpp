@@ -2,25 +2,24 @@
 
 #include <cmath>
 
-#include "gfx/gl.h"
+#include "gfx/gl_colour.h"
 #include "maze/pos.h"
 #include "render/edge_angles.h"
-#include "render/edge_colour.h"
 #include "render/gantry_texture.h"
-#include "render/maze_list.h"
-#include "render/shader_procs.h"
-#include "render/shader_program.h"
+#include "render/gl/draw_cache.h"
+#include "render/gl/edge_colour.h"
+#include "render/gl/immediate.h"
+#include "render/gl/shader_program.h"
+#include "render/gl/shaderprocs.h"
 #include "render/shader_text.h"
-#include "support/colour.h"
-#include "world/move.h"
 
 namespace {
 
 constexpr int32_t chunk_nodes = 256;
 
-constexpr double repeats = 20.0;         // of the texture in a world unit
-constexpr double light_height = 1.0;     // of the user's light above him, world units
-constexpr float light_brightness = 5.0F; // of each channel, at a distance of 1
+constexpr double texture_repeats = 20.0; // per world unit
+constexpr double light_height = 1.0;     // of the user's light above the user, world units
+constexpr double light_brightness = 5.0;
 
 GLuint gantry_program;
 GLuint colour_texture;
@@ -29,7 +28,7 @@ GLuint normal_texture;
 // Of a road that goes along d and lies level from side to side; upward unless the road is upright,
 // which has none.
 Vec3 road_normal(Vec3 d) {
-  const Vec3 way = level_direction(d);
+  const Vec3 way = horizontal_direction(d);
   return unit(cross({way.y, -way.x, 0}, d));
 }
 
@@ -68,8 +67,9 @@ static_assert(sizeof(Road) == 100 && sizeof(Wedge) == 56); // no padding
 
 // `s` and `t` are world units along the plate.
 Corner corner(double s, double t, Vec3 place, Box *box) {
-  Box_add(box, place);
-  return {static_cast<float>(repeats * s), static_cast<float>(repeats * t), rounded(place)};
+  box_add(box, place);
+  return {static_cast<float>(texture_repeats * s), static_cast<float>(texture_repeats * t),
+          rounded(place)};
 }
 
 // From p to q with the corners `here` at p and `there`, as seen from there, at q.
@@ -93,14 +93,14 @@ const EdgeAngleRec *node_recs(const EdgeAngleRec *recs, int32_t node) {
 // The texture lies in a hub as on a flat floor, at the scale of the roads.
 Wedge wedge(Vec3 p, const EdgeAngleRec &rec, uint32_t colour, Box *box) {
   const Vec3 right = rec.corner2, left = rec.corner1;
-  Box_add(box, p);
+  box_add(box, p);
   return {rounded(p),
           colour,
           {corner(right.x, right.y, p + right, box), corner(left.x, left.y, p + left, box)}};
 }
 
 // `recs` are those of the whole maze.
-void collect_node(Pos here, const EdgeAngleRec *recs, GrowList *parts, Box *box) {
+void collect_node(Pos here, const EdgeAngleRec *recs, GrowList *streams, Box *box) {
   const Vec3 p = Pos_position(here);
   const uint32_t own = edge_colour(maze_nodes(here.maze)[here.node].self.colour, here, Pos_null);
   Pos ends[pos_max_edges];
@@ -108,36 +108,33 @@ void collect_node(Pos here, const EdgeAngleRec *recs, GrowList *parts, Box *box)
   for (int32_t e = Pos_alledges(here.maze, here.node, ends, edges) - 1; e >= 0; e--) {
     const EdgeAngleRec &rec = node_recs(recs, here.node)[e];
     const Wedge plate = wedge(p, rec, own, box);
-    GrowList_append(&parts[1], &plate);
+    GrowList_append(&streams[1], &plate);
     if (!Pos_before(here, ends[e]) || rec.backindex < 0) continue; // no way back, no corners
     const EdgeAngleRec *there = ends[e].maze == here.maze ? recs : edgeanglerecs(ends[e].maze);
     const Road way =
         road(p, Pos_position(ends[e]), rec, node_recs(there, ends[e].node)[rec.backindex],
              here.maze->halfwidth, edge_colour(edges[e].colour, here, ends[e]), box);
-    GrowList_append(&parts[0], &way);
+    GrowList_append(&streams[0], &way);
   }
 }
 
-void collect(const MazeRun &run, GrowList *parts, Box *box) {
-  const EdgeAngleRec *recs = edgeanglerecs(run.maze);
-  for (int32_t i = run.end - 1; i >= run.first; i--)
-    if (maze_nodes(run.maze)[i].submaze == nullptr) collect_node({run.maze, i}, recs, parts, box);
-}
-
-void set_colour(uint32_t colour) {
-  glColor4ub(colour_red(colour), colour_green(colour), colour_blue(colour), 255);
+void collect(const CollectInput &input, GrowList *streams, Box *box) {
+  const EdgeAngleRec *recs = edgeanglerecs(input.maze);
+  for (int32_t i = input.nodes.end - 1; i >= input.nodes.first; i--)
+    if (maze_nodes(input.maze)[i].submaze == nullptr)
+      collect_node({input.maze, i}, recs, streams, box);
 }
 
 void plate_vertex(const Corner &corner, float angle) {
   glTexCoord3f(corner.s, corner.t, angle);
-  glVertex3f(corner.place.x, corner.place.y, corner.place.z);
+  send_vertex(corner.place);
 }
 
 void draw_roads(const GrowList &roads, uint32_t first, uint32_t end, double) {
   for (uint32_t i = first; i < end; i++) {
     const Road &r = rows<Road>(roads)[i];
-    set_colour(r.colour);
-    glNormal3f(r.normal.x, r.normal.y, r.normal.z);
+    gl_colour(r.colour);
+    send_normal(r.normal);
     for (const Corner &corner : r.corners)
       plate_vertex(corner, r.angle);
   }
@@ -147,25 +144,20 @@ void draw_wedges(const GrowList &wedges, uint32_t first, uint32_t end, double) {
   glNormal3f(0, 0, 1);
   for (uint32_t i = first; i < end; i++) {
     const Wedge &w = rows<Wedge>(wedges)[i];
-    set_colour(w.colour);
+    gl_colour(w.colour);
     plate_vertex({0, 0, w.centre}, 0);
     for (const Corner &corner : w.corners)
       plate_vertex(corner, 0);
   }
 }
 
-// All roads of a maze come before all its hubs.
-constexpr MazeListKind kind = {
+// Draws all roads of a maze before its hubs.
+constexpr PlotBatch gantry_batch = {
     .name = "gantrylist",
     .collect = collect,
-    .parts = {{sizeof(Road), GL_QUADS, draw_roads}, {sizeof(Wedge), GL_TRIANGLES, draw_wedges}},
+    .streams = {{sizeof(Road), GL_QUADS, draw_roads}, {sizeof(Wedge), GL_TRIANGLES, draw_wedges}},
     .passes = 2,
-    .chunk = chunk_nodes};
-
-GLuint build_program() {
-  const char *const fragment_strings[] = {shader_lighting, shader_gantry_fragment};
-  return program_build(&shader_gantry_vertex, 1, fragment_strings, 2, nullptr, nullptr, nullptr);
-}
+    .chunk_nodes = chunk_nodes};
 
 void bind_textures() {
   gl2.active_texture(GL_TEXTURE1);
@@ -174,45 +166,42 @@ void bind_textures() {
   glBindTexture(GL_TEXTURE_2D, colour_texture);
 }
 
-void set_uniforms(const World *world, int32_t light) {
-  const auto location = [](const char *name) {
-    return gl2.get_uniform_location(gantry_program, name);
-  };
-  float projection[16];
-  glGetFloatv(GL_PROJECTION_MATRIX, projection);
-  gl2.uniform_matrix_4fv(location("proj"), 1, 0, projection);
-  gl2.uniform_1i(location("tex"), 0);
-  gl2.uniform_1i(location("tnorm"), 1);
-  const Vec3 user = World_follow_point(world);
-  const float brightness = light != 0 ? light_brightness : 0;
-  gl2.uniform_3f(location("lpos0"), static_cast<float>(user.x), static_cast<float>(user.y),
-                 static_cast<float>(user.z + light_height));
-  gl2.uniform_3f(location("lcol0"), brightness, brightness, brightness);
+void use_gantry_program(const View &view, int32_t light) {
+  program_use(gantry_program, view.projection);
+  program_set_int(gantry_program, "tex", 0);
+  program_set_int(gantry_program, "tnorm", 1);
+  program_set_light(gantry_program, view.followed + Vec3{0, 0, light_height},
+                    light != 0 ? light_brightness : 0);
+}
+
+void build_resources() {
+  if (gantry_program == 0)
+    gantry_program =
+        program_join(nullptr, shader_gantry_vertex, shader_lighting, shader_gantry_fragment);
+  if (colour_texture == 0) colour_texture = gantry_texture(0);
+  if (normal_texture == 0) normal_texture = gantry_texture(1);
 }
 
 } // namespace
 
 void gantry_road_quads(Maze *maze) {
-  maze_list_emit(maze, kind, 0, 1);
+  draw_cache_draw_immediate(maze, gantry_batch, 0, 1, nullptr);
 }
 
 void gantry_hub_triangles(Maze *maze) {
-  maze_list_emit(maze, kind, 1, 1);
+  draw_cache_draw_immediate(maze, gantry_batch, 1, 1, nullptr);
 }
 
 void gantry_list_call(Maze *maze) {
-  maze_list_call(maze, kind, every_pass, 1, nullptr);
+  draw_cache_draw(maze, gantry_batch, every_pass, 1, view_current());
 }
 
 void gantry_plot(Maze *root, const World *world, int32_t light) {
-  if (gantry_program == 0) gantry_program = build_program();
-  if (colour_texture == 0) colour_texture = gantry_texture(0);
-  if (normal_texture == 0) normal_texture = gantry_texture(1);
+  build_resources();
   glEnable(GL_BLEND);
   glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
   bind_textures();
-  gl2.use_program(gantry_program);
-  set_uniforms(world, light);
+  use_gantry_program(view_of(world), light);
   gantry_list_call(root);
   gl2.use_program(0);
   glDisable(GL_BLEND);

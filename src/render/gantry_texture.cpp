@@ -4,8 +4,8 @@
 #include "gfx/gl_util.h"
 #include "gfx/offscreen.h"
 #include "gfx/texture.h"
-#include "render/shader_procs.h"
-#include "render/shader_program.h"
+#include "render/gl/shader_program.h"
+#include "render/gl/shaderprocs.h"
 #include "render/shader_text.h"
 
 namespace {

@@ -2,16 +2,15 @@
 
 #include <cmath>
 
-#include "gfx/gl.h"
+#include "gfx/gl_colour.h"
 #include "gfx/gl_util.h"
 #include "maze/pos.h"
 #include "render/plot.h"
-#include "support/colour.h"
 
 namespace {
 
 constexpr int decades = 7;
-constexpr int lines_each_way = 21;
+constexpr int lines_per_axis = 21;
 
 // Blue for the first three decades, green for the next, red for the last, brighter within each.
 uint32_t decade_colour(int decade) {
@@ -26,9 +25,8 @@ void grid_level(Vec3 centre, int decade) {
   const double half_side = 10.0 * spacing;
   const double ox = std::floor(centre.x / half_side - 0.5) * half_side;
   const double oy = std::floor(centre.y / half_side - 0.5) * half_side;
-  const uint32_t colour = decade_colour(decade);
-  glColor3ub(colour_red(colour), colour_green(colour), colour_blue(colour));
-  for (int j = lines_each_way - 1; j >= 0; j--) {
+  gl_colour(decade_colour(decade));
+  for (int j = lines_per_axis - 1; j >= 0; j--) {
     const double along = j * spacing;
     glVertex3d(ox + along, oy, centre.z);
     glVertex3d(ox + along, oy + 2.0 * half_side, centre.z);
@@ -49,9 +47,8 @@ void grid_overlay(const World *world) {
   }
   glDepthMask(0);
   glBegin(GL_LINES);
-  for (int decade = 0; decade < decades; decade++) {
+  for (int decade = 0; decade < decades; decade++)
     grid_level(centre, decade);
-  }
   glEnd();
   glDepthMask(1);
   if (plot_smooth_lines != 0) {

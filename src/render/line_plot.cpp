@@ -1,73 +1,172 @@
 #include "render/line_plot.h"
 
-#include "gfx/gl.h"
-#include "render/line_lists.h"
-#include "render/shader_procs.h"
-#include "render/shader_program.h"
+#include <numbers>
+
+#include "gfx/gl_colour.h"
+#include "maze/pos.h"
+#include "render/gl/edge_colour.h"
+#include "render/gl/immediate.h"
+#include "render/gl/shader_program.h"
+#include "render/gl/shaderprocs.h"
 #include "render/shader_text.h"
-#include "support/colour.h"
-#include "world/move.h"
 
 namespace {
+
+constexpr double widening = 0.005;   // of ribbons and discs on each side, per unit of distance
+constexpr int32_t chunk_nodes = 128; // more lists slow each frame, longer lists slow each step
+
+enum Stream { ribbons, discs, cross_level_ends };
 
 GLuint edge_program;
 GLuint node_program;
 
-void begin_pass(GLuint program, const World *world) {
-  float projection[16];
-  glGetFloatv(GL_PROJECTION_MATRIX, projection);
-  gl2.use_program(program);
-  gl2.uniform_matrix_4fv(gl2.get_uniform_location(program, "proj"), 1, 0, projection);
-  gl2.uniform_3f(gl2.get_uniform_location(program, "o"), static_cast<float>(world->camera.x),
-                 static_cast<float>(world->camera.y), static_cast<float>(world->camera.z));
-  gl2.uniform_1f(gl2.get_uniform_location(program, "t"), static_cast<float>(world->time));
+// An edge that this maze draws, since its end p comes first (Pos_before).
+struct Ribbon {
+  Vec3f p, q, to_p;
+  float time; // of the user's last crossing; negative: never
+  uint32_t colour;
+};
+
+struct Disc {
+  Vec3f centre;
+  float time; // of the user's last arrival; negative: never
+  uint32_t colour;
+};
+
+static_assert(sizeof(Ribbon) == 44 && sizeof(Disc) == 20); // no padding
+
+void add(Box *box, Vec3f place) {
+  box_add(box, {static_cast<double>(place.x), static_cast<double>(place.y),
+                static_cast<double>(place.z)});
 }
 
-GLuint age_program(const char *vertex, const char *fragment) {
-  const char *const vertex_strings[] = {shader_agecolour, vertex};
-  return program_build(vertex_strings, 2, &fragment, 1, nullptr, nullptr, nullptr);
+void collect_ribbons(Pos here, int32_t all_levels, GrowList *streams, Box *box) {
+  const Vec3 p = Pos_position(here);
+  Pos ends[pos_max_edges];
+  MazeEdge edges[pos_max_edges];
+  for (int32_t e = Pos_edges(here.maze, here.node, all_levels, ends, edges) - 1; e >= 0; e--) {
+    if (!Pos_before(here, ends[e])) continue;
+    const Vec3 q = Pos_position(ends[e]);
+    const Ribbon ribbon = {rounded(p), rounded(q), rounded(p - q),
+                           static_cast<float>(edges[e].usertime),
+                           edge_colour(edges[e].colour, here, ends[e])};
+    GrowList_append(&streams[ribbons], &ribbon);
+    if (ends[e].maze != here.maze) GrowList_append(&streams[cross_level_ends], &ends[e]);
+    add(box, ribbon.p);
+    add(box, ribbon.q);
+  }
 }
 
-void draw_marker(const World *world) {
-  const LineDisc marker = {rounded(World_follow_point(world)), static_cast<float>(world->time),
-                           colour_white};
+void collect(const CollectInput &input, GrowList *streams, Box *box) {
+  for (int32_t i = input.nodes.end - 1; i >= input.nodes.first; i--) {
+    const MazeNode &node = maze_nodes(input.maze)[i];
+    if (node.submaze != nullptr) continue;
+    const Pos here = {input.maze, i};
+    collect_ribbons(here, input.all_levels, streams, box);
+    const Disc disc = {rounded(node_position(node)), static_cast<float>(node.self.usertime),
+                       edge_colour(node.self.colour, here, Pos_null)};
+    GrowList_append(&streams[discs], &disc);
+    add(box, disc.centre);
+  }
+}
+
+// The fourth coordinate is a corner code: 0 and 1 are the two sides at q, 2 and 3 those at p.
+void send_corner(Vec3f place, float code) {
+  glVertex4f(place.x, place.y, place.z, code);
+}
+
+void draw_ribbons(const GrowList &list, uint32_t first, uint32_t end, double halfwidth) {
+  for (uint32_t i = first; i < end; i++) {
+    const Ribbon &r = rows<Ribbon>(list)[i];
+    gl_colour(r.colour);
+    send_normal(r.to_p);
+    glTexCoord2f(r.time, static_cast<float>(halfwidth));
+    send_corner(r.q, 0);
+    send_corner(r.p, 2);
+    send_corner(r.p, 3);
+    send_corner(r.q, 1);
+  }
+}
+
+// The alpha channel passes the time of the last arrival to the shader.
+void draw_disc(const Disc &disc, double halfwidth) {
+  glColor4f(static_cast<float>(colour_red(disc.colour)) / 255.0F,
+            static_cast<float>(colour_green(disc.colour)) / 255.0F,
+            static_cast<float>(colour_blue(disc.colour)) / 255.0F, disc.time);
+  send_shader_quad(disc.centre, halfwidth);
+}
+
+void draw_discs(const GrowList &list, uint32_t first, uint32_t end, double halfwidth) {
+  for (uint32_t i = first; i < end; i++)
+    draw_disc(rows<Disc>(list)[i], halfwidth);
+}
+
+// A disc's square extends half its diagonal beyond its centre, a ribbon extends less. Both widen
+// with their distance.
+double margin(const Box &box, double halfwidth, Vec3 camera) {
+  return std::numbers::sqrt2 * (halfwidth + widening * box_max_distance(box, camera));
+}
+
+void begin_pass(GLuint program, const View &view) {
+  program_use(program, view.projection);
+  program_set_vec3(program, "o", view.camera);
+  program_set_float(program, "t", view.world->time);
+}
+
+void draw_marker(const View &view) {
+  const Disc marker = {rounded(view.followed), static_cast<float>(view.world->time), colour_white};
   glBegin(GL_QUADS);
-  line_draw_disc(marker, world->cur.maze->halfwidth);
+  draw_disc(marker, view.world->cur.maze->halfwidth);
   glEnd();
 }
 
 } // namespace
 
+const PlotBatch line_batch = {.name = "lists",
+                              .collect = collect,
+                              .streams = {{sizeof(Ribbon), GL_QUADS, draw_ribbons},
+                                          {sizeof(Disc), GL_QUADS, draw_discs},
+                                          {sizeof(Pos), 0, nullptr}},
+                              .passes = 2,
+                              .chunk_nodes = chunk_nodes,
+                              .end_stream = cross_level_ends,
+                              .margin = margin};
+
 void line_edge_list(Maze *maze, int32_t all_levels) {
   glBegin(GL_QUADS);
-  maze_list_emit(maze, line_kind, 0, all_levels);
+  draw_cache_draw_immediate(maze, line_batch, ribbons, all_levels, nullptr);
   glEnd();
 }
 
 void line_node_list(Maze *maze) {
   glBegin(GL_QUADS);
-  maze_list_emit(maze, line_kind, 1, 0);
+  draw_cache_draw_immediate(maze, line_batch, discs, 0, nullptr);
   glEnd();
 }
 
-void line_lists_call(Maze *maze, int32_t which, int32_t all_levels, const World *world) {
-  maze_list_call(maze, line_kind, which, all_levels, world);
+void line_lists_call(Maze *maze, int32_t which, int32_t all_levels) {
+  draw_cache_draw(maze, line_batch, which, all_levels, view_current());
 }
 
 void line_edges_pass(Maze *root, const World *world, int32_t all_levels) {
-  if (edge_program == 0) edge_program = age_program(shader_edge_vertex, shader_edge_fragment);
-  begin_pass(edge_program, world);
-  const auto halfwidth = static_cast<float>(root->halfwidth);
-  gl2.uniform_1f(gl2.get_uniform_location(edge_program, "r0"), -halfwidth);
-  gl2.uniform_1f(gl2.get_uniform_location(edge_program, "r1"), halfwidth);
-  line_lists_call(root, 0, all_levels, world);
+  const View &view = view_of(world);
+  if (edge_program == 0)
+    edge_program =
+        program_join(shader_agecolour, shader_edge_vertex, nullptr, shader_edge_fragment);
+  begin_pass(edge_program, view);
+  program_set_float(edge_program, "r0", -root->halfwidth);
+  program_set_float(edge_program, "r1", root->halfwidth);
+  draw_cache_draw(root, line_batch, ribbons, all_levels, view);
   gl2.use_program(0);
 }
 
 void line_nodes_pass(Maze *root, const World *world, int32_t all_levels) {
-  if (node_program == 0) node_program = age_program(shader_node_vertex, shader_node_fragment);
-  begin_pass(node_program, world);
-  line_lists_call(root, 1, all_levels, world);
-  draw_marker(world);
+  const View &view = view_of(world);
+  if (node_program == 0)
+    node_program =
+        program_join(shader_agecolour, shader_node_vertex, nullptr, shader_node_fragment);
+  begin_pass(node_program, view);
+  draw_cache_draw(root, line_batch, discs, all_levels, view);
+  draw_marker(view);
   gl2.use_program(0);
 }

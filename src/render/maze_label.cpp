@@ -4,6 +4,7 @@
 
 #include "generate/transform.h"
 #include "gfx/gl.h"
+#include "render/line_plot.h"
 #include "text/font.h"
 #include "text/layout.h"
 #include "text/style.h"
@@ -11,12 +12,13 @@
 
 namespace {
 
-constexpr double above = 3.0;       // of the first part's top, over the maze
-constexpr double above_small = 2.9; // of the second part's
-constexpr double size = 2.0;        // of a glyph's cell
-constexpr double small_size = 1.0;
+// World units. The first part ends at the second dot of the name.
+constexpr double first_lift = 3.0;  // from the top of the maze to the top of the first part
+constexpr double second_lift = 2.9; // likewise of the second part
+constexpr double first_size = 2.0;  // of a glyph's cell
+constexpr double second_size = 1.0;
 
-// A line of text along x, hanging down from its place.
+// A line of text along x, with its top left corner at (x, y, z).
 void print(double x, double y, double z, const std::string &text, double cell) {
   text3d_print(x, y, z, text.c_str(), 0, -cell, 0, cell, 0, 0);
 }
@@ -24,6 +26,9 @@ void print(double x, double y, double z, const std::string &text, double cell) {
 } // namespace
 
 void maze_label(const Maze *maze) {
+  const DrawCache *cache = draw_cache_find(maze, line_batch);
+  const Box *known = cache != nullptr ? draw_cache_node_bounds(cache) : nullptr;
+  if (known != nullptr) return maze_label_at(maze->name, known->low, known->high);
   Vec3 low, high;
   Maze_bounds(maze, &low, &high);
   maze_label_at(maze->name, low, high);
@@ -38,11 +43,11 @@ void maze_label_at(const char *text, Vec3 low, Vec3 high) {
   const std::string first_part = name.substr(0, second);
   text3d_begin();
   glColor3f(0.8F, 0.9F, 0.8F);
-  print(low.x, high.y + above, low.z, first_part, size);
+  print(low.x, high.y + first_lift, low.z, first_part, first_size);
   if (second != std::string::npos && text_height > 0) {
     const int32_t cells = text_width(first_part.c_str()) / text_height;
-    print(low.x + size * (cells + 0.1), high.y + above_small, low.z, name.substr(second),
-          small_size);
+    print(low.x + first_size * (cells + 0.1), high.y + second_lift, low.z, name.substr(second),
+          second_size);
   }
   text3d_end();
   font_apply("normal");

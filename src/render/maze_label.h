@@ -4,10 +4,9 @@
 #include "support/vec3.h"
 
 // Draws the name of a maze, which must have one, in the world above it: 2 world units high, and
-// what follows a second dot half that size. Needs the fonts "fmod" and "normal"; the latter is
-// current afterwards.
+// what follows a second dot half that size. Needs the fonts "fmod" and "normal", and leaves
+// "normal" current. Visits no nodes if the line plot has built the caches of the maze's tree.
 void maze_label(const Maze *maze);
 
-// The same for a maze whose bounds are known, see Maze_bounds. One without nodes has no place for
-// it.
+// The same for a name and the bounds of its maze, see Maze_bounds. Empty bounds show nothing.
 void maze_label_at(const char *name, Vec3 low, Vec3 high);

@@ -4,23 +4,23 @@
 
 #include "world/world.h"
 
-// Which of the ways of drawing the tree runs, and the overlays on top of it.
+// Chooses the plot that draws the tree, and the overlays on top of it.
 
 constexpr int32_t plot_types = 3;
 constexpr int32_t voronoi_modes = 6;
 
-// Display switches, changed by keys and not saved.
+// Display switches, toggled by keys and not saved.
 extern int32_t plot_type;         // 0 line plot, 1 gantry, 2 balls and sticks
-extern int32_t plot_voronoi;      // the landscape of cells replaces the plots of plot_type
-extern int32_t voronoi_mode;      // 0 to 5, what it looks like; a change must drop "voronoilist"
+extern int32_t plot_voronoi;      // 1: the landscape of cells replaces the plots of plot_type
+extern int32_t voronoi_mode;      // 0 to 5, how it looks; a change must drop "voronoilist"
 extern int32_t plot_light;        // the user carries a light, in the gantry and among the balls
 extern int32_t plot_grid;         // the grid around the current node is drawn
-extern int32_t plot_smooth_lines; // lines are antialiased at a width of 1.5, not merely blended
+extern int32_t plot_smooth_lines; // lines are antialiased at a width of 1.5 instead of blended
 
-// The same, for keys that act while they are held.
-extern int32_t plot_fixed;     // the line plot, where it is chosen, is computed anew in each frame
+// Likewise, by keys that act while they are held.
+extern int32_t plot_fixed;     // the fixed plot replaces the line plot
 extern int32_t plot_connected; // what can be reached on the user's level is shown in blue
 
-// Draws the whole tree and the overlays with the current matrices; called once a depth slab. Where
-// nothing changed and neither of the last two is on, no nodes are walked but for a label's place.
+// Draws the whole tree and the overlays with the current View, once for each depth slab and eye.
+// Unless something changed or one of the held switches is on, no nodes are visited.
 void plot_world(const World *world);

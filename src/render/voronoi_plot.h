@@ -3,13 +3,14 @@
 #include "maze/maze.h"
 #include "world/world.h"
 
-// The maze as a landscape of cells, in one of the six ways that `voronoi_mode` names, in the fixed
-// pipeline. A maze's cells and its compiled list, the attachments "voronoi" and "voronoilist", are
-// made when they are found missing; the list keeps the colours of that moment.
+// The maze as a landscape of cells, in one of the six modes of `voronoi_mode`, with the fixed
+// pipeline. The attachments "voronoi" and "voronoilist" keep a maze's cells and its draw cache,
+// which has the colours of the time when it was built.
 
-// Draws a tree of mazes and, after the maze where the user is, his marker, which stands a little
-// towards the eye.
+// Draws a tree of mazes and, after the user's maze, a marker, a little nearer to the camera than
+// the user's place.
 void voronoi_plot(Maze *maze, const World *world);
 
-// Lights the scene from one direction of the current modelview, with the colours of vertices.
+// Turns on one light from a fixed direction of the current modelview, with vertex colours as the
+// material.
 void fixed_light_on();

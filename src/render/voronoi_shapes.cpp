@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "maze/pos.h"
-#include "render/edge_colour.h"
+#include "render/gl/edge_colour.h"
 #include "render/voronoi_geometry.h"
 #include "support/colour.h"
 

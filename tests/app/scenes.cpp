@@ -12,7 +12,7 @@
 #include "gfx/window.h"
 #include "maze/edit.h"
 #include "picture.h"
-#include "render/apply_view.h"
+#include "render/gl/view.h"
 #include "render/plot.h"
 #include "scenarios.h"
 #include "text/fonts.h"

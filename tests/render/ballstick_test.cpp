@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "picture.h"
-#include "render/apply_view.h"
+#include "render/gl/view.h"
 #include "scenarios.h"
 #include "world/camera.h"
 #include "world/move.h"
@@ -60,6 +60,7 @@ struct Scene {
     world.camera = eye;
     picture_begin();
     World_apply_view(&world);
+    view_use(view_read(&world, World_follow_point(&world), nullptr));
     ballstick_plot(root, &world, 0);
     return picture_take();
   }

@@ -7,9 +7,9 @@
 #include <string>
 
 #include "picture.h"
-#include "render/age_colour.h"
-#include "render/shader_procs.h"
-#include "render/shader_program.h"
+#include "render/gl/age_colour.h"
+#include "render/gl/shader_program.h"
+#include "render/gl/shaderprocs.h"
 #include "render/shader_text.h"
 
 namespace {

@@ -3,6 +3,7 @@
 #include "gfx/gl.h"
 #include "gfx/window.h"
 #include "picture.h"
+#include "render/gl/view.h"
 #include "render/plot.h"
 #include "scenarios.h"
 
@@ -25,6 +26,7 @@ TEST(Context, MazesOutliveItAndItMayEndTwice) {
   for (Maze *maze : mazes) {
     const World world = world_from_above(maze, {maze, 0});
     picture_begin();
+    view_use(view_read(&world, {}, nullptr));
     plot_world(&world);
   }
   Maze_destroy(mazes[0], 1);

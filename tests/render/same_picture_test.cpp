@@ -19,12 +19,12 @@
 #include "maze/pos.h"
 #include "maze/visit.h"
 #include "picture.h"
-#include "render/apply_view.h"
-#include "render/line_lists.h"
+#include "render/gl/view.h"
 #include "render/plot.h"
 #include "scenarios.h"
 #include "support/random.h"
 #include "world/camera.h"
+#include "world/move.h"
 
 namespace {
 
@@ -46,7 +46,7 @@ constexpr Plot plots[] = {lines, fixed_lines, gantry,    balls, outlines,
                           lit,   terrain,     triangles, walls};
 
 // For an eye that is off the middle by so many world units.
-Slabs draw(const World &world, const Plot &plot, double eye = 0) {
+Slabs draw(const World &world, const Plot &plot, double eye = 0, bool culls = true) {
   plot_type = plot.type;
   plot_fixed = plot.fixed;
   plot_voronoi = plot.mode >= 0;
@@ -56,14 +56,17 @@ Slabs draw(const World &world, const Plot &plot, double eye = 0) {
   float projection[16];
   projection_perspective(width, height, projection);
   projection[8] = static_cast<float>(0.2 * eye);
+  glMatrixMode(GL_PROJECTION);
+  glLoadMatrixf(projection);
+  glMatrixMode(GL_MODELVIEW);
   glTranslated(eye, 0, 0);
   World_apply_view(&world);
   Slabs slabs(4 * pixels);
   for (size_t k = 0; k < 2; k++) {
-    (k == 0 ? projection_far_slab : projection_near_slab)(projection);
-    glMatrixMode(GL_PROJECTION);
-    glLoadMatrixf(projection);
-    glMatrixMode(GL_MODELVIEW);
+    View view = view_read(&world, World_follow_point(&world),
+                          k == 0 ? projection_far_slab : projection_near_slab);
+    if (!culls) view.frustum = {};
+    view_use(view);
     glClear(GL_DEPTH_BUFFER_BIT);
     plot_world(&world);
     uint32_t *colours = slabs.data() + 2 * k * pixels, *depths = colours + pixels;
@@ -85,9 +88,7 @@ Slabs draw_and_compare(const World &world, const Plot &plot, double eye = 0) {
   World fresh = world;
   fresh.root = Maze_copy(world.root, 1);
   fresh.cur.maze = in_copy(world.cur.maze, fresh.root);
-  sight_excludes_nothing = true;
-  EXPECT_TRUE(slabs == draw(fresh, plot, eye)) << plot.name;
-  sight_excludes_nothing = false;
+  EXPECT_TRUE(slabs == draw(fresh, plot, eye, false)) << plot.name;
   Maze_destroy(fresh.root, 1);
   return slabs;
 }
@@ -162,7 +163,7 @@ TEST(SamePicture, FromAnywhereWhileWalkingAndRelaxing) {
            pose == 2 ? -std::acos(0.0) : between(-3, 0));
       step(&world, pose % 2 == 1);
       if (pose % 4 == 3) relax(world.root);
-      line_lists(world.root, 1);
+      draw(world, lines);
       far_shown += shows(draw_and_compare(world, plot, pose % 3 - 1), 0);
     }
   }
@@ -186,7 +187,7 @@ struct Pair {
     inner->halfwidth = halfwidth;
     world.offset = {-0.5 * p.x, -0.5 * p.y, 0};
     drop_all(root);
-    line_lists(root, 1);
+    draw(world, lines);
   }
 };
 
@@ -244,7 +245,9 @@ TEST(SamePicture, OfMazesThatMoved) {
   draw(pair.world, lines);
   scenario_move(innermost, 1, {0, 0, 0});
   Attachment_drop_tree(innermost, "lists");
-  line_lists(pair.inner, 1);
+  World below = pair.world;
+  below.root = pair.inner;
+  draw(below, lines);
   EXPECT_TRUE(shows(draw_and_compare(pair.world, lines), 1));
 }
 

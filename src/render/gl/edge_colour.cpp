@@ -1,8 +1,8 @@
-#include "render/edge_colour.h"
+#include "render/gl/edge_colour.h"
 
 #include <bit>
 
-#include "render/age_colour.h"
+#include "render/gl/age_colour.h"
 #include "support/colour.h"
 
 namespace {

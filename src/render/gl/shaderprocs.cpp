@@ -1,4 +1,4 @@
-#include "render/shader_procs.h"
+#include "render/gl/shaderprocs.h"
 
 #include <cstdio>
 

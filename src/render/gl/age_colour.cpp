@@ -1,4 +1,4 @@
-#include "render/age_colour.h"
+#include "render/gl/age_colour.h"
 
 #include <algorithm>
 #include <cmath>

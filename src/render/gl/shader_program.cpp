@@ -1,10 +1,10 @@
-#include "render/shader_program.h"
+#include "render/gl/shader_program.h"
 
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
 
-#include "render/shader_procs.h"
+#include "render/gl/shaderprocs.h"
 #include "support/file.h"
 #include "support/memory.h"
 #include "support/report.h"
@@ -86,4 +86,38 @@ GLuint program_build(const char *const *vertex_strings, int32_t vertex_count,
 
 GLuint fragment_program_build(const char *source, char **fragment_log, char **program_log) {
   return program_build(nullptr, 0, &source, 1, nullptr, fragment_log, program_log);
+}
+
+GLuint program_join(const char *vertex_shared, const char *vertex, const char *fragment_shared,
+                    const char *fragment) {
+  const char *const vertex_strings[] = {vertex_shared, vertex};
+  const char *const fragment_strings[] = {fragment_shared, fragment};
+  const int32_t vertex_first = vertex_shared == nullptr ? 1 : 0;
+  const int32_t fragment_first = fragment_shared == nullptr ? 1 : 0;
+  return program_build(vertex_strings + vertex_first, 2 - vertex_first,
+                       fragment_strings + fragment_first, 2 - fragment_first, nullptr, nullptr,
+                       nullptr);
+}
+
+void program_use(GLuint program, const float projection[16]) {
+  gl2.use_program(program);
+  gl2.uniform_matrix_4fv(gl2.get_uniform_location(program, "proj"), 1, 0, projection);
+}
+
+void program_set_int(GLuint program, const char *name, int32_t value) {
+  gl2.uniform_1i(gl2.get_uniform_location(program, name), value);
+}
+
+void program_set_float(GLuint program, const char *name, double value) {
+  gl2.uniform_1f(gl2.get_uniform_location(program, name), static_cast<float>(value));
+}
+
+void program_set_vec3(GLuint program, const char *name, Vec3 value) {
+  const Vec3f v = rounded(value);
+  gl2.uniform_3f(gl2.get_uniform_location(program, name), v.x, v.y, v.z);
+}
+
+void program_set_light(GLuint program, Vec3 position, double brightness) {
+  program_set_vec3(program, "lpos0", position);
+  program_set_vec3(program, "lcol0", {brightness, brightness, brightness});
 }

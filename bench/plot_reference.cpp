@@ -1,4 +1,4 @@
-#include "plot_literal.h"
+#include "plot_reference.h"
 
 #include <cmath>
 
@@ -9,14 +9,15 @@
 #include "render/ballstick.h"
 #include "render/disc.h"
 #include "render/edge_angles.h"
-#include "render/edge_colour.h"
 #include "render/fixed_plot.h"
 #include "render/gantry_plot.h"
 #include "render/gantry_texture.h"
+#include "render/gl/edge_colour.h"
+#include "render/gl/shader_program.h"
+#include "render/gl/shaderprocs.h"
+#include "render/gl/view.h"
 #include "render/line_plot.h"
 #include "render/plot.h"
-#include "render/shader_procs.h"
-#include "render/shader_program.h"
 #include "render/shader_text.h"
 #include "render/voronoi_geometry.h"
 #include "render/voronoi_plot.h"
@@ -26,10 +27,11 @@
 
 namespace {
 
-// The literal attachments and what they go stale with.
+// Attachments of their own, and those of the plots that go stale at the same time.
 enum Kind { edges, nodes, balls, sticks, plates, cells };
-constexpr const char *literal_name[] = {"literal edges",  "literal nodes",  "literal balls",
-                                        "literal sticks", "literal plates", "literal cells"};
+constexpr const char *reference_name[] = {"reference edges",  "reference nodes",
+                                          "reference balls",  "reference sticks",
+                                          "reference plates", "reference cells"};
 constexpr const char *plot_name[] = {
     "lists", "lists", "ballstick_ballslist", "ballstick_stickslist", "gantrylist", "voronoilist"};
 
@@ -37,7 +39,7 @@ void list_destroy(intptr_t name, Maze *) {
   glDeleteLists(static_cast<GLuint>(name), 1);
 }
 
-const World *shown; // by the landscape that is being drawn
+const World *shown; // by the landscape
 
 void landscape_marker() {
   const Vec3 p = World_follow_point(shown);
@@ -45,7 +47,7 @@ void landscape_marker() {
 }
 
 void call_tree(Maze *maze, Kind kind, void (*body)(Maze *)) {
-  const char *name = literal_name[kind];
+  const char *name = reference_name[kind];
   auto list = static_cast<GLuint>(Attachment_find(maze, name));
   if (list == 0) {
     list = glGenLists(1);
@@ -123,10 +125,8 @@ void use(GLuint program, const World *world) {
   const auto location = [program](const char *name) {
     return gl2.get_uniform_location(program, name);
   };
-  float projection[16];
-  glGetFloatv(GL_PROJECTION_MATRIX, projection);
   gl2.use_program(program);
-  gl2.uniform_matrix_4fv(location("proj"), 1, 0, projection);
+  gl2.uniform_matrix_4fv(location("proj"), 1, 0, view_current().projection);
   gl2.uniform_3f(location("o"), static_cast<float>(world->camera.x),
                  static_cast<float>(world->camera.y), static_cast<float>(world->camera.z));
   gl2.uniform_1f(location("t"), static_cast<float>(world->time));
@@ -250,17 +250,16 @@ void cells_body(Maze *maze) {
   if (voronoi_mode > 1) glDisable(GL_LIGHTING);
 }
 
-// A program of a plot without a user's light, with what it asks for of these uniforms.
+// A lit program, and its uniforms with the user's light off.
 GLuint body_program(const char *vertex, const char *fragment) {
   const char *const strings[] = {shader_lighting, fragment};
   return program_build(&vertex, 1, strings, 2, nullptr, nullptr, nullptr);
 }
 
 void use_body(GLuint program, Vec3 lamp) {
-  float projection[16];
-  glGetFloatv(GL_PROJECTION_MATRIX, projection);
   gl2.use_program(program);
-  gl2.uniform_matrix_4fv(gl2.get_uniform_location(program, "proj"), 1, 0, projection);
+  gl2.uniform_matrix_4fv(gl2.get_uniform_location(program, "proj"), 1, 0,
+                         view_current().projection);
   gl2.uniform_3f(gl2.get_uniform_location(program, "lpos0"), static_cast<float>(lamp.x),
                  static_cast<float>(lamp.y), static_cast<float>(lamp.z));
   gl2.uniform_3f(gl2.get_uniform_location(program, "lcol0"), 0, 0, 0);
@@ -275,7 +274,7 @@ void vertex3(Vec3 p) {
   glVertex3f(static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z));
 }
 
-// One of the passes of the processor's plot over a maze: its edges as ribbons or as lines.
+// A pass of the fixed plot over a maze: its edges as ribbons or as lines.
 void fixed_edges(Maze *maze, const World *world, bool near) {
   glBegin(near ? GL_QUADS : GL_LINES);
   for (int32_t i = maze_count(maze); i-- > 0;) {
@@ -336,13 +335,13 @@ void fixed_tree(Maze *maze, const World *world, GLuint program) {
 
 } // namespace
 
-void literal_fixed_plot(const World *world) {
+void reference_fixed_plot(const World *world) {
   static const GLuint program =
       program_build(&shader_disc_vertex, 1, &shader_disc_fragment, 1, nullptr, nullptr, nullptr);
   fixed_tree(world->root, world, program);
 }
 
-void literal_line_plot(const World *world) {
+void reference_line_plot(const World *world) {
   static const GLuint edge_program = line_program(shader_edge_vertex, shader_edge_fragment);
   static const GLuint node_program = line_program(shader_node_vertex, shader_node_fragment);
   use(edge_program, world);
@@ -377,17 +376,12 @@ void own_fixed_plot(const World *world) {
 }
 
 void plot_slab(const World *world, PlotDraw draw, void (*set_slab)(float matrix[16])) {
-  float projection[16];
-  glGetFloatv(GL_PROJECTION_MATRIX, projection);
-  set_slab(projection);
-  glMatrixMode(GL_PROJECTION);
-  glLoadMatrixf(projection);
-  glMatrixMode(GL_MODELVIEW);
+  view_use(view_read(world, World_follow_point(world), set_slab));
   glClear(GL_DEPTH_BUFFER_BIT);
   draw(world);
 }
 
-void literal_line_compile(Maze *maze, int32_t which, uint32_t name) {
+void reference_line_compile(Maze *maze, int32_t which, uint32_t name) {
   glNewList(name, GL_COMPILE);
   if (which == 0) {
     edges_body(maze);
@@ -397,7 +391,7 @@ void literal_line_compile(Maze *maze, int32_t which, uint32_t name) {
   glEndList();
 }
 
-void literal_ballstick_plot(const World *world) {
+void reference_ballstick_plot(const World *world) {
   static const GLuint ball_program = body_program(shader_ball_vertex, shader_ball_fragment);
   static const GLuint stick_program = body_program(shader_stick_vertex, shader_stick_fragment);
   const Vec3 user = World_follow_point(world);
@@ -412,7 +406,7 @@ void literal_ballstick_plot(const World *world) {
   gl2.use_program(0);
 }
 
-void literal_gantry_plot(const World *world) {
+void reference_gantry_plot(const World *world) {
   static const GLuint program = body_program(shader_gantry_vertex, shader_gantry_fragment);
   static const GLuint textures[] = {gantry_texture(0), gantry_texture(1)};
   glEnable(GL_BLEND);
@@ -429,19 +423,19 @@ void literal_gantry_plot(const World *world) {
   glDisable(GL_BLEND);
 }
 
-void literal_voronoi_plot(const World *world) {
+void reference_voronoi_plot(const World *world) {
   shown = world;
   call_tree(world->root, cells, cells_body);
 }
 
-void literal_drop_tree(Maze *maze) {
-  for (const char *name : literal_name)
+void reference_drop_tree(Maze *maze) {
+  for (const char *name : reference_name)
     Attachment_drop_tree(maze, name);
 }
 
-void literal_follow_drops(Maze *maze) {
+void reference_follow_drops(Maze *maze) {
   for (const Kind kind : {edges, nodes, balls, sticks, plates, cells})
-    if (Attachment_find(maze, plot_name[kind]) == 0) Attachment_drop(maze, literal_name[kind]);
+    if (Attachment_find(maze, plot_name[kind]) == 0) Attachment_drop(maze, reference_name[kind]);
   for (int32_t i = maze_count(maze); i-- > 0;)
-    if (maze_nodes(maze)[i].submaze) literal_follow_drops(maze_nodes(maze)[i].submaze);
+    if (maze_nodes(maze)[i].submaze) reference_follow_drops(maze_nodes(maze)[i].submaze);
 }

@@ -1,4 +1,4 @@
-#include "voronoi_literal.h"
+#include "voronoi_reference.h"
 
 #include <algorithm>
 
@@ -41,7 +41,7 @@ Cell cut(const Cell &cell, Vec3 p, Vec3 q, int32_t site, int32_t joined) {
 
 } // namespace
 
-std::vector<Cell> literal_voronoi(Maze *maze, int32_t across_levels) {
+std::vector<Cell> reference_voronoi(Maze *maze, int32_t across_levels) {
   BucketGrid grid;
   Vec3 low, high;
   Maze_bounds(maze, &low, &high);

@@ -1,0 +1,427 @@
+#include "render/gl/draw_cache.h"
+
+#include <algorithm>
+#include <cassert>
+#include <utility>
+
+#include "gfx/window.h"
+#include "maze/attachment.h"
+#include "maze/pos.h"
+#include "support/strings.h"
+
+namespace {
+
+struct Bounds {
+  Box box;
+  double max_halfwidth;
+};
+
+struct Chunk {
+  NodeRange nodes;
+  uint32_t primitive_end[max_streams]; // primitives of this chunk and those before it
+  bool compiled;
+  Bounds bounds;
+};
+
+// A maze held by a node.
+struct Child {
+  Maze *maze;
+  DrawCache *cache; // null: not built yet, or dropped
+  Bounds bounds;    // of its subtree
+};
+
+} // namespace
+
+struct DrawCache {
+  const PlotBatch *batch;
+  Maze *maze;
+  int32_t all_levels;
+  double halfwidth;
+  GLuint first_list; // display lists, those of a chunk side by side; 0 until one is compiled
+  GrowList streams[max_streams];
+  GrowList chunks;   // of Chunk, last nodes first
+  GrowList children; // of Child, last holder first
+  DrawCache *parent; // the cache that has this one as a child; null if none has
+  uint32_t child_index;
+  bool complete;           // the caches of the whole subtree are built and in its bounds
+  bool has_user;           // the user is in the subtree; valid only while a tree is drawn
+  Bounds subtree;          // bounds of all primitives
+  Box own_nodes;           // of the plain nodes, and of the first node in any case
+  Box subtree_nodes;       // of those of the whole subtree
+  DrawCache *next_retired; // an older one
+};
+
+namespace {
+
+// Caches whose attachment was dropped, newest first, kept for their display lists. Not kept as
+// attachments, since the statistics overlay lists those.
+DrawCache *retired;
+
+constexpr int32_t max_retired = 2; // per batch: a step drops the caches of two mazes at most
+
+GLsizei list_count(const DrawCache *cache) {
+  return static_cast<GLsizei>(cache->chunks.count) * cache->batch->passes;
+}
+
+GLuint list_name(const DrawCache *cache, uint32_t chunk, int32_t pass) {
+  return cache->first_list + static_cast<GLuint>(cache->batch->passes) * chunk +
+         static_cast<GLuint>(pass);
+}
+
+// The context may have ended before the maze is destroyed, and its display lists with it.
+void release(DrawCache *cache) {
+  if (cache->first_list != 0 && gfx_context_alive())
+    glDeleteLists(cache->first_list, list_count(cache));
+  for (GrowList &stream : cache->streams)
+    GrowList_free(&stream);
+  GrowList_free(&cache->chunks);
+  GrowList_free(&cache->children);
+  delete cache;
+}
+
+DrawCache *unlink_retired(DrawCache **link) {
+  return std::exchange(*link, (*link)->next_retired);
+}
+
+void retire(DrawCache *cache) {
+  cache->next_retired = std::exchange(retired, cache);
+  int32_t count = 0;
+  for (DrawCache **link = &retired; *link != nullptr;) {
+    if (ascii_equal_nocase((*link)->batch->name, cache->batch->name) && ++count > max_retired)
+      release(unlink_retired(link));
+    else
+      link = &(*link)->next_retired;
+  }
+}
+
+// Records of destroyed mazes stay valid and empty, and are never reused.
+void release_retired_of_destroyed() {
+  for (DrawCache **link = &retired; *link != nullptr;) {
+    if (maze_count((*link)->maze) == 0)
+      release(unlink_retired(link));
+    else
+      link = &(*link)->next_retired;
+  }
+}
+
+DrawCache *take_retired(const Maze *maze, const PlotBatch &batch) {
+  for (DrawCache **link = &retired; *link != nullptr; link = &(*link)->next_retired)
+    if ((*link)->maze == maze && ascii_equal_nocase((*link)->batch->name, batch.name))
+      return unlink_retired(link);
+  return nullptr;
+}
+
+// Unlinks a cache from its parent and children, and marks all ancestors incomplete.
+void disconnect(DrawCache *cache) {
+  for (uint32_t i = 0; i < cache->children.count; i++) {
+    DrawCache *child = rows<Child>(cache->children)[i].cache;
+    if (child != nullptr) child->parent = nullptr;
+  }
+  if (cache->parent == nullptr) return;
+  rows<Child>(cache->parent->children)[cache->child_index].cache = nullptr;
+  for (DrawCache *at = cache->parent; at != nullptr && at->complete; at = at->parent)
+    at->complete = false;
+}
+
+// A maze that is being destroyed has no nodes any more.
+void destroy(intptr_t data, Maze *maze) {
+  auto *cache = reinterpret_cast<DrawCache *>(data);
+  disconnect(cache);
+  if (cache->first_list != 0 && maze_count(maze) > 0) return retire(cache);
+  release(cache);
+  if (maze_count(maze) == 0) release_retired_of_destroyed();
+}
+
+DrawCache *find(const Maze *maze, const PlotBatch &batch) {
+  return reinterpret_cast<DrawCache *>(Attachment_find(maze, batch.name));
+}
+
+DrawCache *new_cache(Maze *maze, const PlotBatch &batch, int32_t all_levels) {
+  auto *cache = new DrawCache{};
+  cache->batch = &batch;
+  cache->maze = maze;
+  cache->all_levels = all_levels;
+  cache->halfwidth = maze->halfwidth;
+  for (int32_t k = 0; k < max_streams && batch.streams[k].size > 0; k++) {
+    GrowList_init(&cache->streams[k], batch.streams[k].size);
+    if (k < batch.passes) GrowList_reserve(&cache->streams[k], maze->nodes.count);
+  }
+  GrowList_init(&cache->chunks, sizeof(Chunk));
+  GrowList_init(&cache->children, sizeof(Child));
+  return cache;
+}
+
+void collect_chunks(DrawCache *cache, const World *world) {
+  CollectInput input = {cache->maze, {0, maze_count(cache->maze)}, cache->all_levels, world};
+  for (NodeRange &nodes = input.nodes; nodes.end > 0; nodes.end = nodes.first) {
+    nodes.first = std::max(nodes.end - cache->batch->chunk_nodes, 0);
+    Chunk chunk = {nodes, {}, false, {box_empty, cache->halfwidth}};
+    cache->batch->collect(input, cache->streams, &chunk.bounds.box);
+    for (int32_t k = 0; k < max_streams; k++)
+      chunk.primitive_end[k] = cache->streams[k].count;
+    GrowList_append(&cache->chunks, &chunk);
+  }
+}
+
+uint32_t primitive_begin(const DrawCache *cache, uint32_t chunk, int32_t stream) {
+  return chunk == 0 ? 0 : rows<Chunk>(cache->chunks)[chunk - 1].primitive_end[stream];
+}
+
+Box point_box(const MazeNode &node) {
+  return {node_position(node), node_position(node)};
+}
+
+// Finds the children and the bounds of the nodes.
+void scan_nodes(DrawCache *cache) {
+  const MazeNode *nodes = maze_nodes(cache->maze);
+  cache->own_nodes = box_empty;
+  if (maze_count(cache->maze) > 0) cache->own_nodes = point_box(nodes[0]);
+  for (int32_t i = maze_count(cache->maze) - 1; i >= 0; i--) {
+    const Child child = {nodes[i].submaze, nullptr, {}};
+    if (child.maze != nullptr)
+      GrowList_append(&cache->children, &child);
+    else
+      box_unite(&cache->own_nodes, point_box(nodes[i]));
+  }
+}
+
+bool is_same_chunk(const DrawCache *a, const DrawCache *b, uint32_t chunk) {
+  for (int32_t k = 0; k < a->batch->passes; k++) {
+    const uint32_t begin_a = primitive_begin(a, chunk, k), begin_b = primitive_begin(b, chunk, k);
+    const uint32_t count = rows<Chunk>(a->chunks)[chunk].primitive_end[k] - begin_a;
+    if (count != rows<Chunk>(b->chunks)[chunk].primitive_end[k] - begin_b ||
+        !GrowList_same_rows(&a->streams[k], begin_a, &b->streams[k], begin_b, count))
+      return false;
+  }
+  return true;
+}
+
+// Reuses the display lists of the previous version; a chunk whose primitives are unchanged stays
+// compiled.
+void reuse_display_lists(DrawCache *cache, DrawCache *old) {
+  if (cache->batch != old->batch || cache->chunks.count != old->chunks.count ||
+      cache->halfwidth != old->halfwidth)
+    return;
+  for (uint32_t k = 0; k < cache->chunks.count; k++)
+    rows<Chunk>(cache->chunks)[k].compiled =
+        rows<Chunk>(old->chunks)[k].compiled && is_same_chunk(cache, old, k);
+  std::swap(cache->first_list, old->first_list);
+}
+
+// The cache of one maze, without those below it.
+DrawCache *find_or_build(Maze *maze, const PlotBatch &batch, int32_t all_levels,
+                         const World *world) {
+  if (DrawCache *found = find(maze, batch)) return found;
+  DrawCache *cache = new_cache(maze, batch, all_levels);
+  collect_chunks(cache, world);
+  scan_nodes(cache);
+  if (DrawCache *old = take_retired(maze, batch)) {
+    reuse_display_lists(cache, old);
+    release(old);
+  }
+  Attachment_add(maze, batch.name, reinterpret_cast<intptr_t>(cache), destroy);
+  return cache;
+}
+
+void unite(Bounds *bounds, const Bounds &other) {
+  box_unite(&bounds->box, other.box);
+  bounds->max_halfwidth = std::max(bounds->max_halfwidth, other.max_halfwidth);
+}
+
+// The subtree's bounds before the children are added.
+void start_bounds(DrawCache *cache) {
+  cache->subtree = {box_empty, 0};
+  for (uint32_t k = 0; k < cache->chunks.count; k++)
+    unite(&cache->subtree, rows<Chunk>(cache->chunks)[k].bounds);
+  cache->subtree_nodes = cache->own_nodes;
+}
+
+void add_child_bounds(DrawCache *cache, uint32_t i) {
+  Child &child = rows<Child>(cache->children)[i];
+  child.bounds = child.cache->subtree;
+  unite(&cache->subtree, child.bounds);
+  box_unite(&cache->subtree_nodes, child.cache->subtree_nodes);
+}
+
+DrawCache *child_cache(DrawCache *cache, uint32_t i, const World *world) {
+  Child &child = rows<Child>(cache->children)[i];
+  if (child.cache != nullptr) return child.cache;
+  child.cache = find_or_build(child.maze, *cache->batch, 1, world);
+  assert(child.cache->parent == nullptr);
+  child.cache->parent = cache;
+  child.cache->child_index = i;
+  return child.cache;
+}
+
+// Visits only what is incomplete.
+DrawCache *build_tree(Maze *maze, const PlotBatch &batch, const World *world) {
+  DrawCache *root = find_or_build(maze, batch, 1, world);
+  DrawCache *cache = root;
+  if (!cache->complete) start_bounds(cache);
+  for (uint32_t i = 0; !root->complete;) {
+    if (i == cache->children.count) {
+      cache->complete = true;
+      if (cache == root) break;
+      i = cache->child_index;
+      cache = cache->parent;
+    } else if (DrawCache *child = child_cache(cache, i, world); child->complete) {
+      add_child_bounds(cache, i++);
+    } else {
+      cache = child;
+      i = 0;
+      start_bounds(cache);
+    }
+  }
+  return root;
+}
+
+void compile_chunk(DrawCache *cache, uint32_t k) {
+  Chunk &chunk = rows<Chunk>(cache->chunks)[k];
+  if (chunk.compiled) return;
+  const PlotBatch &batch = *cache->batch;
+  if (cache->first_list == 0) cache->first_list = glGenLists(list_count(cache));
+  for (int32_t pass = 0; pass < batch.passes; pass++) {
+    const PrimitiveStream &stream = batch.streams[pass];
+    glNewList(list_name(cache, k, pass), GL_COMPILE);
+    if (batch.before != nullptr) batch.before();
+    glBegin(stream.mode);
+    stream.draw(cache->streams[pass], primitive_begin(cache, k, pass), chunk.primitive_end[pass],
+                cache->halfwidth);
+    glEnd();
+    if (batch.after != nullptr) batch.after();
+    glEndList();
+  }
+  chunk.compiled = true;
+}
+
+// What culling needs while one tree is drawn.
+struct CullState {
+  const PlotBatch *batch;
+  const View *view;
+  double root_halfwidth;
+};
+
+bool is_visible(const CullState &cull, const Bounds &bounds) {
+  double margin = 0;
+  if (cull.batch->margin != nullptr)
+    margin = cull.batch->margin(bounds.box, std::max(bounds.max_halfwidth, cull.root_halfwidth),
+                                cull.view->camera);
+  return !frustum_culls(cull.view->frustum, bounds.box, margin, cull.batch->cull_planes);
+}
+
+void call_chunks(const CullState &cull, DrawCache *cache, int32_t pass) {
+  for (uint32_t k = 0; k < cache->chunks.count; k++) {
+    if (!is_visible(cull, rows<Chunk>(cache->chunks)[k].bounds)) continue;
+    compile_chunk(cache, k);
+    glCallList(list_name(cache, k, pass));
+  }
+}
+
+void call_passes(const CullState &cull, DrawCache *cache, int32_t pass) {
+  if (pass != every_pass) return call_chunks(cull, cache, pass);
+  for (int32_t each = 0; each < cull.batch->passes; each++)
+    call_chunks(cull, cache, each);
+}
+
+// Sets `has_user` on the user's cache and its ancestors.
+void set_has_user(const CullState &cull, bool has_user) {
+  if (cull.batch->marker == nullptr) return;
+  for (DrawCache *cache = find(cull.view->world->cur.maze, *cull.batch); cache != nullptr;
+       cache = cache->parent)
+    cache->has_user = has_user;
+}
+
+bool is_called(const CullState &cull, const DrawCache *cache, const Bounds &bounds) {
+  return is_visible(cull, bounds) || (cull.batch->marker != nullptr && cache->has_user);
+}
+
+void call_maze(const CullState &cull, DrawCache *cache, int32_t pass) {
+  call_passes(cull, cache, pass);
+  if (cull.batch->marker != nullptr && cull.view->world->cur.maze == cache->maze)
+    cull.batch->marker(*cull.view);
+}
+
+void call_tree(const CullState &cull, DrawCache *root, int32_t pass) {
+  if (!is_called(cull, root, root->subtree)) return;
+  call_maze(cull, root, pass);
+  DrawCache *cache = root;
+  for (uint32_t i = 0; cache != root || i < root->children.count;) {
+    if (i == cache->children.count) {
+      i = cache->child_index + 1;
+      cache = cache->parent;
+      continue;
+    }
+    const Child &child = rows<Child>(cache->children)[i++];
+    if (!is_called(cull, child.cache, child.bounds)) continue;
+    call_maze(cull, child.cache, pass);
+    cache = child.cache;
+    i = 0;
+  }
+}
+
+// Where a chunk's edges lead now. Unlike the cached bounds, these follow ends in other mazes.
+Box current_bounds(const DrawCache *cache, uint32_t k) {
+  const Chunk &chunk = rows<Chunk>(cache->chunks)[k];
+  const int32_t stream = cache->batch->end_stream;
+  Box box = chunk.bounds.box;
+  assert(stream >= 0);
+  for (uint32_t i = primitive_begin(cache, k, stream); i < chunk.primitive_end[stream]; i++) {
+    const Pos end = rows<Pos>(cache->streams[stream])[i];
+    if (end.node < maze_count(end.maze)) box_add(&box, Pos_position(end));
+  }
+  return box;
+}
+
+} // namespace
+
+void draw_cache_draw(Maze *root, const PlotBatch &batch, int32_t pass, int32_t all_levels,
+                     const View &view) {
+  const CullState cull = {&batch, &view, root->halfwidth};
+  if (all_levels == 0) return call_passes(cull, find_or_build(root, batch, 0, view.world), pass);
+  DrawCache *cache = build_tree(root, batch, view.world);
+  set_has_user(cull, true);
+  call_tree(cull, cache, pass);
+  set_has_user(cull, false);
+}
+
+void draw_cache_draw_immediate(Maze *maze, const PlotBatch &batch, int32_t pass, int32_t all_levels,
+                               const View *view) {
+  DrawCache *cache = new_cache(maze, batch, all_levels);
+  collect_chunks(cache, view != nullptr ? view->world : nullptr);
+  for (uint32_t k = 0; k < cache->chunks.count; k++) {
+    const Chunk &chunk = rows<Chunk>(cache->chunks)[k];
+    if (view != nullptr && !is_visible({&batch, view, view->world->root->halfwidth}, chunk.bounds))
+      continue;
+    batch.streams[pass].draw(cache->streams[pass], primitive_begin(cache, k, pass),
+                             chunk.primitive_end[pass], cache->halfwidth);
+  }
+  release(cache);
+}
+
+void draw_cache_compile(Maze *maze, const PlotBatch &batch, int32_t all_levels,
+                        const World *world) {
+  DrawCache *cache = find_or_build(maze, batch, all_levels, world);
+  for (uint32_t k = 0; k < cache->chunks.count; k++)
+    compile_chunk(cache, k);
+}
+
+const DrawCache *draw_cache_find(const Maze *maze, const PlotBatch &batch) {
+  const DrawCache *cache = find(maze, batch);
+  return cache != nullptr && cache->all_levels != 0 ? cache : nullptr;
+}
+
+const Box *draw_cache_node_bounds(const DrawCache *cache) {
+  return cache->complete ? &cache->subtree_nodes : nullptr;
+}
+
+void draw_cache_visible_nodes(const DrawCache *cache, const Frustum &frustum, double margin,
+                              std::vector<NodeRange> *ranges) {
+  for (uint32_t k = 0; k < cache->chunks.count; k++)
+    if (!frustum_culls(frustum, current_bounds(cache, k), margin, frustum_planes))
+      ranges->push_back(rows<Chunk>(cache->chunks)[k].nodes);
+}
+
+void draw_cache_submazes(const DrawCache *cache, std::vector<Maze *> *mazes) {
+  for (uint32_t i = cache->children.count; i-- > 0;)
+    mazes->push_back(rows<Child>(cache->children)[i].maze);
+}

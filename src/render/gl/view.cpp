@@ -1,0 +1,45 @@
+#include "render/gl/view.h"
+
+#include <cassert>
+
+#include "gfx/gl.h"
+
+static View current;
+
+View view_read(const World *world, Vec3 followed, void (*set_slab)(float projection[16])) {
+  View view = {world, world->camera, followed, {}, {}, {}};
+  glGetFloatv(GL_PROJECTION_MATRIX, view.projection);
+  glGetFloatv(GL_MODELVIEW_MATRIX, view.modelview);
+  if (set_slab != nullptr) set_slab(view.projection);
+  view.frustum = frustum_of(view.projection, view.modelview);
+  return view;
+}
+
+void view_use(const View &view) {
+  current = view;
+  glMatrixMode(GL_PROJECTION);
+  glLoadMatrixf(view.projection);
+  glMatrixMode(GL_MODELVIEW);
+}
+
+const View &view_current() {
+  return current;
+}
+
+const View &view_of([[maybe_unused]] const World *world) {
+  assert(current.world == world);
+  return current;
+}
+
+void World_apply_view(const World *world) {
+  double matrix[16] = {};
+  for (int row = 0; row < 3; row++) {
+    for (int column = 0; column < 3; column++) {
+      matrix[column * 4 + row] = world->view.m[row][column];
+    }
+  }
+  matrix[15] = 1.0;
+  glMultMatrixd(matrix);
+  glTranslatef(-static_cast<float>(world->camera.x), -static_cast<float>(world->camera.y),
+               -static_cast<float>(world->camera.z));
+}

@@ -19,6 +19,7 @@
 #include "render/gl/view.h"
 #include "render/line_plot.h"
 #include "render/plot.h"
+#include "render/plot_switches.h"
 #include "render/shader_text.h"
 #include "support/random.h"
 #include "world/camera.h"

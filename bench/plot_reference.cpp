@@ -17,7 +17,7 @@
 #include "render/gl/shaderprocs.h"
 #include "render/gl/view.h"
 #include "render/line_plot.h"
-#include "render/plot.h"
+#include "render/plot_switches.h"
 #include "render/shader_text.h"
 #include "render/voronoi_geometry.h"
 #include "render/voronoi_plot.h"

@@ -5,7 +5,7 @@
 #include "gfx/screenshot.h"
 #include "maze/attachment.h"
 #include "maze/attachment_names.h"
-#include "render/plot.h"
+#include "render/plot_switches.h"
 
 namespace {
 

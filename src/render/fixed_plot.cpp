@@ -14,7 +14,7 @@
 #include "render/gl/shaderprocs.h"
 #include "render/line_plot.h"
 #include "render/maze_label.h"
-#include "render/plot.h"
+#include "render/plot_switches.h"
 #include "render/shader_text.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include "gfx/gl_colour.h"
 #include "gfx/gl_util.h"
 #include "maze/pos.h"
-#include "render/plot.h"
+#include "render/plot_switches.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "render/disc.h"
 #include "render/gl/draw_cache.h"
 #include "render/gl/immediate.h"
-#include "render/plot.h"
+#include "render/plot_switches.h"
 #include "render/voronoi_geometry.h"
 #include "render/voronoi_shapes.h"
 

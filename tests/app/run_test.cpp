@@ -10,7 +10,7 @@
 #include "gfx/input.h"
 #include "gfx/window.h"
 #include "own_folder.h"
-#include "render/plot.h"
+#include "render/plot_switches.h"
 #include "scenarios.h"
 #include "support/clock.h"
 #include "support/random.h"

@@ -13,7 +13,7 @@
 #include "maze/edit.h"
 #include "picture.h"
 #include "render/gl/view.h"
-#include "render/plot.h"
+#include "render/plot_switches.h"
 #include "scenarios.h"
 #include "text/fonts.h"
 #include "text/prepare.h"

@@ -21,6 +21,7 @@
 #include "picture.h"
 #include "render/gl/view.h"
 #include "render/plot.h"
+#include "render/plot_switches.h"
 #include "scenarios.h"
 #include "support/random.h"
 #include "world/camera.h"

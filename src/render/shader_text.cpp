@@ -1,7 +1,33 @@
 #include "render/shader_text.h"
 
-// The colour of an age, in bytes out of 255: 0.1412 is 36, 0.0706 is 18, 0.0667 is 17 and 0.0627
-// is 16. t becomes the age in decades of hundredths of a second.
+// Parts that texts share.
+
+// The end of a fragment shader: the window depth of a point with the eye coordinate z.
+#define WRITE_DEPTH                                                                                \
+  "  gl_FragDepth=(proj[2][2]*z+proj[3][2])/(proj[2][3]*z);\n"                                     \
+  "  gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;\n" \
+  "}\n"
+
+// The start of a ball's fragment shader: where the ray k*epos meets the sphere. The nearer root
+// counts.
+#define BALL_RAY                                                                                   \
+  "\n"                                                                                             \
+  "uniform mat4 proj;\n"                                                                           \
+  "varying vec3 epos,ex;\n"                                                                        \
+  "varying float r;\n"                                                                             \
+  "void main()\n"                                                                                  \
+  "{\n"                                                                                            \
+  "  float a=dot(epos,epos);\n"                                                                    \
+  "  float b=-2.0*dot(ex,epos);\n"                                                                 \
+  "  float c=dot(ex,ex)-r*r;\n"                                                                    \
+  "  float d=b*b-4.0*a*c;\n"                                                                       \
+  "  if(d<0.0) discard;\n"                                                                         \
+  "  float k=(-b-sqrt(d))/(2.0*a);\n"                                                              \
+  "  if(k<=0.0) discard;\n"                                                                        \
+  "  vec3 ecpos=epos*k;\n"
+
+// In 1/255: 0.1412 is 36, 0.0706 is 18, 0.0667 is 17 and 0.0627 is 16. t becomes the logarithm of
+// the age in hundredths of a second.
 const char *const shader_agecolour = R"(#version 120
 vec3 agecolour(float t)
 {
@@ -22,8 +48,8 @@ vec3 agecolour(float t)
 }
 )";
 
-// Each fixed light is folded to its nearest copy, and fades to nothing at the faces of its cell so
-// that no seam shows where the nearest copy changes.
+// Only the nearest copy of each repeating light counts. It fades to nothing at the faces of its
+// cell, so that no seam shows where the nearest copy changes.
 const char *const shader_lighting = R"(#version 120
 uniform vec3 lpos0=vec3(0),lcol0=vec3(0);
 vec3 cell_light(vec3 lpos,vec3 lcol,vec3 nv,vec3 ps)
@@ -48,8 +74,8 @@ vec3 lighting(vec3 nv,vec3 ps)
 }
 )";
 
-// The ribbon faces the camera and grows with the distance, which leaves room for its rim of one
-// pixel far away. r is the signed distance from the axis, oz the eye's z.
+// The ribbon faces the camera. It widens with the distance to leave room for its rim of one pixel.
+// r is the signed distance from the axis, oz the z in eye space.
 const char *const shader_edge_vertex = R"(
 uniform vec3 o;
 uniform float t,r0,r1;
@@ -71,8 +97,8 @@ void main()
 }
 )";
 
-// A dark core with light rims that go to black at the outside, mixed in linear light. The core
-// stands towards the viewer and the rim behind; the antialiased last pixel loses to everything.
+// A dark core with light rims that fade to black, mixed in linear light. The core is moved towards
+// the viewer and the rim away; the antialiased last pixel is moved behind everything.
 const char *const shader_edge_fragment = R"(#version 120
 uniform mat4 proj;
 varying float r,oz;
@@ -91,12 +117,9 @@ void main()
   vec3 c=ch*smoothstep(r,-r1,rpix)+(cl-ch)*smoothstep(r,-0.6*r1,rpix)
         +(ch-cl)*smoothstep(r,0.6*r1,rpix)-ch*smoothstep(r,r1,rpix);
   gl_FragColor=vec4(pow(max(c,vec3(0.0)),vec3(1.0/2.2)),1.0);
-  gl_FragDepth=(proj[2][2]*z+proj[3][2])/(proj[2][3]*z);
-  gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;
-}
-)";
+)" WRITE_DEPTH;
 
-// A square that faces the camera, widened with the distance as the ribbons are.
+// A square that faces the camera and widens with the distance, as ribbons do.
 const char *const shader_node_vertex = R"(
 uniform vec3 o;
 uniform float t;
@@ -120,8 +143,8 @@ void main()
 }
 )";
 
-// A dark centre with a light ring. The core stands half again as far forward as an edge's, in
-// front of the edges that meet in it.
+// A dark centre with a light ring. The core is moved 1.5 times as far forward as that of an edge,
+// in front of the edges that meet in it.
 const char *const shader_node_fragment = R"(#version 120
 uniform mat4 proj;
 varying vec3 pos,c;
@@ -140,10 +163,7 @@ void main()
   vec3 ch=pow(min(vec3(1.0),gl_Color.rgb+0.25),vec3(2.2));
   vec3 col=cl+(ch-cl)*smoothstep(d,0.6*r,rpix)-ch*smoothstep(d,r,rpix);
   gl_FragColor=vec4(pow(max(col,vec3(0.0)),vec3(1.0/2.2)),1.0);
-  gl_FragDepth=(proj[2][2]*z+proj[3][2])/(proj[2][3]*z);
-  gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;
-}
-)";
+)" WRITE_DEPTH;
 
 const char *const shader_disc_vertex = R"(
 varying vec3 pos;
@@ -167,8 +187,8 @@ void main()
 }
 )";
 
-// The quad lies in the plane of the sphere's far side. Per axis it reaches as far as the box around
-// the sphere does, seen from the eye; the cap keeps it finite when the eye comes close.
+// The quad lies in the plane of the sphere's far side and covers the projection of the sphere's
+// bounding cube onto it. The cap keeps it finite when the eye comes close.
 const char *const shader_ball_vertex = R"(#version 120
 varying vec3 epos,ex;
 varying float r;
@@ -188,54 +208,21 @@ void main()
 }
 )";
 
-// The ray is k*epos; the nearer root counts. Vectors multiplied from the left of the modelview go
-// back to the world, since it is a rotation and a translation.
-const char *const shader_ball_fragment = R"(
-uniform mat4 proj;
-varying vec3 epos,ex;
-varying float r;
-void main()
-{
-  float a=dot(epos,epos);
-  float b=-2.0*dot(ex,epos);
-  float c=dot(ex,ex)-r*r;
-  float d=b*b-4.0*a*c;
-  if(d<0.0) discard;
-  float k=(-b-sqrt(d))/(2.0*a);
-  if(k<=0.0) discard;
-  vec3 ecpos=epos*k;
-  vec3 norm=normalize(vec3(vec4(ecpos-ex,0)*gl_ModelViewMatrix));
+// A vector times the modelview goes from eye space to the world, since the matrix is a rotation and
+// a translation.
+const char *const shader_ball_fragment =
+    BALL_RAY R"(  vec3 norm=normalize(vec3(vec4(ecpos-ex,0)*gl_ModelViewMatrix));
   vec3 pos=vec3((vec4(ecpos,1)-gl_ModelViewMatrix[3])*gl_ModelViewMatrix);
   gl_FragColor=gl_Color*vec4(lighting(norm,pos),1);
   float z=ecpos.z;
-  gl_FragDepth=(proj[2][2]*z+proj[3][2])/(proj[2][3]*z);
-  gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;
-}
-)";
+)" WRITE_DEPTH;
 
-const char *const shader_ball_unlit_fragment = R"(
-uniform mat4 proj;
-varying vec3 epos,ex;
-varying float r;
-void main()
-{
-  float a=dot(epos,epos);
-  float b=-2.0*dot(ex,epos);
-  float c=dot(ex,ex)-r*r;
-  float d=b*b-4.0*a*c;
-  if(d<0.0) discard;
-  float k=(-b-sqrt(d))/(2.0*a);
-  if(k<=0.0) discard;
-  vec3 ecpos=epos*k;
-  gl_FragColor=gl_Color;
+const char *const shader_ball_unlit_fragment = BALL_RAY R"(  gl_FragColor=gl_Color;
   float z=ecpos.z;
-  gl_FragDepth=(proj[2][2]*z+proj[3][2])/(proj[2][3]*z);
-  gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;
-}
-)";
+)" WRITE_DEPTH;
 
-// The quad lies in the plane that touches the cylinder on its far side, and reaches as far as the
-// near touching plane does, seen from the eye. ab: along the axis, in its lengths, and across it.
+// The quad lies in the tangent plane on the cylinder's far side and covers the projection of the
+// near side onto it. ab.x is along the axis, in units of its length, ab.y across it.
 const char *const shader_stick_vertex = R"(#version 120
 varying vec3 epos,ex,ea;
 varying float r;
@@ -260,8 +247,8 @@ void main()
 }
 )";
 
-// The cylinder ends without caps, where the balls close it. What is square to the axis is taken as
-// vectors, xn and en: as a difference of squares, it would drown in the rounding on long sticks.
+// The cylinder has no caps; balls close its ends. xn and en are perpendicular to the axis: a
+// difference of squared lengths instead would lose all precision on long sticks.
 const char *const shader_stick_fragment = R"(
 uniform mat4 proj;
 varying vec3 epos,ex,ea;
@@ -286,12 +273,9 @@ void main()
   vec3 pos=vec3((vec4(ecpos,1)-gl_ModelViewMatrix[3])*gl_ModelViewMatrix);
   gl_FragColor=gl_Color*vec4(lighting(norm,pos),1);
   float z=ecpos.z;
-  gl_FragDepth=(proj[2][2]*z+proj[3][2])/(proj[2][3]*z);
-  gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;
-}
-)";
+)" WRITE_DEPTH;
 
-// Positions are in world coordinates, as the lights are.
+// Positions are in world coordinates, like those of the lights.
 const char *const shader_gantry_vertex = R"(#version 120
 varying vec3 pos,norm;
 varying float oz;
@@ -306,8 +290,8 @@ void main()
 }
 )";
 
-// texbas tilts the axis of the texture up into the plane of the surface. From below the normal
-// turns round. A hole paints its antialiased edge, but hides nothing that lies below it.
+// texbas tilts the axis of the texture into the plane of the surface. Seen from below, the normal
+// is inverted. A hole draws its antialiased rim but hides nothing below it.
 const char *const shader_gantry_fragment = R"(
 uniform mat4 proj;
 uniform sampler2D tex,tnorm;
@@ -338,13 +322,10 @@ void main()
   gl_FragColor=gl_Color*vec4(lighting(side*normap,pos),1.0)*texture2D(tex,tc);
   float z=oz;
   if(gl_FragColor.a<0.5) z-=1e6;
-  gl_FragDepth=(proj[2][2]*z+proj[3][2])/(proj[2][3]*z);
-  gl_FragDepth=((gl_DepthRange.diff*gl_FragDepth)+gl_DepthRange.near+gl_DepthRange.far)*0.5;
-}
-)";
+)" WRITE_DEPTH;
 
-// Three waves at 60 degrees make a hexagonal lattice; below -0.3 lies a hole, and the metal rolls
-// steeply at its rim. A turned grid of 100 samples a pixel smooths the rims.
+// The sum of three waves at 60 degrees is a hexagonal lattice. It is a hole where it is below -0.3,
+// and steep at the rim. A rotated grid of 100 samples per pixel smooths the rims.
 const char *const shader_gantry_texture = R"(#version 120
 #define M_TWOPI (2.0*3.141592653589793238462643383279)
 uniform int tn;

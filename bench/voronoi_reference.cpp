@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "bucket_grid.h"
 #include "generate/transform.h"
 #include "maze/pos.h"
-#include "render/bucket_grid.h"
 
 namespace {
 

@@ -40,12 +40,12 @@ std::vector<int32_t> weld_map(const Maze *a, const Maze *b) {
   const std::vector<Vec3> positions = node_positions(b);
   const bool few = size_t{a->nodes.count} * b->nodes.count <= brute_force_pairs;
   PointGrid grid;
-  const bool sorted = !few && PointGrid_build(&grid, positions);
+  if (!few) PointGrid_build(&grid, positions);
   std::vector<int32_t> map(a->nodes.count);
   for (uint32_t i = 0; i < a->nodes.count; i++) {
     const Vec3 p = node_position(maze_nodes(a)[i]);
     const int32_t partner =
-        sorted ? PointGrid_nearest(&grid, p, weld_distance_squared) : nearest_partner(positions, p);
+        few ? nearest_partner(positions, p) : PointGrid_nearest(&grid, p, weld_distance_squared);
     map[i] = partner < 0 ? -1 : maze_count(a) + partner;
   }
   return map;

@@ -5,27 +5,25 @@
 #include "maze/maze.h"
 #include "support/list.h"
 
-// The part of the x-y plane that lies nearer to a node than to the other nodes of its maze: its
-// cell, cut out of a square by the nodes around it. Cells are local: the square reaches three times
-// the node's longest edge to each side, and nodes further than five times that edge, by distance in
-// space, don't cut.
+// The Voronoi cells of a maze's nodes in the x-y plane: what is nearer to a node than to any other.
+// Cells are local: each is cut out of a square that extends three times the node's longest edge to
+// each side, by the nodes within five times that edge in space.
 
-// A corner of a cell, and the edge of the cell from here to the next corner.
+// A corner of a cell, and the cell's edge from here to the next corner.
 struct VoronoiCorner {
   double x, y;
-  int32_t site;   // the node on the other side of the edge; -1 on the rim of the square
-  int32_t joined; // 1 if that node is a neighbour within the maze, else 0; -1 on the rim
+  int32_t site;   // the node on the other side of the edge; -1 on the border of the square
+  int32_t joined; // 1 if that node is a neighbour in the same maze, else 0; -1 on the border
 };
 
-// Computes the cells of a maze anew, as its attachment "voronoi". With `across_levels` the longest
-// edge is looked for in Pos_alledges, which passes over neighbours that hold a maze, and such
-// neighbours aren't joined; without it all rows of the node count.
+// Computes the cells of a maze and attaches them as "voronoi", in place of older ones. With
+// `across_levels` a node's neighbours are those of Pos_alledges in the same maze, which leaves out
+// neighbours that hold a maze; without it, those of its own table.
 void voronoi_build(Maze *maze, int32_t across_levels);
 
-// The same for all mazes of a tree that have no cells yet. The bounds, which take in all mazes
-// below, are computed once for all.
+// The same for all mazes of a tree that have no cells. Computes the bounds of all mazes at once.
 void voronoi_build_missing(Maze *root, int32_t across_levels);
 
-// The cells of a maze, of GrowList of VoronoiCorner, one for each node, corners clockwise from
-// above; null if they have not been computed.
+// The cells of a maze: a GrowList of VoronoiCorner for each node, corners clockwise from above;
+// null if they aren't built.
 const GrowList *voronoi_cells(const Maze *maze);

@@ -1,122 +1,112 @@
 #include "support/point_grid.h"
 
 #include <algorithm>
-#include <cassert>
 #include <cmath>
-#include <cstddef>
 
 namespace {
 
-constexpr double max_coordinate = 1e9;
-constexpr double max_cells_per_point = 8.0; // limits the memory for sparse points
-
-struct Cell {
-  int32_t x, y, z;
+struct Size {
+  int64_t x, y, z;
 };
 
-double axis_cells(double extent, double cells_per_unit) {
-  return std::floor(extent * cells_per_unit) + 1.0;
+// An axis's share of k cells along the longest axis. Huge extents overflow to infinity, hence the
+// limit.
+int64_t axis_cells(double k, double extent, double longest) {
+  return std::max<int64_t>(static_cast<int64_t>(std::min(k * extent / longest, k)), 1);
 }
 
-double all_cells(Vec3 extent, double cells_per_unit) {
-  return axis_cells(extent.x, cells_per_unit) * axis_cells(extent.y, cells_per_unit) *
-         axis_cells(extent.z, cells_per_unit);
+// The smallest grid in the proportions of the box that has a cell for each point.
+Size grid_size(Vec3 extent, size_t count) {
+  const double longest = std::max({extent.x, extent.y, extent.z});
+  if (count < 2 || !is_finite(extent) || !(longest > 0)) return {1, 1, 1};
+  for (double k = 1;; k++) {
+    const Size size = {axis_cells(k, extent.x, longest), axis_cells(k, extent.y, longest),
+                       axis_cells(k, extent.z, longest)};
+    if (static_cast<size_t>(size.x * size.y * size.z) >= count) return size;
+  }
 }
 
-Vec3 in_cells(const PointGrid *grid, Vec3 p) {
-  return (p - grid->low) * grid->cells_per_unit;
+int32_t axis_cell(double p, double low, double high, int32_t n) {
+  if (!(high > low)) return 0;
+  const double cell = (p - low) / (high - low) * n;
+  if (!(cell > 0)) return 0;
+  return cell < n ? static_cast<int32_t>(cell) : n - 1;
 }
 
-int32_t cell_index(const PointGrid *grid, Cell cell) {
-  return (cell.z * grid->ny + cell.y) * grid->nx + cell.x;
+// The row of a place's cell in `start`.
+size_t cell_row(const PointGrid *grid, Vec3 p) {
+  const int32_t ix = axis_cell(p.x, grid->low.x, grid->high.x, grid->nx);
+  const int32_t iy = axis_cell(p.y, grid->low.y, grid->high.y, grid->ny);
+  const int32_t iz = axis_cell(p.z, grid->low.z, grid->high.z, grid->nz);
+  return static_cast<size_t>((ix * grid->ny + iy) * grid->nz + grid->nz - 1 - iz);
 }
 
-int32_t cell_of(const PointGrid *grid, Vec3 p) {
-  const Vec3 at = in_cells(grid, p);
-  return cell_index(
-      grid, {static_cast<int32_t>(at.x), static_cast<int32_t>(at.y), static_cast<int32_t>(at.z)});
-}
-
-// Counting sort by cell; keeps the order of the points in a cell.
+// A counting sort.
 void sort_points(PointGrid *grid, const std::vector<Vec3> &points) {
-  const size_t cells =
-      static_cast<size_t>(grid->nx) * static_cast<size_t>(grid->ny) * static_cast<size_t>(grid->nz);
-  grid->start.assign(cells + 1, 0);
-  for (const Vec3 p : points)
-    grid->start[static_cast<size_t>(cell_of(grid, p)) + 1]++;
-  for (size_t c = 0; c < cells; c++)
-    grid->start[c + 1] += grid->start[c];
-  grid->order.resize(points.size());
-  grid->points.resize(points.size());
-  std::vector<int32_t> next = grid->start;
+  std::vector<size_t> rows(points.size());
+  grid->start.assign(static_cast<size_t>(grid->nx * grid->ny * grid->nz) + 1, 0);
   for (size_t i = 0; i < points.size(); i++) {
-    const auto entry = static_cast<size_t>(next[static_cast<size_t>(cell_of(grid, points[i]))]++);
-    grid->order[entry] = static_cast<int32_t>(i);
-    grid->points[entry] = points[i];
+    rows[i] = cell_row(grid, points[i]);
+    grid->start[rows[i] + 1]++;
   }
+  for (size_t row = 1; row < grid->start.size(); row++)
+    grid->start[row] += grid->start[row - 1];
+  grid->points.resize(points.size());
+  std::vector<uint32_t> next = grid->start;
+  for (size_t i = points.size(); i-- > 0;)
+    grid->points[next[rows[i]]++] = {points[i], static_cast<int32_t>(i)};
 }
 
-// The nearest point so far.
-struct Best {
-  double distance_squared;
-  int32_t index;
-};
-
-// Searches the adjacent cells `first` to `last` of one row along x.
-void search_cells(const PointGrid *grid, int32_t first, int32_t last, Vec3 p, Best *best) {
-  const int32_t end = grid->start[static_cast<size_t>(last) + 1];
-  for (int32_t entry = grid->start[static_cast<size_t>(first)]; entry < end; entry++) {
-    const auto at = static_cast<size_t>(entry);
-    const double distance = length_squared(grid->points[at] - p);
-    if (distance > best->distance_squared) continue;
-    if (distance == best->distance_squared && grid->order[at] < best->index) continue;
-    *best = {distance, grid->order[at]};
-  }
+// Whether a place is farther than `reach` from the box.
+bool is_beyond(const PointGrid *grid, Vec3 p, double reach) {
+  const Vec3 low = grid->low, high = grid->high;
+  return p.x < low.x - reach || p.y < low.y - reach || p.z < low.z - reach ||
+         p.x > high.x + reach || p.y > high.y + reach || p.z > high.z + reach;
 }
 
 } // namespace
 
-bool PointGrid_build(PointGrid *grid, const std::vector<Vec3> &points) {
-  if (points.empty()) return false;
-  Vec3 low = points[0];
-  Vec3 high = points[0];
+void PointGrid_build_in(PointGrid *grid, const std::vector<Vec3> &points, Vec3 low, Vec3 high) {
+  const Size size = grid_size(high - low, points.size());
+  grid->low = low;
+  grid->high = high;
+  grid->nx = static_cast<int32_t>(size.x);
+  grid->ny = static_cast<int32_t>(size.y);
+  grid->nz = static_cast<int32_t>(size.z);
+  sort_points(grid, points);
+}
+
+void PointGrid_build(PointGrid *grid, const std::vector<Vec3> &points) {
+  Vec3 low = {}, high = {};
+  if (!points.empty()) low = high = points[0];
   for (const Vec3 p : points) {
-    if (!(std::abs(p.x) <= max_coordinate && std::abs(p.y) <= max_coordinate &&
-          std::abs(p.z) <= max_coordinate))
-      return false;
     low = min_components(low, p);
     high = max_components(high, p);
   }
-  const Vec3 extent = high - low;
-  const double max_cells = max_cells_per_point * static_cast<double>(points.size());
-  grid->low = low;
-  grid->cells_per_unit = 1.0;
-  while (all_cells(extent, grid->cells_per_unit) > max_cells)
-    grid->cells_per_unit *= 0.75;
-  grid->nx = static_cast<int32_t>(axis_cells(extent.x, grid->cells_per_unit));
-  grid->ny = static_cast<int32_t>(axis_cells(extent.y, grid->cells_per_unit));
-  grid->nz = static_cast<int32_t>(axis_cells(extent.z, grid->cells_per_unit));
-  sort_points(grid, points);
-  return true;
+  PointGrid_build_in(grid, points, low, high);
 }
 
-int32_t PointGrid_nearest(const PointGrid *grid, Vec3 p, double limit_squared) {
-  assert(limit_squared < 1.0);
-  const Vec3 at = in_cells(grid, p);
-  const bool near = at.x > -1.0 && at.x < grid->nx + 1.0 && at.y > -1.0 && at.y < grid->ny + 1.0 &&
-                    at.z > -1.0 && at.z < grid->nz + 1.0;
-  if (!near) return -1;
-  const Cell middle = {static_cast<int32_t>(std::floor(at.x)),
-                       static_cast<int32_t>(std::floor(at.y)),
-                       static_cast<int32_t>(std::floor(at.z))};
-  const Cell low = {std::max(middle.x - 1, 0), std::max(middle.y - 1, 0),
-                    std::max(middle.z - 1, 0)};
-  const Cell high = {std::min(middle.x + 1, grid->nx - 1), std::min(middle.y + 1, grid->ny - 1),
-                     std::min(middle.z + 1, grid->nz - 1)};
-  Best best = {limit_squared, -1};
-  for (int32_t z = low.z; z <= high.z; z++)
-    for (int32_t y = low.y; y <= high.y; y++)
-      search_cells(grid, cell_index(grid, {low.x, y, z}), cell_index(grid, {high.x, y, z}), p,
-                   &best);
-  return best.index;
+GridBlock PointGrid_block(const PointGrid *grid, Vec3 place, Vec3 reach) {
+  const Vec3 first = place - reach, last = place + reach;
+  const Vec3 low = grid->low, high = grid->high;
+  return {{axis_cell(first.x, low.x, high.x, grid->nx), axis_cell(first.y, low.y, high.y, grid->ny),
+           axis_cell(first.z, low.z, high.z, grid->nz)},
+          {axis_cell(last.x, low.x, high.x, grid->nx), axis_cell(last.y, low.y, high.y, grid->ny),
+           axis_cell(last.z, low.z, high.z, grid->nz)}};
+}
+
+int32_t PointGrid_nearest(const PointGrid *grid, Vec3 place, double limit_squared) {
+  const double reach = std::sqrt(limit_squared) * (1 + 1e-9); // with slack for rounding
+  if (is_beyond(grid, place, reach)) return -1;
+  double best_distance = limit_squared;
+  int32_t best = -1;
+  const GridBlock block = PointGrid_block(grid, place, {reach, reach, reach});
+  PointGrid_each(grid, block, [&](const GridPoint &point) {
+    const double distance = length_squared(point.place - place);
+    if (!(distance <= best_distance)) return; // a NaN is near nothing
+    if (distance == best_distance && point.index < best) return;
+    best_distance = distance;
+    best = point.index;
+  });
+  return best;
 }

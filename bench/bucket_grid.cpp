@@ -1,4 +1,4 @@
-#include "render/bucket_grid.h"
+#include "bucket_grid.h"
 
 #include <algorithm>
 #include <cassert>

@@ -1,5 +1,5 @@
-// The making of mazes against a step by step implementation and against spanning trees of general
-// graph libraries, all in one process on the same graphs. Run by scripts/bench.
+// Compares generation with the reference implementations, and carving with the spanning trees of
+// graph libraries, in one process on the same graphs. Run by scripts/bench.
 
 #include <benchmark/benchmark.h>
 
@@ -32,7 +32,7 @@ using Graph =
                           boost::property<boost::edge_weight_t, uint32_t>>;
 using GraphEdge = boost::graph_traits<Graph>::edge_descriptor;
 
-// The same uncarved maze for all who carve it, with random weights for those who need them.
+// One uncarved maze for all competitors, with random weights for those that need them.
 struct Lattice {
   Maze *maze;
   Graph graph;
@@ -105,16 +105,17 @@ Step made(uint32_t seed, const std::function<Maze *()> &make) {
   };
 }
 
-void measure_both(const std::string &name, uint32_t seed, const std::function<Maze *()> &literal,
+void measure_both(const std::string &name, uint32_t seed, const std::function<Maze *()> &reference,
                   const std::function<Maze *()> &ours) {
-  measure(name + "/literal", made(seed, literal));
+  measure(name + "/reference", made(seed, reference));
   measure(name + "/ours", made(seed, ours));
 }
 
-void measure_carving(const std::string &name, Maze *maze, bool literal) {
+void measure_carving(const std::string &name, Maze *maze, bool with_reference) {
   Lattice *lattice = make_lattice(maze);
   measure(name + "/ours", made(7, [maze] { return Maze_carved(maze); }));
-  if (literal) measure(name + "/literal", made(7, [maze] { return reference_carved(maze); }));
+  if (with_reference)
+    measure(name + "/reference", made(7, [maze] { return reference_carved(maze); }));
   measure(name + "/boost_kruskal", [lattice] { kruskal(lattice); });
   measure(name + "/boost_prim", [lattice] { prim(lattice); });
   measure(name + "/igraph", [lattice] { other_prim(lattice); });
@@ -144,7 +145,8 @@ uint32_t median_seed(int32_t kind, size_t tries) {
 
 void measure_repulsion() {
   Maze *maze = Maze_polar(50, 1);
-  measure("repel/literal", [maze] { benchmark::DoNotOptimize(reference_repulsion(maze).data()); });
+  measure("repel/reference",
+          [maze] { benchmark::DoNotOptimize(reference_repulsion(maze).data()); });
   const size_t n = maze->nodes.count;
   auto *columns = new std::vector<double>(6 * n, 0.0);
   double *start = columns->data();
@@ -155,14 +157,14 @@ void measure_repulsion() {
   }
   const RepulsionField field = {maze_count(maze), start,         start + n,    start + 2 * n,
                                 start + 3 * n,    start + 4 * n, start + 5 * n};
-  measure("repel/two", [field] { repel_sse2(field); });
-  if (__builtin_cpu_supports("avx2")) measure("repel/four", [field] { repel_avx2(field); });
+  measure("repel/sse2", [field] { repel_sse2(field); });
+  if (__builtin_cpu_supports("avx2")) measure("repel/avx2", [field] { repel_avx2(field); });
 }
 
 } // namespace
 
 int main(int argc, char **argv) {
-  // What is freed is kept and used again, so that no one's time goes into fetching pages.
+  // Freed memory is kept and reused, so that no time goes into page faults.
   mallopt(M_MMAP_MAX, 0);
   mallopt(M_TRIM_THRESHOLD, INT_MAX);
   rand_seed(1);

@@ -13,11 +13,119 @@
 #include "support/random.h"
 #include "support/strings.h"
 
-static Maze *and_destroy(Maze *made, Maze *used, Maze *also = nullptr) {
+namespace {
+
+Maze *and_destroy(Maze *made, Maze *used, Maze *also = nullptr) {
   Maze_destroy(used, 1);
   if (also) Maze_destroy(also, 1);
   return made;
 }
+
+std::vector<int32_t> reference_weld_map(const Maze *a, const Maze *b) {
+  std::vector<int32_t> map;
+  for (int32_t i = 0; i < maze_count(a); i++) {
+    double best = 9e99;
+    int32_t found = -1;
+    for (int32_t j = maze_count(b); j-- > 0;) {
+      const Vec3 d = node_position(maze_nodes(b)[j]) - node_position(maze_nodes(a)[i]);
+      if (!(length_squared(d) < best)) continue;
+      best = length_squared(d);
+      found = j;
+    }
+    map.push_back(best <= 0.5625 ? maze_count(a) + found : -1);
+  }
+  return map;
+}
+
+Maze *reference_topology(double s) {
+  const int32_t a = static_cast<int32_t>(s - 1), b = static_cast<int32_t>((s - 1) * 0.5);
+  const int32_t t = rand_int(11);
+  if (t == 3) return Maze_polar(b, 1);
+  if (t == 4) return Maze_hexagon(b);
+  if (t == 5) return Maze_honeycomb(b, 1);
+  if (t == 6) return Maze_sphere(b);
+  if (t == 7) return Maze_torus(2 * b / 3, b / 3);
+  if (t == 8) return Maze_mobius(2 * b / 3, b / 3);
+  if (t >= 9) {
+    const int32_t p = 1 + rand_int(a);
+    const int32_t q = t == 9 ? p : 1 + rand_int(a);
+    const int32_t r = t == 9 ? p : 1 + rand_int(a);
+    return reference_box(p, q, r);
+  }
+  const double u = rand_real(1.0 / 3);
+  const int32_t w = static_cast<int32_t>(std::pow(s, 1 - u));
+  return Maze_grid3d(w, w, static_cast<int32_t>(std::pow(s, 2 * u)));
+}
+
+void reference_centre(Maze *maze) {
+  Vec3 sum = {};
+  for (int32_t i = 0; i < maze_count(maze); i++)
+    sum = sum + node_position(maze_nodes(maze)[i]);
+  Maze_translate(maze, -1.0 * (sum / maze_count(maze)), 0);
+}
+
+void reference_nest(Maze *maze, double size) {
+  Maze_scale(maze, size, 0);
+  bool leaf = true;
+  for (int32_t i = maze_count(maze); i-- > 0;) {
+    if (!maze_nodes(maze)[i].submaze) continue;
+    reference_nest(maze_nodes(maze)[i].submaze, size);
+    leaf = false;
+  }
+  for (int32_t i = leaf ? maze_count(maze) : 0; i-- > 0;) {
+    if (rand_real(1.0) >= 0.5 || Pos_submaze_exit(maze, i).maze) continue;
+    Maze *sub = reference_topology(size);
+    reference_centre(sub);
+    Maze_rotate(sub, {0, 0, Maze_quad_angle(maze, i)}, 0);
+    sub->parent = maze;
+    sub->parentnode = i;
+    Maze_translate(sub, node_position(maze_nodes(maze)[i]), 0);
+    Maze_align_doors(sub);
+    maze_nodes(maze)[i].submaze = and_destroy(reference_carved(sub), sub);
+  }
+}
+
+Maze *reference_carved_patchwork() {
+  Maze *uncarved = reference_patchwork();
+  return and_destroy(reference_carved(uncarved), uncarved);
+}
+
+Maze *reference_single() {
+  const int32_t t = rand_int(12);
+  Maze *uncarved = nullptr;
+  if (t < 3) {
+    const double f = std::exp(rand_real(2.0) - 1);
+    uncarved = Maze_plane_xy(static_cast<int32_t>(static_cast<float>(50 * f)),
+                             static_cast<int32_t>(static_cast<float>(50 / f)));
+  } else if (t == 5) {
+    const int32_t a = 2 + rand_int(9), b = 2 + rand_int(9), c = 2 + rand_int(9);
+    uncarved = Maze_grid3d(a, b, c);
+  } else {
+    uncarved = t == 3    ? Maze_hexagon(25)
+               : t == 4  ? Maze_honeycomb(50, 1)
+               : t == 6  ? Maze_polar(50, 1)
+               : t == 7  ? Maze_sphere(20)
+               : t == 8  ? reference_topology(20)
+               : t == 9  ? reference_topology(10)
+               : t == 10 ? Maze_torus(20, 10)
+                         : Maze_mobius(20, 10);
+  }
+  Maze *root = and_destroy(reference_carved(uncarved), uncarved);
+  if (t == 8) reference_nest(root, 20);
+  for (int32_t pass = 0; t == 9 && pass < 2; pass++)
+    reference_nest(root, 10);
+  if (rand_int(2) != 0) {
+    Maze_colour_field(root, colour_field_sine, 1);
+  } else {
+    const double d1 = rand_real(0.5), d2 = rand_real(0.5), d3 = rand_real(0.5);
+    Maze_paint(root, rgb_colour(d3 + 0.25, d2 + 0.25, d1 + 0.25), 1);
+  }
+  if (rand_int(6) == 0) Maze_height_wave(root, 1);
+  if (rand_int(3) == 0) Maze_map_positions(root, warp_position, 1);
+  return root;
+}
+
+} // namespace
 
 Maze *reference_carved(const Maze *maze) {
   Maze *c = Maze_copy(maze, 1);
@@ -40,22 +148,6 @@ Maze *reference_carved(const Maze *maze) {
       maze_nodes(c)[end].edge[maze_nodes(c)[end].degree - 1].colour = colour;
   }
   return c;
-}
-
-static std::vector<int32_t> reference_weld_map(const Maze *a, const Maze *b) {
-  std::vector<int32_t> map;
-  for (int32_t i = 0; i < maze_count(a); i++) {
-    double best = 9e99;
-    int32_t found = -1;
-    for (int32_t j = maze_count(b); j-- > 0;) {
-      const Vec3 d = node_position(maze_nodes(b)[j]) - node_position(maze_nodes(a)[i]);
-      if (!(length_squared(d) < best)) continue;
-      best = length_squared(d);
-      found = j;
-    }
-    map.push_back(best <= 0.5625 ? maze_count(a) + found : -1);
-  }
-  return map;
 }
 
 Maze *reference_weld(const Maze *a, const Maze *b) {
@@ -103,54 +195,6 @@ Maze *reference_box(int32_t a, int32_t b, int32_t c) {
   return box;
 }
 
-static Maze *reference_topology(double s) {
-  const int32_t a = static_cast<int32_t>(s - 1), b = static_cast<int32_t>((s - 1) * 0.5);
-  const int32_t t = rand_int(11);
-  if (t == 3) return Maze_polar(b, 1);
-  if (t == 4) return Maze_hexagon(b);
-  if (t == 5) return Maze_honeycomb(b, 1);
-  if (t == 6) return Maze_sphere(b);
-  if (t == 7) return Maze_torus(2 * b / 3, b / 3);
-  if (t == 8) return Maze_mobius(2 * b / 3, b / 3);
-  if (t >= 9) {
-    const int32_t p = 1 + rand_int(a);
-    const int32_t q = t == 9 ? p : 1 + rand_int(a);
-    const int32_t r = t == 9 ? p : 1 + rand_int(a);
-    return reference_box(p, q, r);
-  }
-  const double u = rand_real(1.0 / 3);
-  const int32_t w = static_cast<int32_t>(std::pow(s, 1 - u));
-  return Maze_grid3d(w, w, static_cast<int32_t>(std::pow(s, 2 * u)));
-}
-
-static void reference_centre(Maze *maze) {
-  Vec3 sum = {};
-  for (int32_t i = 0; i < maze_count(maze); i++)
-    sum = sum + node_position(maze_nodes(maze)[i]);
-  Maze_translate(maze, -1.0 * (sum / maze_count(maze)), 0);
-}
-
-static void reference_nest(Maze *maze, double size) {
-  Maze_scale(maze, size, 0);
-  bool leaf = true;
-  for (int32_t i = maze_count(maze); i-- > 0;) {
-    if (!maze_nodes(maze)[i].submaze) continue;
-    reference_nest(maze_nodes(maze)[i].submaze, size);
-    leaf = false;
-  }
-  for (int32_t i = leaf ? maze_count(maze) : 0; i-- > 0;) {
-    if (rand_real(1.0) >= 0.5 || Pos_submaze_exit(maze, i).maze) continue;
-    Maze *sub = reference_topology(size);
-    reference_centre(sub);
-    Maze_rotate(sub, {0, 0, Maze_quad_angle(maze, i)}, 0);
-    sub->parent = maze;
-    sub->parentnode = i;
-    Maze_translate(sub, node_position(maze_nodes(maze)[i]), 0);
-    Maze_align_doors(sub);
-    maze_nodes(maze)[i].submaze = and_destroy(reference_carved(sub), sub);
-  }
-}
-
 Maze *reference_patchwork() {
   Maze *acc = Maze_new();
   for (int32_t k = 0; k < 25; k++) {
@@ -166,46 +210,6 @@ Maze *reference_patchwork() {
     acc = and_destroy(reference_weld(acc, tile), acc, tile);
   }
   return and_destroy(Maze_reachable_copy(acc, 0), acc);
-}
-
-static Maze *reference_carved_patchwork() {
-  Maze *uncarved = reference_patchwork();
-  return and_destroy(reference_carved(uncarved), uncarved);
-}
-
-static Maze *reference_single() {
-  const int32_t t = rand_int(12);
-  Maze *uncarved = nullptr;
-  if (t < 3) {
-    const double f = std::exp(rand_real(2.0) - 1);
-    uncarved = Maze_plane_xy(static_cast<int32_t>(static_cast<float>(50 * f)),
-                             static_cast<int32_t>(static_cast<float>(50 / f)));
-  } else if (t == 5) {
-    const int32_t a = 2 + rand_int(9), b = 2 + rand_int(9), c = 2 + rand_int(9);
-    uncarved = Maze_grid3d(a, b, c);
-  } else {
-    uncarved = t == 3    ? Maze_hexagon(25)
-               : t == 4  ? Maze_honeycomb(50, 1)
-               : t == 6  ? Maze_polar(50, 1)
-               : t == 7  ? Maze_sphere(20)
-               : t == 8  ? reference_topology(20)
-               : t == 9  ? reference_topology(10)
-               : t == 10 ? Maze_torus(20, 10)
-                         : Maze_mobius(20, 10);
-  }
-  Maze *root = and_destroy(reference_carved(uncarved), uncarved);
-  if (t == 8) reference_nest(root, 20);
-  for (int32_t pass = 0; t == 9 && pass < 2; pass++)
-    reference_nest(root, 10);
-  if (rand_int(2) != 0) {
-    Maze_colour_field(root, colour_field_sine, 1);
-  } else {
-    const double d1 = rand_real(0.5), d2 = rand_real(0.5), d3 = rand_real(0.5);
-    Maze_paint(root, rgb_colour(d3 + 0.25, d2 + 0.25, d1 + 0.25), 1);
-  }
-  if (rand_int(6) == 0) Maze_height_wave(root, 1);
-  if (rand_int(3) == 0) Maze_map_positions(root, warp_position, 1);
-  return root;
 }
 
 Maze *reference_choose(int32_t mode) {

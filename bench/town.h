@@ -4,13 +4,13 @@
 
 #include "world/world.h"
 
-// Large worlds and walks for comparing and measuring plots. They use the global random sequence.
+// Large worlds and walks for comparing and measuring plots. Seed the random numbers first.
 
-// A coloured plane of side x side nodes, half of which hold a carved maze of about `extent` units
-// and of a random topology; with two passes these hold mazes too. Owned by the caller.
+// A coloured plane of side x side nodes; about half of them hold random carved mazes of size
+// `extent`. With two passes those hold mazes too. Owned by the caller.
 Maze *town(int32_t side, double extent, int32_t passes);
 
-// Moves the user, and puts the camera `zoom` units away, turned by angles in radians.
+// Looks at a node from the distance `zoom`, with the angles in radians.
 void town_look(World *world, Pos cur, double zoom, double yaw, double pitch);
 
 // Moves the user along `steps` random edges.

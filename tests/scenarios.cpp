@@ -7,11 +7,25 @@
 #include "maze/pos.h"
 #include "support/random.h"
 
-static void add_node(Maze *maze, Vec3 p) {
+namespace {
+
+void add_node(Maze *maze, Vec3 p) {
   MazeNode node{};
   MazeNode_init(&node, p.x, p.y, p.z);
   GrowList_append(&maze->nodes, &node);
 }
+
+Maze *nested(int32_t depth, double spacing, Vec3 centre) {
+  Maze *maze = scenario_grid(4, 4, spacing, centre);
+  for (const int32_t i : {5, 6, 10}) { // not doors, which are on the rim
+    if (depth < 2) continue;
+    scenario_hold(maze, i, nested(depth - 1, spacing / 6, node_position(maze_nodes(maze)[i])));
+    Maze_align_doors(maze_nodes(maze)[i].submaze);
+  }
+  return maze;
+}
+
+} // namespace
 
 Maze *scenario_path(int32_t count) {
   return scenario_grid(count, 1, 1.0, {0.5 * (count - 1), 0.0, 0.0});
@@ -60,7 +74,7 @@ void scenario_move(Maze *maze, int32_t node, Vec3 to) {
 ThreeLevels scenario_three_levels() {
   ThreeLevels t = {scenario_path(4), scenario_path(4), scenario_path(2), scenario_path(3),
                    scenario_path(2)};
-  // The doors come first, so the middle of m1's row is 2 and 3.
+  // Doors come first, so the middle nodes of m1 are 2 and 3.
   Maze_swap_nodes(t.m1, 1, 2);
   Maze_swap_nodes(t.m1, 1, 3);
   scenario_hold(t.root, 1, t.m1);
@@ -78,16 +92,6 @@ Maze *scenario_deep(int32_t levels) {
     root = above;
   }
   return root;
-}
-
-static Maze *nested(int32_t depth, double spacing, Vec3 centre) {
-  Maze *maze = scenario_grid(4, 4, spacing, centre);
-  for (const int32_t i : {5, 6, 10}) { // no doors: those lie on the rim
-    if (depth < 2) continue;
-    scenario_hold(maze, i, nested(depth - 1, spacing / 6, node_position(maze_nodes(maze)[i])));
-    Maze_align_doors(maze_nodes(maze)[i].submaze);
-  }
-  return maze;
 }
 
 Maze *scenario_nested(int32_t depth) {

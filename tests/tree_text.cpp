@@ -4,12 +4,14 @@
 
 #include "maze/walk.h"
 
-static void write_edge(std::ostream &out, const MazeEdge &edge) {
+namespace {
+
+void write_edge(std::ostream &out, const MazeEdge &edge) {
   out << " " << std::hex << edge.colour << std::dec << " " << edge.usertime << " "
       << edge.roamertime;
 }
 
-static void write_node(std::ostream &out, const MazeNode &node) {
+void write_node(std::ostream &out, const MazeNode &node) {
   out << " at " << node.x << " " << node.y << " " << node.z << ",";
   write_edge(out, node.self);
   for (uint32_t r = 0; r < node.degree; r++) {
@@ -18,6 +20,8 @@ static void write_node(std::ostream &out, const MazeNode &node) {
   }
   if (node.submaze) out << ", holds a maze";
 }
+
+} // namespace
 
 std::string tree_text(const Maze *root) {
   std::ostringstream out;
@@ -34,7 +38,7 @@ std::string tree_text(const Maze *root) {
       out << "\n";
       if (!node.submaze) continue;
       if (node.submaze->parent == maze && node.submaze->parentnode == i) continue;
-      return out.str() + "it is not linked to its holder\n"; // the walk goes by these links
+      return out.str() + "it is not linked to its holder\n"; // the traversal follows these links
     }
   }
   return out.str();

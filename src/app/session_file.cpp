@@ -57,8 +57,8 @@ SessionPlace save_after_failure(const Run *run, const char *path) {
   std::string other;
   const SessionPlace place = save_elsewhere(run, &other);
   if (place == SessionPlace::nowhere)
-    report_sentence("the session could not be saved to \"%s\" (%s) or anywhere else; what was "
-                    "there is unchanged",
+    report_sentence("the session could not be saved to \"%s\" (%s) or anywhere else; the old "
+                    "file is unchanged",
                     path, failure.c_str());
   else
     report_sentence("the session could not be saved to \"%s\" (%s); it has been saved to \"%s\"",
@@ -70,7 +70,7 @@ SessionPlace save_beside(const Run *run, const char *reason) {
   std::string path;
   const SessionPlace place = save_elsewhere(run, &path);
   if (place == SessionPlace::nowhere)
-    report_sentence("the session could not be saved anywhere (%s); what was there is unchanged",
+    report_sentence("the session could not be saved anywhere (%s); the old file is unchanged",
                     std::strerror(errno));
   else
     report_sentence("the session has been saved to \"%s\", not to \"%s\", since %s", path.c_str(),

@@ -17,7 +17,7 @@ Maze *Maze_plane_yz(int32_t w, int32_t h);
 Maze *Maze_grid3d(int32_t w, int32_t h, int32_t d);
 
 // A regular hexagon of triangles with n + 1 nodes per side. The origin is a corner of its bounding
-// lattice, not its centre. Empty if n is negative or at least 2^30; memory ends at about 10,000.
+// lattice, not its centre. Empty if n is negative or has bit 30 set.
 Maze *Maze_hexagon(int32_t n);
 
 // The same, but if `holes` is not 0 without the node in the middle of each small hexagon.

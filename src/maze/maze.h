@@ -9,7 +9,7 @@
 // submaze, so mazes form a tree. All levels use the same world coordinates. In a well-formed tree:
 //   - if a has a slot for b, it has one only, and b has one for a; no node is joined to itself;
 //   - nodes[i].submaze = m if and only if m's parent is this maze and m's parentnode is i;
-//   - a node with a submaze (a holder) is no place to stand: no Pos in use refers to it;
+//   - a node with a submaze (a holder) is not a place: no Pos in use refers to it;
 //   - a submaze has at least as many nodes as its holder has slots. Its node j is the door to the
 //     neighbour in slot j of the holder, and that slot is the record of the edge.
 
@@ -83,8 +83,8 @@ constexpr Vec3 node_position(const MazeNode &node) {
   return {node.x, node.y, node.z};
 }
 
-// A new maze without nodes, attachments, parent or name; halfwidth 0.5. Owned by the caller until
-// a node holds it.
+// A new maze without nodes, attachments, parent or name; halfwidth 0.5. Owned by the caller until a
+// node holds it.
 Maze *Maze_new();
 
 // Sets the position, degree 0, the default colour, no times and no submaze. Leaves nbr and edge as

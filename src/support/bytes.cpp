@@ -23,7 +23,7 @@ void refill(ByteReader *in) {
   std::memmove(in->buffer, in->at, kept);
   const size_t wanted = std::min(in->buffer_size - kept, in->unread);
   const size_t got = std::fread(in->buffer + kept, 1, wanted, in->file);
-  // A short read ends the file: it got shorter, or ferror tells that it can't be read.
+  // After a short read nothing is left. ferror distinguishes an error from a shorter file.
   in->unread = got == wanted ? in->unread - got : 0;
   in->at = in->buffer;
   in->end = in->buffer + kept + got;

@@ -1,4 +1,4 @@
-// What a run does with its settings and its session.
+// The settings and the session of a run.
 
 #include <tuple>
 
@@ -15,7 +15,7 @@ struct Files : OwnFolder {
   ::Run run = {};
 };
 
-TEST_F(Files, SettingsAreReadAtTheStartAndKeptAtTheEnd) {
+TEST_F(Files, SettingsAreReadAndSaved) {
   const std::string mode = "Stereo mode (0=none,1=top/bottom,2=side-by-side,3=interlace,4=two "
                            "screen SBS,5=two screen vertical,6-8=coloured): ";
   const std::string first = "Windowed (Y/N): n\nResolution: 801x7\nFullscreen offset: -40, 3\n";

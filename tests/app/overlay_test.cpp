@@ -16,9 +16,9 @@
 
 namespace {
 
-// The other pages are among the approved pictures; this one shows an address. The window is wider
-// than 4:3 and the user's maze is not the root.
-TEST(Overlay, StatisticsAreThoseOfTheUsersMaze) {
+// The other pages are in the approved pictures; this one shows an address. The window is wider than
+// 4:3, and the user's maze is not the root.
+TEST(Overlay, StatisticsShowTheUsersMaze) {
   constexpr int width = 640, height = 300;
   fonts_for_test();
   const ThreeLevels t = scenario_three_levels();

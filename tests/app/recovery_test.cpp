@@ -11,8 +11,7 @@ namespace {
 
 double now;
 
-// Two runs of the program. The node that the user is at tells one state of the session from
-// another.
+// Two runs of the program. The user's node tells the states of the session apart.
 struct RecoveryFile : OwnFolder {
   SmallWorld world{scenario_path(20000)};
   Recovery first = {}, second = {};
@@ -23,12 +22,12 @@ struct RecoveryFile : OwnFolder {
     Recovery_start(&second, &world);
   }
   void TearDown() override {
-    Recovery_end(&first, true); // some systems keep a file that is locked
+    Recovery_end(&first, true); // some systems can't remove a locked file
     Recovery_end(&second, true);
     clock_set_source(clock_steady);
   }
 
-  // The frames of a write that begins after so many seconds.
+  // Frames until the end of a write that starts after so many seconds.
   int frames(Recovery *recovery, double seconds) {
     now += seconds;
     int count = 0;
@@ -45,7 +44,7 @@ struct RecoveryFile : OwnFolder {
     World_free(&resumed);
     return node;
   }
-  // What the end of a process leaves.
+  // Ends the run like a killed process.
   static void kill(Recovery *recovery) {
     file_unlock(recovery->lock);
     *recovery = {};
@@ -56,7 +55,7 @@ TEST_F(RecoveryFile, IsWrittenWhenSomethingHasChangedAndResumedAfterAKill) {
   frames(&first, 1000);
   EXPECT_EQ(files(), "") << "nothing has changed";
   world.cur.node = 1;
-  frames(&first, 0); // due for a long time
+  frames(&first, 0); // overdue
   fs::remove("maze_save.recovery.dat");
   world.zoom = 25.0;
   frames(&first, recovery_period);
@@ -68,7 +67,7 @@ TEST_F(RecoveryFile, IsWrittenWhenSomethingHasChangedAndResumedAfterAKill) {
   kill(&first);
   EXPECT_EQ(resume(), 1);
   world.zoom = 30.0;
-  Recovery_frame(&second, &world, false, true); // at once, since the window is hidden
+  Recovery_frame(&second, &world, false, true); // at once
   EXPECT_FALSE(second.changed);
   Recovery_frame(&second, &world, true, true);
   EXPECT_TRUE(second.changed) << "a relaxation moved nodes";

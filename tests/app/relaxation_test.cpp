@@ -10,27 +10,27 @@
 
 namespace {
 
-TEST(Relaxation, SimplifyingSpeedsUpToALimitAndStartsAgain) {
-  // Seconds, and the share of its way to the next node that the first one goes.
+TEST(Relaxation, SimplifyingAcceleratesToALimit) {
+  // Frame time in seconds, and the fraction of its distance to node 1 that node 0 moves.
   const std::pair<double, double> cases[] = {{0.01, 0.01},
-                                             {3.0, 0.05 * 1.01}, // a slow frame moves no further
-                                             {0.01, 0.01 * 1.01 * 4.0}, // but its time counts
-                                             {0.01, 0},                 // let go
+                                             {3.0, 0.05 * 1.01},        // limited in a slow frame
+                                             {0.01, 0.01 * 1.01 * 4.0}, // but the whole time counts
+                                             {0.01, 0},                 // released
                                              {1e9, 0.05},
                                              {1e-7, 0.1},
                                              {0.01, 1}};
   Maze *path = scenario_path(3);
   Relaxation state = {1.0};
-  for (const auto &[dt, share] : cases) {
+  for (const auto &[dt, fraction] : cases) {
     for (int32_t i = 0; i < 3; i++)
       maze_nodes(path)[i].x = i;
-    EXPECT_EQ(relax_frame(&state, path, dt, share > 0, false), share > 0);
-    EXPECT_DOUBLE_EQ(maze_nodes(path)[0].x, share) << dt;
+    EXPECT_EQ(relax_frame(&state, path, dt, fraction > 0, false), fraction > 0);
+    EXPECT_DOUBLE_EQ(maze_nodes(path)[0].x, fraction) << dt;
   }
   Maze_destroy(path, 1);
 }
 
-TEST(Relaxation, DropsWhatIsDrawnOfTheMazeAndBelowIt) {
+TEST(Relaxation, DropsAttachmentsOfTheMazeAndBelow) {
   const ThreeLevels t = scenario_three_levels();
   for (const char *name : {attachment_lists, attachment_balls, attachment_sticks, attachment_cells,
                            attachment_cell_list, attachment_gantry, attachment_edge_angles})

@@ -1,5 +1,5 @@
-// Compares the trees of all builders, topologies and modes with digests in trees.txt, which were
-// pinned when a step by step implementation made the same trees.
+// Compares the trees of all builders, topologies and modes with digests in trees.txt. They were
+// recorded when the reference implementation made the same trees.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -19,7 +19,7 @@
 
 namespace {
 
-// The topologies of that size by many seeds, as one maze that is not connected.
+// The random topologies of a size for many seeds, as one maze that is not connected.
 Maze *random_topologies(double size, int32_t seeds) {
   Maze *all = Maze_new();
   for (int32_t seed = 1; seed <= seeds; seed++) {
@@ -31,13 +31,13 @@ Maze *random_topologies(double size, int32_t seeds) {
   return all;
 }
 
-// A tree nested twice in mazes of that size, smoothed and repelled by those steps.
+// A tree nested twice, smoothed and repelled by the given fractions.
 Maze *relaxed(double size, double smoothing, double repulsion) {
   Maze *root = Maze_random_topology(size);
   Maze_carve(root);
   for (int pass = 0; pass < 2; pass++)
     Maze_nest(root, 0.3, size, Maze_random_topology);
-  Maze_map_positions(root, warp_position, 1); // away from all symmetry
+  Maze_map_positions(root, warp_position, 1); // breaks symmetries
   Maze_smooth(root, smoothing);
   Maze_repel(root, repulsion);
   return root;
@@ -72,7 +72,7 @@ struct Digest {
     for (int shift = 0; shift < 64; shift += 8)
       value = (value ^ static_cast<uint8_t>(number >> shift)) * 16777619;
   }
-  // Coarse enough for the rounding of any mathematical library.
+  // Independent of the rounding of the mathematical library.
   void add_rounded(double number) { add(std::llround(number * 1e4)); }
   void add_place(Vec3 place) {
     for (const double coordinate : {place.x, place.y, place.z})
@@ -135,7 +135,7 @@ std::string digest_of(const std::string &entry) {
   return text;
 }
 
-TEST(Generate, TreesAreThePinnedOnes) {
+TEST(Generate, TreesMatchTheirDigests) {
   std::ifstream file(VOREL_TREES);
   ASSERT_TRUE(file);
   std::string now;
@@ -151,11 +151,10 @@ TEST(Generate, TreesAreThePinnedOnes) {
   if (!HasFailure()) return;
   const std::string path = testing::TempDir() + "trees.txt";
   std::ofstream(path, std::ios::binary) << now;
-  std::printf("if the change is meant: cp %s tests/generate/trees.txt\n", path.c_str());
+  std::printf("if the change is intended: cp %s tests/generate/trees.txt\n", path.c_str());
 }
 
-// Though it holds a maze.
-TEST(Generate, BoundsCoverTheFirstNode) {
+TEST(Generate, BoundsCoverTheFirstNodeThoughItHoldsAMaze) {
   Maze *root = Maze_plane_xy(3, 1), *below = Maze_plane_xy(1, 1);
   Maze_translate(below, {1.5, 0, 0}, 0);
   below->parent = root;

@@ -1,4 +1,4 @@
-// Compares carving, welding and repelling with step by step implementations, on random graphs.
+// Compares carving, welding and repelling with the reference implementations, on random graphs.
 #include "generate_reference.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@
 
 namespace {
 
-// Some edges double, with colours of their own, and times, which carving sets back.
+// A random graph with some doubled edges, and with colours and times.
 Maze *tangle(int32_t count) {
   Maze *maze = scenario_random(count, rand_int(4 * count));
   for (int32_t i = 0; i < maze_count(maze); i++) {
@@ -24,31 +24,31 @@ Maze *tangle(int32_t count) {
   return maze;
 }
 
-void expect_same_and_destroy(Maze *made, Maze *wanted, uint32_t seed) {
-  EXPECT_EQ(tree_text(made), tree_text(wanted)) << "seed " << seed;
+void expect_same_and_destroy(Maze *made, Maze *expected, uint32_t seed) {
+  EXPECT_EQ(tree_text(made), tree_text(expected)) << "seed " << seed;
   Maze_destroy(made, 1);
-  Maze_destroy(wanted, 1);
+  Maze_destroy(expected, 1);
 }
 
-TEST(Reference, CarvingLeavesTheSameForest) {
+TEST(Reference, CarvingMatches) {
   for (uint32_t seed = 1; seed <= 1000 && !HasFailure(); seed++) {
     rand_seed(seed);
     Maze *graph = tangle(1 + rand_int(30));
     if (seed % 2 == 0) scenario_hold(graph, maze_count(graph) / 2, scenario_path(9));
     rand_seed(seed);
-    Maze *wanted = reference_carved(graph);
+    Maze *expected = reference_carved(graph);
     const int32_t next_draw = rand15();
     rand_seed(seed);
     Maze *made = Maze_carved(graph);
-    EXPECT_EQ(rand15(), next_draw) << "another number of draws, seed " << seed;
-    expect_same_and_destroy(made, wanted, seed);
+    EXPECT_EQ(rand15(), next_draw) << "number of draws, seed " << seed;
+    expect_same_and_destroy(made, expected, seed);
     Maze_destroy(graph, 1);
   }
 }
 
-// On a lattice so narrow that many places coincide or are equally near, some at just 0.75. Small
-// pairs and large ones are searched in different ways.
-TEST(Reference, WeldingMergesTheSameNodes) {
+// On a fine lattice, where many nodes coincide, are equally near, or exactly 0.75 apart. Small
+// mazes use brute force, large ones a grid.
+TEST(Reference, WeldingMatches) {
   for (uint32_t seed = 1; seed <= 300 && !HasFailure(); seed++) {
     rand_seed(seed);
     const int32_t count = 20 + rand_int(seed % 4 == 0 ? 20 : 150), spread = 8 + rand_int(40);

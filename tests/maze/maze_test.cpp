@@ -15,32 +15,34 @@
 #include "support/strings.h"
 #include "tree_text.h"
 
-static std::string gone; // for each destructor that ran: its data, and what the maze still had
+namespace {
 
-static void log_gone(intptr_t data, Maze *maze) {
-  gone += std::to_string(data) + (maze->nodes.data ? " nodes " : " ") +
-          std::to_string(maze->attachments.count) + ", ";
+std::string dropped; // for each destructor call: its data, and what the maze still had
+
+void log_drop(intptr_t data, Maze *maze) {
+  dropped += std::to_string(data) + (maze->nodes.data ? " nodes " : " ") +
+             std::to_string(maze->attachments.count) + ", ";
 }
 
-TEST(Attachment, TheLastOfANameIsTheFirstToGo) {
-  gone.clear();
+TEST(Attachment, LastOfANameIsDroppedFirst) {
+  dropped.clear();
   const ThreeLevels t = scenario_three_levels();
-  Attachment_add(t.root, "cache", 1, log_gone);
+  Attachment_add(t.root, "cache", 1, log_drop);
   Attachment_add(t.root, "other", 2, nullptr);
-  Attachment_add(t.root, "CACHE", 3, log_gone);
-  Attachment_add(t.m1, "cache", 4, log_gone);
-  Attachment_add(t.n3, "cache", 5, log_gone);
+  Attachment_add(t.root, "CACHE", 3, log_drop);
+  Attachment_add(t.m1, "cache", 4, log_drop);
+  Attachment_add(t.n3, "cache", 5, log_drop);
   EXPECT_EQ(Attachment_find(t.root, "Cache"), 3);
   for (const char *name : {"cach", "caCHe", "OTHER"})
     Attachment_drop_tree(t.root, name);
   EXPECT_EQ(Attachment_find(t.root, "cache"), 1);
   EXPECT_EQ(Attachment_find(t.root, "other"), 0);
-  Attachment_add(t.root, "last", 6, log_gone);
+  Attachment_add(t.root, "last", 6, log_drop);
   Maze_destroy(t.root, 1);
-  EXPECT_EQ(gone, "3 nodes 3, 4 nodes 1, 5 nodes 1, 6 2, 1 2, ");
+  EXPECT_EQ(dropped, "3 nodes 3, 4 nodes 1, 5 nodes 1, 6 2, 1 2, ");
 }
 
-TEST(Maze, CopiesAreEqualButForCaches) {
+TEST(Maze, CopiesEqualTheirSourceWithoutAttachments) {
   const ThreeLevels t = scenario_three_levels();
   str_dup_into(&t.m1->name, "1.01");
   t.m1->visited = 300;
@@ -69,11 +71,11 @@ TEST(Maze, CopiesAreEqualButForCaches) {
   }
   Maze_destroy(t.root, 1);
   EXPECT_EQ(slot, nullptr);
-  EXPECT_EQ(maze_count(maze_nodes(deep)[2].submaze), 3); // is its own
+  EXPECT_EQ(maze_count(maze_nodes(deep)[2].submaze), 3); // a copy
   Maze_destroy(deep, 1);
 }
 
-TEST(Maze, ConnectedGivesTheDistanceOrTheSizeOfASide) {
+TEST(Maze, ConnectedGivesTheDistanceOrAComponentSize) {
   Maze *ring = scenario_path(6), *tail = scenario_path(3), *all = Maze_merged(ring, tail);
   Maze_join(all, 0, 5);
   const struct {
@@ -89,7 +91,7 @@ TEST(Maze, ConnectedGivesTheDistanceOrTheSizeOfASide) {
     Maze_destroy(maze, 0);
 }
 
-TEST(Maze, DoubledRowsAndLoopsAreReported) {
+TEST(Maze, DumpReportsDoubledEdgesAndLoops) {
   const std::string path = testing::TempDir() + "maze_dump_test." + std::to_string(getpid());
   std::remove(path.c_str());
   Maze *maze = scenario_path(2);
@@ -106,3 +108,5 @@ TEST(Maze, DoubledRowsAndLoopsAreReported) {
   std::remove(path.c_str());
   Maze_destroy(maze, 1);
 }
+
+} // namespace

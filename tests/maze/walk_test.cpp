@@ -1,4 +1,4 @@
-// Walks along each edge of a tree, in both directions.
+// Steps along each edge of a tree, in both directions.
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -13,12 +13,14 @@
 #include "maze/visit.h"
 #include "scenarios.h"
 
+namespace {
+
 struct Named {
   std::string name;
   Maze *maze;
 };
 
-static std::vector<Named> named_mazes() {
+std::vector<Named> named_mazes() {
   const ThreeLevels t = scenario_three_levels();
   const std::vector<Named> all = {
       {"root", t.root}, {"m1", t.m1}, {"m2", t.m2}, {"n2", t.n2}, {"n3", t.n3}};
@@ -34,16 +36,16 @@ static std::vector<Named> named_mazes() {
   return all;
 }
 
-static std::string name_of(const std::vector<Named> &all, Pos pos) {
+std::string name_of(const std::vector<Named> &all, Pos pos) {
   std::string name;
   for (const Named &one : all)
     if (one.maze == pos.maze) name = one.name + "." + std::to_string(pos.node);
   return name;
 }
 
-// What has the time, and what else differs from a new tree.
-static void write_marks(const std::vector<Named> &all, double MazeEdge::*time, double now,
-                        std::ostream &out) {
+// Writes which edges and nodes have the time, and what else differs from a new tree.
+void write_marks(const std::vector<Named> &all, double MazeEdge::*time, double now,
+                 std::ostream &out) {
   for (const auto &[name, maze] : all) {
     for (int32_t i = 0; i < maze_count(maze); i++) {
       const MazeNode &node = maze_nodes(maze)[i];
@@ -61,7 +63,7 @@ static void write_marks(const std::vector<Named> &all, double MazeEdge::*time, d
   out << "\n";
 }
 
-static void write_step(const std::vector<Named> &all, Pos from, Pos to, std::ostream &out) {
+void write_step(const std::vector<Named> &all, Pos from, Pos to, std::ostream &out) {
   const auto walk = [&](auto mark) {
     for (const double now : {0.0, 7.5}) // the second arrival is not counted
       mark(from.maze, from.node, to.maze, to.node, now);
@@ -74,7 +76,7 @@ static void write_step(const std::vector<Named> &all, Pos from, Pos to, std::ost
   write_marks(all, &MazeEdge::usertime, 7.5, out);
 }
 
-TEST(Walk, StepsLeadAndLeaveMarksAsTheFileSays) {
+TEST(Walk, StepsMatchTheFile) {
   std::ostringstream steps;
   for (size_t m = 0; m < 5; m++)
     for (int32_t node = 0; node < 4; node++)
@@ -97,3 +99,5 @@ TEST(Walk, StepsLeadAndLeaveMarksAsTheFileSays) {
   std::getline(std::ifstream(VOREL_STEPS), text, '\0');
   EXPECT_EQ(steps.str(), text);
 }
+
+} // namespace

@@ -19,7 +19,7 @@ using std::numbers::pi;
 
 constexpr Vec3 centre = {0.5, -3.25, 1.5};
 
-// Node 0 at the centre with one corridor to each of the places around it, in that order of rows.
+// Node 0 at the centre, joined to a node at each of the given offsets, in that order of slots.
 Maze *star(const std::vector<Vec3> &ways) {
   Maze *maze = scenario_grid(1, 1, 0, centre);
   for (const Vec3 way : ways) {
@@ -31,20 +31,19 @@ Maze *star(const std::vector<Vec3> &ways) {
   return maze;
 }
 
-// The screen's right is z and its up is x. A push comes on top of an earlier one of 0.5 to the
-// right.
-TEST(Move, ArrivesPastTheEndOfTheCorridorThatThePushFollows) {
+// The view's right is z and its up is x. The offset starts at 0.5 to the right.
+TEST(Move, StepsPastTheEndOfTheBestEdge) {
   const struct {
     double right, up;
     int32_t node;
     Vec3 offset;
   } pushes[] = {
       {1.5, 0.25, 0, {0.25, 0, 2}}, // to the end, but not past it
-      {1.501, 0.25, 1, {}},         // the rest of the push is dropped
-      {99, 0, 1, {}},               // one step at most
-      {-0.5, 5, 4, {}},             // to the last of two equal ways
-      {4.5, 5, 4, {}},              // or of three as near to the push
-      {-0.5, -50, 0, {}},           // where no corridor goes
+      {1.501, 0.25, 1, {}},         // the rest of the offset is dropped
+      {99, 0, 1, {}},               // at most one step
+      {-0.5, 5, 4, {}},             // the last of two equal edges
+      {4.5, 5, 4, {}},              // the last of three edges that are as near
+      {-0.5, -50, 0, {}},           // no edge there
       {-2, 0, 0, {0, 0, -1.5}},
   };
   for (const auto &push : pushes) {
@@ -73,8 +72,8 @@ TEST(FollowPoint, SlowsTowardsTheBisector) {
   EXPECT_EQ(length(World_follow_point(&world) - centre), 0.0);
 }
 
-// Where rounding makes the cosine of the angle a little more than 1.
-TEST(FollowPoint, IsFiniteExactlyAlongACorridor) {
+// Rounding can make the cosine of the angle greater than 1.
+TEST(FollowPoint, IsFiniteAlongAnEdge) {
   rand_seed(9);
   for (int32_t i = 0; i < 2000; i++) {
     const double x = rand_real(2) - 1, y = rand_real(2) - 1, z = rand_real(2) - 1;

@@ -9,7 +9,7 @@
 
 namespace {
 
-TEST(Roamer, GoesOnThroughADoorWhenItsTimeHasCome) {
+TEST(Roamer, StepsThroughADoorWhenItsTimerRunsOut) {
   SmallWorld world(scenario_path(3));
   Maze *below = scenario_path(2);
   scenario_hold(world.root, 1, below);
@@ -27,7 +27,7 @@ TEST(Roamer, GoesOnThroughADoorWhenItsTimeHasCome) {
   EXPECT_EQ(maze_nodes(below)[0].edge[0].roamertime, world.time);
 }
 
-TEST(Roamer, TheLastOneStepsFirstAndTriesFiftyTimes) {
+TEST(Roamer, LastStepsFirstAfterFiftyDraws) {
   SmallWorld world(scenario_path(3));
   for (uint32_t seed = 1; seed < 20; seed++) {
     const Roamer walkers[] = {{1, 1, {world.root, 1}, Pos_null},
@@ -37,10 +37,10 @@ TEST(Roamer, TheLastOneStepsFirstAndTriesFiftyTimes) {
     rand_seed(seed);
     World_step_roamers(&world, 1);
     rand_seed(seed);
-    for (int draw = 0; draw < 100; draw++) // two for each try
+    for (int draw = 0; draw < 100; draw++) // two per try
       rand15();
     EXPECT_EQ(rows<Roamer>(world.roamers)[0].cur.node, 2 * rand_int(2));
-    EXPECT_EQ(rows<Roamer>(world.roamers)[1].cur.node, 1); // back, when all else failed
+    EXPECT_EQ(rows<Roamer>(world.roamers)[1].cur.node, 1); // straight back
   }
 }
 

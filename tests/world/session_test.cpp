@@ -33,7 +33,7 @@ Bytes bytes_of(const World &world) {
   return Bytes(bytes.begin(), bytes.end());
 }
 
-// What session.txt describes, and the places of the bytes with a mark.
+// The bytes that session.txt describes, and the indices of those with a mark.
 struct Layout {
   Bytes bytes;
   std::vector<size_t> marked;
@@ -59,7 +59,7 @@ Layout layout(char mark) {
   return layout;
 }
 
-// Without a root if the bytes are refused.
+// Without a root if the bytes are rejected.
 World read_world(const Bytes &bytes) {
   OwnFolder::write(path, std::string(bytes.begin(), bytes.end()));
   World world = {};
@@ -78,24 +78,24 @@ std::string text_of(const World &world) {
   return out.str();
 }
 
-TEST(Session, FilesHoldWhatIsDescribed) {
+TEST(Session, BytesMatchTheDescription) {
   Layout file = layout('?');
-  const Bytes wanted = file.bytes;
+  const Bytes expected = file.bytes;
   for (const size_t at : file.marked)
     file.bytes[at] ^= 0xAB;
   World world = read_world(file.bytes);
   ASSERT_NE(world.root, nullptr);
   EXPECT_EQ(text_of(world), file.text);
-  // What no file keeps.
+  // These are not saved.
   const Roamer walker = {1, 1, world.cur, Pos_null};
   GrowList_append(&world.roamers, &walker);
   world.offset = {1, 2, 3};
   world.root->halfwidth = 0.3;
-  EXPECT_EQ(bytes_of(world), wanted);
+  EXPECT_EQ(bytes_of(world), expected);
   World_free(&world);
 }
 
-TEST(Session, ShortLongAndFlippedFilesAreRefused) {
+TEST(Session, TruncatedExtendedAndFlippedFilesAreRejected) {
   const Layout good = layout('!');
   for (size_t size = 0; size < good.bytes.size(); size++) {
     const Bytes start(good.bytes.begin(), good.bytes.begin() + static_cast<long>(size));
@@ -112,7 +112,7 @@ TEST(Session, ShortLongAndFlippedFilesAreRefused) {
     }
 }
 
-TEST(Session, DeepTreesAndEmptyMazesComeBack) {
+TEST(Session, DeepTreesAndEmptyMazesSurvive) {
   SmallWorld saved(scenario_deep(100000));
   Maze *alone = scenario_path(1);
   scenario_hold(alone, 0, Maze_new()); // no edge leads there
@@ -124,18 +124,18 @@ TEST(Session, DeepTreesAndEmptyMazesComeBack) {
   ASSERT_EQ(World_load(&world, path.c_str()), SessionLoad::loaded);
   std::filesystem::remove(path);
   EXPECT_TRUE(tree_text(world.root) == tree_text(saved.root));
-  EXPECT_EQ(length(world.camera - Vec3{0, 0, saved.zoom}), 0.0); // above no place at all
+  EXPECT_EQ(length(world.camera - Vec3{0, 0, saved.zoom}), 0.0); // the default
   World_free(&world);
 }
 
-TEST(Session, TreesThatNoWalkCouldUseAreRefused) {
+TEST(Session, MalformedTreesAreRejected) {
   using Damage = std::function<void(const ThreeLevels &, World *)>;
   const Damage damages[] = {
       [](const ThreeLevels &t, World *) { MazeNode_remove_slot(&maze_nodes(t.m1)[0], 0); },
       [](const ThreeLevels &t, World *) { Maze_join(t.n2, 0, 1); },
       [](const ThreeLevels &t, World *) { Maze_delete_node(t.n3, 1); }, // two doors, one node
       [](const ThreeLevels &t, World *) { scenario_hold(t.n3, 0, scenario_path(4)); }, // a door
-      [](const ThreeLevels &t, World *world) { world->cur.maze = t.m1; }, // a container
+      [](const ThreeLevels &t, World *world) { world->cur.maze = t.m1; },              // a holder
       [](const ThreeLevels &, World *world) { world->cur.node = 3; },
       [](const ThreeLevels &, World *world) { world->cur.node = -1; },
   };
@@ -148,13 +148,13 @@ TEST(Session, TreesThatNoWalkCouldUseAreRefused) {
   }
 }
 
-// The numbers of the block are time, view, camera and zoom.
-TEST(Session, NumbersThatMakeNoSenseGetTheValuesOfANewSession) {
+// The numbers are time, view, camera and zoom.
+TEST(Session, InvalidNumbersGetDefaults) {
   const double nan = std::nan("");
   const struct {
     size_t index;
     double number;
-    std::string mended;
+    std::string sanitised;
   } bad[] = {
       {0, -0.5, "time 0, zoom 40.1, trail 258"},
       {0, nan, "time 0, zoom 40.1, trail 258"},
@@ -166,12 +166,12 @@ TEST(Session, NumbersThatMakeNoSenseGetTheValuesOfANewSession) {
       {13, 0.0, "time 86400.1, zoom 20,"},
       {13, HUGE_VAL, "time 86400.1, zoom 20,"},
   };
-  for (const auto &[index, number, mended] : bad) {
+  for (const auto &[index, number, sanitised] : bad) {
     Bytes bytes = layout('!').bytes;
     std::memcpy(&bytes[bytes.size() - 144 + 8 * index], &number, sizeof number);
     World world = read_world(bytes);
     const std::string text = text_of(world);
-    EXPECT_NE(text.find(mended), std::string::npos) << index << " is " << number << "\n" << text;
+    EXPECT_NE(text.find(sanitised), std::string::npos) << index << " is " << number << "\n" << text;
     World_free(&world);
   }
 }

@@ -2,7 +2,7 @@
 
 #include "world/world.h"
 
-// A session at node 0 of the tree, looking down; it owns the tree.
+// A session at node 0 of a tree, which it owns, looking down.
 struct SmallWorld : World {
   explicit SmallWorld(Maze *tree) : World{} {
     root = tree;

@@ -15,7 +15,7 @@ namespace {
 
 using std::numbers::pi;
 
-TEST(World, ANewMazeLeavesClockAndCameraAlone) {
+TEST(World, NewMazeKeepsClockAndCamera) {
   rand_seed(596); // nested
   World world = {};
   world.offset = {1, 2, 3};
@@ -42,7 +42,7 @@ TEST(World, ANewMazeLeavesClockAndCameraAlone) {
   World_free(&world);
 }
 
-TEST(World, TheFirstPlaceIsThePlainNodeBelowAllFirstNodes) {
+TEST(World, FirstPlaceIsBelowAllFirstNodes) {
   const SmallWorld world(scenario_path(2));
   Maze *one = scenario_path(2), *two = scenario_path(2);
   scenario_hold(world.root, 0, one);
@@ -52,7 +52,7 @@ TEST(World, TheFirstPlaceIsThePlainNodeBelowAllFirstNodes) {
   EXPECT_TRUE(Pos_equal(World_first_place(world.root), {two, 1}));
 }
 
-TEST(Camera, TurningKeepsTheTargetAndThePitchInRange) {
+TEST(Camera, TurningKeepsTheTargetAndClampsThePitch) {
   SmallWorld world(scenario_path(2));
   world.camera = {1, 2, 3};
   const Vec3 target = world.camera - Vec3{0, 0, world.zoom};
@@ -61,20 +61,20 @@ TEST(Camera, TurningKeepsTheTargetAndThePitchInRange) {
   for (int32_t i = 0; i < 100; i++) {
     yaw += rand_real(4) - 2;
     pitch += rand_real(4) - 2;
-    const double wanted = pitch;
+    const double expected = pitch;
     World_turn_view(&world, yaw, &pitch);
-    EXPECT_EQ(pitch, wanted > 0 ? 0 : wanted < -pi ? -pi : wanted);
-    const Vec3 stick = {std::sin(pitch) * std::sin(yaw), std::sin(pitch) * std::cos(yaw),
-                        std::cos(pitch)};
-    EXPECT_LT(length(Mat3_row(world.view, 2) - stick), 1e-12);
-    EXPECT_LT(length(world.camera - world.zoom * stick - target), 1e-10);
-    // The screen's right stays level.
+    EXPECT_EQ(pitch, expected > 0 ? 0 : expected < -pi ? -pi : expected);
+    const Vec3 to_eye = {std::sin(pitch) * std::sin(yaw), std::sin(pitch) * std::cos(yaw),
+                         std::cos(pitch)};
+    EXPECT_LT(length(Mat3_row(world.view, 2) - to_eye), 1e-12);
+    EXPECT_LT(length(world.camera - world.zoom * to_eye - target), 1e-10);
+    // The view's right stays horizontal.
     EXPECT_LT(length(Mat3_row(world.view, 0) - Vec3{std::cos(yaw), -std::sin(yaw), 0}), 1e-12);
     EXPECT_NEAR(Mat3_determinant(world.view), 1.0, 1e-12);
   }
 }
 
-TEST(Camera, ChasesByTheFrameTimeAndLandsWithinATenthOfASecond) {
+TEST(Camera, ChaseArrivesWithinATenthOfASecond) {
   SmallWorld world(scenario_path(2));
   world.offset = {0.3, 0, 0};
   world.view = {{{1, 0, 0}, {0, 0, 1}, {0, -1, 0}}};
@@ -85,8 +85,8 @@ TEST(Camera, ChasesByTheFrameTimeAndLandsWithinATenthOfASecond) {
       world.camera = from;
       World_chase(&world, dt);
       const bool moves = dt < 0.1 && is_finite(from);
-      const Vec3 wanted = moves ? start + 10 * dt * (ideal - start) : ideal;
-      EXPECT_LE(length(world.camera - wanted), moves ? 1e-9 : 0.0) << dt;
+      const Vec3 expected = moves ? start + 10 * dt * (ideal - start) : ideal;
+      EXPECT_LE(length(world.camera - expected), moves ? 1e-9 : 0.0) << dt;
     }
 }
 

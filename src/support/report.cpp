@@ -92,7 +92,7 @@ void print_progress(double progress, double total) {
     std::printf(" [%lg]", progress);
 }
 
-int32_t ask_yes_no(const char *text) {
+int32_t report_ask_yes_no(const char *text) {
   std::printf("%s (Y/N) ", text);
   std::fflush(stdout);
   char word[32];
@@ -161,7 +161,7 @@ void report_print(report_frame *frame) {
     if (report_no_wait == 0) std::getchar();
     break;
   case report_question:
-    frame->answer = ask_yes_no(text_of(frame));
+    frame->answer = report_ask_yes_no(text_of(frame));
     break;
   default:
     std::printf("%s", text_of(frame));

@@ -24,8 +24,7 @@ namespace {
 constexpr uint32_t press_bits = mouse_left | mouse_right | mouse_middle;
 constexpr uint32_t wheel_bits = mouse_wheel_forward | mouse_wheel_backward;
 constexpr size_t typed_limit = 499;
-constexpr int32_t word_mask =
-    0xFFFF; // a position left of or above the window reads as a large number
+constexpr int32_t word_mask = 0xFFFF; // negative positions become large numbers
 constexpr uint8_t down_bit = 0x80;
 
 // Releases all keys and buttons, since their release events go to another program.

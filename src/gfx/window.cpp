@@ -38,7 +38,7 @@ struct OpenFailure {
 constexpr OpenFailure open_failures[] = {
     {PlatformOpen::no_class, 588, "Failed To Register The Window Class.",
      "the window class could not be registered", "close other programs or log in again"},
-    {PlatformOpen::no_window, 593, "Window Creation Error.", "no window could be made",
+    {PlatformOpen::no_window, 593, "Window Creation Error.", "no window could be created",
      "check that this session may open windows on the display"},
     {PlatformOpen::no_pixel_format, 619, "Can't Find A Suitable PixelFormat.",
      "the display has no double-buffered OpenGL pixel format with a depth buffer",
@@ -132,7 +132,7 @@ bool exceeds_desktop(const PlatformWindowRequest &request) {
   if (stage != PlatformOpen::no_window || !exceeds_desktop(request))
     open_failed(failure, failure.missing, failure.remedy);
   char missing[80];
-  std::snprintf(missing, sizeof missing, "no window of %d by %d pixels could be made",
+  std::snprintf(missing, sizeof missing, "no window of %d by %d pixels could be created",
                 request.client_width, request.client_height);
   open_failed(failure, missing, "choose a resolution that fits the desktop");
 }

@@ -22,9 +22,12 @@ done
 forbid "GL" '^$' '#include <(GL|EGL|SDL)|\bgl[A-Z][a-z]+[A-Z0-9]?[a-z]*\(' "${layers[@]:0:4}"
 forbid "a window system" '^(\./)?(gfx/platform_[a-z0-9_]+|support/[a-z]+_windows)\.cpp:' \
   '_WIN32|windows\.h|SDL' .
-forbid "gfx below the seam" 'gfx/platform(_events)?\.h"' 'include "gfx/' gfx/platform_*.cpp
 forbid "the files of a system" '^(\./)?support/[a-z]+_(posix|windows)\.cpp:' \
   'unistd\.h|sys/stat\.h|<io\.h>' .
+
+# No circle of includes. A header and its sources are one unit.
+grep -roE '^#include "[^"]+\.h"' gfx text |
+  sed -E 's/_(sdl|win32)[a-z_]*//; s/\.(cpp|h):#include "/ /; s/\.h"//' | tsort >/dev/null || faults=1
 
 lines() {
   find "$1" -type f -regex '.*\.\(cpp\|h\|sh\)' -exec cat {} + | grep -vcE '^\s*(//.*|#|# .*|#!.*)?$'

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "gfx/fake_sdl.h"
-#include "gfx/gl_util.h"
 #include "gfx/platform.h"
 #include "gfx/window.h"
 

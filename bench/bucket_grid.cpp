@@ -9,16 +9,15 @@ struct Size {
   int64_t x, y, z;
 };
 
-// The part of k cells that an axis gets. Huge extents overflow to infinity, hence the limit.
+// An axis's share of k cells. Huge extents overflow to infinity, hence the limit.
 int64_t axis_cells(double k, double extent, double longest) {
   return std::max<int64_t>(static_cast<int64_t>(std::min(k * extent / longest, k)), 1);
 }
 
-// The least multiple of the box's own proportions that gives a cell to each point.
+// The smallest grid in the proportions of the box that has a cell for each point.
 Size grid_size(Vec3 extent, int32_t count) {
   const double longest = std::max({extent.x, extent.y, extent.z});
-  const bool sound = is_finite(extent) && longest > 0;
-  if (count < 2 || !sound) return {1, 1, 1};
+  if (count < 2 || !is_finite(extent) || !(longest > 0)) return {1, 1, 1};
   for (double k = 1;; k++) {
     const Size size = {axis_cells(k, extent.x, longest), axis_cells(k, extent.y, longest),
                        axis_cells(k, extent.z, longest)};

@@ -241,7 +241,7 @@ void shape_body(Maze *maze, GLenum primitive, Shape shape) {
 }
 
 void cells_body(Maze *maze) {
-  constexpr Shape shapes[] = {voronoi_outline, voronoi_room,     voronoi_room,
+  constexpr Shape shapes[] = {voronoi_outline, voronoi_box,     voronoi_box,
                               voronoi_terrain, voronoi_delaunay, voronoi_ground};
   if (!voronoi_cells(maze)) voronoi_build(maze, 1);
   if (voronoi_mode > 1) fixed_light_on();

@@ -6,8 +6,8 @@
 #include "maze/maze.h"
 #include "world/world.h"
 
-// Pictures of the real drawing code in a context without a display, and their pixels. The size is
-// always 640 by 480, so the default perspective shows 20 pixels a unit at a distance of 16.
+// Pictures of the real drawing code in a context without a display. The size is always 640 by 480,
+// so the default perspective shows 20 pixels per unit at a distance of 16.
 
 constexpr int picture_width = 640;
 constexpr int picture_height = 480;
@@ -17,8 +17,8 @@ struct Picture {
   std::vector<float> depth;  // window depth, top row first
 };
 
-// Opens the window and context on the first call, and in any case gives a cleared frame, a fresh
-// projection and an identity modelview.
+// Opens the window and the context on the first call. Each call clears the frame and loads the
+// default projection and an identity modelview.
 void picture_begin();
 
 // What has been drawn so far.

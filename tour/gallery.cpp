@@ -1,5 +1,5 @@
-// Draws one new maze of each kind into the folder named on the command line, as portable pixmaps:
-// what a person who presses N often enough would see, without the waiting.
+// Draws one new maze of each kind, as key N makes them, into portable pixmaps in the folder that
+// the command line names.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -21,11 +21,11 @@
 
 namespace {
 
-constexpr int32_t first_kind = 2; // of twelve; the first three are planes alike
+constexpr int32_t first_kind = 2; // of twelve; the first three are all planes
 const char *const kinds[] = {"plane",  "hexagon", "honeycomb", "grid",  "polar",
                              "sphere", "nested",  "nested3",   "torus", "band"};
 
-// The first seed with which a maze of this kind comes out, coloured by the slow sines.
+// The first seed that makes a maze of this kind with the colours of the slow sines.
 uint32_t seed_of(int32_t kind) {
   for (uint32_t seed = 1;; ++seed) {
     rand_seed(seed);
@@ -38,7 +38,7 @@ uint32_t seed_of(int32_t kind) {
   }
 }
 
-// The plain place of the tree, as deep as it goes, nearest to p among the nodes of each level.
+// A plain node: the nearest to p in the root, else in the maze that it holds, and so on.
 Pos place_near(Maze *maze, Vec3 p) {
   int32_t best = 0;
   for (int32_t i = maze_count(maze); i-- > 0;) {
@@ -65,7 +65,7 @@ void save(const Picture &picture, const std::string &path) {
   std::fclose(file);
 }
 
-// Slantwise from above, at a distance that shows `extent` world units around the place.
+// Obliquely from above, at a distance that shows about `extent` world units.
 void draw(Maze *root, Pos cur, Vec3 middle, double extent, const std::string &path) {
   World world = world_from_above(root, cur);
   world.zoom = 0.55 * extent;
@@ -102,7 +102,7 @@ int main(int argc, char **argv) {
   rand_seed(5);
   draw_from_outside_and_inside(Maze_new_tree(1), folder + "/kind-patchwork");
   draw_from_outside_and_inside(Maze_new_tree(2), folder + "/kind-ladder");
-  Maze *box = Maze_box(12, 16, 10); // comes only as a tile or nested
+  Maze *box = Maze_box(12, 16, 10); // key N makes it only as a tile or nested
   Maze_carve(box);
   Maze_colour_field(box, colour_field_sine, 0);
   Maze_scale(box, 2.5, 0);

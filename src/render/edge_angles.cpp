@@ -10,14 +10,15 @@ namespace {
 
 constexpr const char *recs_name = "EdgeAngleRecs";
 
-// Below this angle between two roads, in radians, they get no common corner: it would lie too far.
-constexpr double narrow = 0.01;
+// Two roads at a smaller angle, in radians, have no common corner, since it would be too far away.
+constexpr double min_corner_angle = 0.01;
 
 void recs_destroy(intptr_t data, Maze *) {
   delete[] reinterpret_cast<EdgeAngleRec *>(data);
 }
 
-// `from` is plain, so that a row of its own maze that leads to it is that entry of the list.
+// `from` is a plain node, so an edge slot of the same maze that leads to it has the index of the
+// list's entry.
 int32_t find_back(Pos from, Pos to) {
   if (to.maze == from.maze) return MazeNode_find_slot(maze_nodes(to.maze)[to.node], from.node);
   Pos list[pos_max_edges];
@@ -27,24 +28,24 @@ int32_t find_back(Pos from, Pos to) {
   return -1;
 }
 
-bool is_upright(Vec3 way) {
+bool is_vertical(Vec3 way) {
   return way.x == 0 && way.y == 0;
 }
 
-// The point at `along` on the left edge of a road that goes in direction `way`.
+// The point at `along` on the left side of a road in the direction `way`.
 Vec3 left_corner(Vec3 way, double along, double halfwidth) {
   return {way.x * along - way.y * halfwidth, way.x * halfwidth + way.y * along, 0};
 }
 
-// How far along a road its left edge meets the right edge of the next road anticlockwise. Angles
-// are taken round the circle, so that roads on both sides of its seam count as narrow, too.
+// How far along a road its left side meets the right side of the next road anticlockwise. The
+// remainder keeps angles small across the jump from -pi to pi.
 double corner_distance(double angle, double next_angle, double halfwidth) {
   const double delta = std::remainder(next_angle - angle, 2.0 * std::numbers::pi);
-  if (std::abs(delta) <= narrow) return 0;
+  if (std::abs(delta) <= min_corner_angle) return 0;
   return halfwidth * std::tan(std::numbers::pi / 2.0 - delta / 2.0);
 }
 
-// The rows in order of their angles. An insertion sort bears angles that aren't numbers.
+// The rows in order of their angles. An insertion sort is safe with NaN angles.
 void sort_by_angle(const EdgeAngleRec *recs, int32_t count, int32_t *order) {
   for (int32_t i = 0; i < count; i++) {
     int32_t place = i;
@@ -55,14 +56,14 @@ void sort_by_angle(const EdgeAngleRec *recs, int32_t count, int32_t *order) {
   }
 }
 
-// A dead end is square at its node.
+// The road of a dead end has a square end at its node.
 void cut_square(EdgeAngleRec *rec, Vec3 way, double halfwidth) {
   rec->trim1 = rec->trim2 = 0;
   rec->corner1 = left_corner(way, 0, halfwidth);
   rec->corner2 = left_corner(way, 0, -halfwidth);
 }
 
-// Right corners are the left ones of the road before. An upright road has neither.
+// A right corner is the left one of the previous road. A vertical road has neither.
 void mitre(EdgeAngleRec *recs, const Vec3 *ways, int32_t count, double halfwidth) {
   int32_t order[pos_max_edges];
   sort_by_angle(recs, count, order);
@@ -76,7 +77,7 @@ void mitre(EdgeAngleRec *recs, const Vec3 *ways, int32_t count, double halfwidth
     EdgeAngleRec &rec = recs[order[s]];
     const EdgeAngleRec &before = recs[order[(s + count - 1) % count]];
     rec.trim2 = before.trim1;
-    rec.corner2 = is_upright(ways[order[s]]) ? Vec3{0, 0, 0} : before.corner1;
+    rec.corner2 = is_vertical(ways[order[s]]) ? Vec3{0, 0, 0} : before.corner1;
   }
 }
 
@@ -91,7 +92,7 @@ void build_node(Pos here, EdgeAngleRec *recs) {
     recs[k] = {};
     recs[k].index = k;
     recs[k].backindex = find_back(here, ends[k]);
-    recs[k].angle = is_upright(ways[k]) ? 0 : std::atan2(d.y, d.x);
+    recs[k].angle = is_vertical(ways[k]) ? 0 : std::atan2(d.y, d.x);
   }
   if (count == 1) {
     cut_square(recs, ways[0], here.maze->halfwidth);

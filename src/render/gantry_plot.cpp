@@ -25,15 +25,15 @@ GLuint gantry_program;
 GLuint colour_texture;
 GLuint normal_texture;
 
-// Of a road that goes along d and lies level from side to side; upward unless the road is upright,
-// which has none.
+// The normal of a road along d whose cross-section is horizontal. It points up, and is zero for a
+// vertical road.
 Vec3 road_normal(Vec3 d) {
   const Vec3 way = horizontal_direction(d);
   return unit(cross({way.y, -way.x, 0}, d));
 }
 
-// The direction of d in the plane across the normal's main axis. The shader chooses that axis anew,
-// from the normal as a float, so the choice is made on the same numbers here.
+// The angle of d about the main axis of the normal. The shader chooses that axis too, from the
+// normal in single precision, so the same numbers decide here.
 double texture_angle(Vec3 normal, Vec3 d) {
   const float x = std::abs(static_cast<float>(normal.x));
   const float y = std::abs(static_cast<float>(normal.y));
@@ -44,14 +44,14 @@ double texture_angle(Vec3 normal, Vec3 d) {
 }
 
 struct Corner {
-  float s, t; // of the texture
+  float s, t; // texture coordinates
   Vec3f place;
 };
 
-// The plate along an edge of which one maze has the lesser end.
+// The plate along an edge that this maze draws, since its end comes first (Pos_before).
 struct Road {
   Vec3f normal;
-  float angle; // of its texture
+  float angle; // of the texture
   uint32_t colour;
   Corner corners[4];
 };
@@ -72,7 +72,7 @@ Corner corner(double s, double t, Vec3 place, Box *box) {
           rounded(place)};
 }
 
-// From p to q with the corners `here` at p and `there`, as seen from there, at q.
+// A road from p to q, with the corners `here` at p, and `there`, as seen from q, at q.
 Road road(Vec3 p, Vec3 q, const EdgeAngleRec &here, const EdgeAngleRec &there, double halfwidth,
           uint32_t colour, Box *box) {
   const Vec3 d = q - p, normal = road_normal(d);
@@ -90,7 +90,7 @@ const EdgeAngleRec *node_recs(const EdgeAngleRec *recs, int32_t node) {
   return recs + static_cast<size_t>(node) * pos_max_edges;
 }
 
-// The texture lies in a hub as on a flat floor, at the scale of the roads.
+// The texture of a hub is horizontal, at the scale of the roads.
 Wedge wedge(Vec3 p, const EdgeAngleRec &rec, uint32_t colour, Box *box) {
   const Vec3 right = rec.corner2, left = rec.corner1;
   box_add(box, p);
@@ -99,7 +99,7 @@ Wedge wedge(Vec3 p, const EdgeAngleRec &rec, uint32_t colour, Box *box) {
           {corner(right.x, right.y, p + right, box), corner(left.x, left.y, p + left, box)}};
 }
 
-// `recs` are those of the whole maze.
+// `recs` are the rows of the whole maze.
 void collect_node(Pos here, const EdgeAngleRec *recs, GrowList *streams, Box *box) {
   const Vec3 p = Pos_position(here);
   const uint32_t own = edge_colour(maze_nodes(here.maze)[here.node].self.colour, here, Pos_null);
@@ -109,7 +109,7 @@ void collect_node(Pos here, const EdgeAngleRec *recs, GrowList *streams, Box *bo
     const EdgeAngleRec &rec = node_recs(recs, here.node)[e];
     const Wedge plate = wedge(p, rec, own, box);
     GrowList_append(&streams[1], &plate);
-    if (!Pos_before(here, ends[e]) || rec.backindex < 0) continue; // no way back, no corners
+    if (!Pos_before(here, ends[e]) || rec.backindex < 0) continue; // no corners without a way back
     const EdgeAngleRec *there = ends[e].maze == here.maze ? recs : edgeanglerecs(ends[e].maze);
     const Road way =
         road(p, Pos_position(ends[e]), rec, node_recs(there, ends[e].node)[rec.backindex],

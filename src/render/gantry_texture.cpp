@@ -12,7 +12,7 @@ namespace {
 
 GLuint texture_program;
 
-// The texture's first row is the lowest on the screen, where y is greatest.
+// The texture's first row is the lowest on the screen, where y is largest.
 void draw_plate(int32_t tn) {
   constexpr int32_t size = gantry_texture_size;
   gl2.use_program(texture_program);
@@ -36,14 +36,14 @@ uint32_t gantry_texture(int32_t tn) {
   if (texture_program == 0) {
     texture_program = fragment_program_build(shader_gantry_texture, nullptr, nullptr);
   }
-  const bool out_of_sight = offscreen_begin(gantry_texture_size, gantry_texture_size);
+  const bool offscreen = offscreen_begin(gantry_texture_size, gantry_texture_size);
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   gfx_push_2d();
   draw_plate(tn);
   gfx_pop_2d();
   const uint32_t name = texture_capture(0, 0, gantry_texture_size, gantry_texture_size, 1);
   texture_max_anisotropy();
-  if (out_of_sight) {
+  if (offscreen) {
     offscreen_end();
   } else {
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);

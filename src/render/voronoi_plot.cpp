@@ -26,7 +26,7 @@ struct Layer {
 constexpr int32_t max_layers = 2;
 
 constexpr Layer layers[][max_layers] = {
-    {{voronoi_outline, 2}}, {{voronoi_room, 3}},     {{voronoi_room, 3}},
+    {{voronoi_outline, 2}}, {{voronoi_box, 3}},      {{voronoi_box, 3}},
     {{voronoi_terrain, 3}}, {{voronoi_delaunay, 3}}, {{voronoi_ground, 3}, {voronoi_walls, 4}}};
 
 struct Face {

@@ -9,9 +9,9 @@
 
 namespace {
 
-constexpr int32_t shade = 0x40; // between a colour and its light or dark version
+constexpr int32_t shade = 0x40; // difference of a colour from its light and dark versions
 constexpr double wall_inset = 0.1;
-constexpr double least_wall = 0.05;
+constexpr double min_wall_length = 0.05;
 constexpr double wall_height = 0.5;
 constexpr double half_thickness = 0.1;
 constexpr Vec3 up = {0, 0, 1};
@@ -31,7 +31,7 @@ Cell cell_of(const Maze *maze, int32_t node) {
           static_cast<int32_t>(cell.count)};
 }
 
-// Corners are counted around the cell.
+// The index wraps around.
 const VoronoiCorner &corner(const Cell &cell, int32_t k) {
   return cell.corners[(k + cell.count) % cell.count];
 }
@@ -40,7 +40,7 @@ Vec3 at_height(const VoronoiCorner &c, double z) {
   return {c.x, c.y, z};
 }
 
-// The place of a site; of the cell's own node for the rim of the square.
+// The position of a site, or of the cell's own node on the border of the square.
 Vec3 site_place(const Cell &cell, int32_t site) {
   return site < 0 ? cell.place : node_position(maze_nodes(cell.maze)[site]);
 }
@@ -67,24 +67,24 @@ void quad(ShapeList *out, uint32_t colour, Vec3 normal, Vec3 a, Vec3 b, Vec3 c, 
     out->push_back({place, normal, colour});
 }
 
-// A triangle of the ground, a and b clockwise around the node, which turns its face up.
+// A triangle of the ground. a and b are clockwise around the node, so the normal points up.
 void facet(ShapeList *out, uint32_t colour, Vec3 node, Vec3 a, Vec3 b) {
   triangle(out, colour, unit(cross(b - node, a - node)), node, a, b);
 }
 
-// An upright face over or under the segment from a to b, up or down to the height `end`.
-void upright(ShapeList *out, uint32_t colour, Vec3 a, Vec3 b, double end) {
+// A vertical face above or below the segment from a to b, up or down to the height `end`.
+void vertical_face(ShapeList *out, uint32_t colour, Vec3 a, Vec3 b, double end) {
   const Vec3 normal = unit({b.y - a.y, a.x - b.x, 0});
   const Vec3 below = {b.x, b.y, end};
   triangle(out, colour, normal, a, b, below);
   triangle(out, colour, normal, a, {a.x, a.y, end}, below);
 }
 
-double furthest_site(const Cell &cell) {
-  double furthest = 0;
+double max_site_distance(const Cell &cell) {
+  double distance = 0;
   for (int32_t k = cell.count; k-- > 0;)
-    furthest = std::max(furthest, length(site_place(cell, cell.corners[k].site) - cell.place));
-  return furthest;
+    distance = std::max(distance, length(site_place(cell, cell.corners[k].site) - cell.place));
+  return distance;
 }
 
 // The mean height of the three nodes whose cells meet in a corner.
@@ -103,15 +103,16 @@ void delaunay(ShapeList *out, const Cell &cell, uint32_t colour) {
   }
 }
 
-// The ground below an end of the wall towards `site`; `third` is the other node that meets there.
+// The ground below an end of the wall towards `site`. `third` is the node of the third cell that
+// meets there.
 Vec3 wall_foot(const Cell &cell, const VoronoiCorner &end, int32_t site, int32_t third) {
   const Vec3 there = site_place(cell, site);
   if (third < 0) return at_height(end, (cell.place.z + there.z) / 2);
   return at_height(end, plane_height(cell.place, there, site_place(cell, third), end.x, end.y));
 }
 
-// A wall from a to b in the plane of its middle, whose faces look along v and back; it leans with
-// the ground across it.
+// A wall from a to b, in the middle of its thickness. Its faces point along v and back; v is not
+// horizontal on a slope, so the wall leans.
 void wall(ShapeList *out, uint32_t colour, Vec3 a, Vec3 b, Vec3 v) {
   const Vec3 dir = unit({b.x - a.x, b.y - a.y, 0});
   const Vec3 half = half_thickness * v;
@@ -137,21 +138,21 @@ void voronoi_outline(ShapeList *out, Maze *maze, int32_t node, const World *worl
   }
 }
 
-void voronoi_room(ShapeList *out, Maze *maze, int32_t node, const World *world) {
+void voronoi_box(ShapeList *out, Maze *maze, int32_t node, const World *world) {
   const Cell cell = cell_of(maze, node);
   const uint32_t base = aged_colour(maze, node, world);
   const double z = cell.place.z;
-  const double high = furthest_site(cell);
+  const double depth = max_site_distance(cell);
   const auto at = [&](int32_t k) { return at_height(corner(cell, k), z); };
   const auto inset = [&](int32_t k) { return at(k) + wall_inset * (cell.place - at(k)); };
   for (int32_t k = cell.count; k-- > 0;)
     triangle(out, base, up, at(0), at(k), at(k + 1));
   for (int32_t k = cell.count; k-- > 0;) {
     if (corner(cell, k).joined != 0) continue;
-    upright(out, shaded(base, shade), inset(k), inset(k + 1), z + 0.5 * high);
+    vertical_face(out, shaded(base, shade), inset(k), inset(k + 1), z + 0.5 * depth);
   }
   for (int32_t k = cell.count; k-- > 0;)
-    upright(out, shaded(base, -shade), at(k), at(k + 1), z - high);
+    vertical_face(out, shaded(base, -shade), at(k), at(k + 1), z - depth);
 }
 
 void voronoi_terrain(ShapeList *out, Maze *maze, int32_t node, const World *world) {
@@ -178,7 +179,7 @@ void voronoi_walls(ShapeList *out, Maze *maze, int32_t node, const World *) {
     const VoronoiCorner &from = corner(cell, k);
     const VoronoiCorner &to = corner(cell, k + 1);
     if (from.joined != 0 || from.site <= node) continue;
-    if (length({to.x - from.x, to.y - from.y, 0}) < least_wall) continue;
+    if (length({to.x - from.x, to.y - from.y, 0}) < min_wall_length) continue;
     const Vec3 a = wall_foot(cell, from, from.site, corner(cell, k - 1).site);
     const Vec3 b = wall_foot(cell, to, from.site, to.site);
     wall(out, colour, a, b, unit(site_place(cell, from.site) - cell.place));
@@ -186,8 +187,8 @@ void voronoi_walls(ShapeList *out, Maze *maze, int32_t node, const World *) {
 }
 
 double plane_height(Vec3 a, Vec3 b, Vec3 c, double x, double y) {
-  const double whole = (b.y - c.y) * (a.x - c.x) + (c.x - b.x) * (a.y - c.y);
-  const double of_a = ((b.y - c.y) * (x - c.x) + (c.x - b.x) * (y - c.y)) / whole;
-  const double of_b = ((c.y - a.y) * (x - c.x) + (a.x - c.x) * (y - c.y)) / whole;
-  return of_a * a.z + of_b * b.z + (1 - of_a - of_b) * c.z;
+  const double determinant = (b.y - c.y) * (a.x - c.x) + (c.x - b.x) * (a.y - c.y);
+  const double weight_a = ((b.y - c.y) * (x - c.x) + (c.x - b.x) * (y - c.y)) / determinant;
+  const double weight_b = ((c.y - a.y) * (x - c.x) + (a.x - c.x) * (y - c.y)) / determinant;
+  return weight_a * a.z + weight_b * b.z + (1 - weight_a - weight_b) * c.z;
 }

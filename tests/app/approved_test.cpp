@@ -1,5 +1,5 @@
-// Compares pictures of small scenes with those that a person has approved. Where they differ, all
-// that was drawn is left in drawn.ppm, which scripts/approve takes for the approved ones.
+// Compares pictures of small scenes with approved ones, which a person has looked at. If they
+// differ, the new pictures are written to drawn.ppm. scripts/approve makes them the approved ones.
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,8 @@
 
 namespace {
 
-// A sheet of pictures, three bytes a pixel, top row first, in rows of one height each.
+// A sheet of pictures, three bytes per pixel, top row first. Pictures in a row have the same
+// height.
 struct Sheet {
   int width = 800, height = 0;
   std::vector<uint8_t> rgb;
@@ -47,9 +48,9 @@ void write_sheet(const Sheet &sheet, const char *path) {
   std::fclose(file);
 }
 
-// The approved pictures are this driver's. With another one, thin lines may lie a pixel aside, and
-// textures differ a little all over. (One that does not clamp the depths of fragments, softpipe,
-// draws the rims of lines in front of everything: there it fails.)
+// The approved pictures were drawn with this driver. Another one may shift thin lines by a pixel
+// and change textures a little everywhere. (The test fails with softpipe, which does not clamp
+// fragment depths and so draws the rims of lines in front of everything.)
 bool is_reference_driver() {
   return std::strstr(reinterpret_cast<const char *>(glGetString(GL_RENDERER)), "llvmpipe") !=
          nullptr;
@@ -64,18 +65,18 @@ struct Frame {
   int x, y, width, height;
 };
 
-// The least difference to the approved pixels of the frame that are at most `reach` away.
+// The minimum difference from the approved pixels of the frame that are at most `reach` away.
 int difference(Sheet *drawn, Sheet *approved, const Frame &frame, int x, int y, int reach) {
-  int least = 255;
+  int minimum = 255;
   const int top = std::max(y - reach, frame.y), left = std::max(x - reach, frame.x);
   for (int v = top; v <= std::min(y + reach, frame.y + frame.height - 1); v++)
     for (int u = left; u <= std::min(x + reach, frame.x + frame.width - 1); u++)
-      least = std::min(least, channel_difference(drawn->at(x, y), approved->at(u, v)));
-  return least;
+      minimum = std::min(minimum, channel_difference(drawn->at(x, y), approved->at(u, v)));
+  return minimum;
 }
 
-// Puts a picture on the sheet. Whether no more pixels differ than by rounding, and few by more than
-// a texture's filter may.
+// Copies a picture to the sheet. True if few pixels differ by more than rounding, and fewer by more
+// than a texture filter.
 bool compare(const Picture &picture, const Frame &frame, Sheet *drawn, Sheet *approved) {
   for (Sheet *sheet : {drawn, approved})
     sheet->grow(frame.y + frame.height);
@@ -92,12 +93,12 @@ bool compare(const Picture &picture, const Frame &frame, Sheet *drawn, Sheet *ap
     much += by > 40;
   }
   const bool same = little <= (reference ? 30 : 1200) && much <= (reference ? 8 : 40);
-  EXPECT_TRUE(same) << little << " pixels differ, " << much << " of them much; see drawn.ppm at "
+  EXPECT_TRUE(same) << little << " pixels differ, " << much << " of them by much; see drawn.ppm at "
                     << frame.x << ", " << frame.y;
   return same;
 }
 
-// What a frame must leave as it found it. A tree also leaves the depths clean.
+// The state that a frame must restore. After a tree the depth buffer is clear.
 void expect_state(const Scene &scene, const Picture &picture) {
   const auto clean = std::count(picture.depth.begin(), picture.depth.end(), 1.0F);
   EXPECT_TRUE(scene_number(scene, "text") >= 0 || clean == picture_width * picture_height);
@@ -115,7 +116,7 @@ void expect_state(const Scene &scene, const Picture &picture) {
   }
 }
 
-TEST(Approved, PicturesAreThose) {
+TEST(Approved, PicturesMatch) {
   Sheet drawn, approved = read_sheet(VOREL_APPROVED);
   ASSERT_EQ(approved.width, drawn.width);
   Frame frame = {};

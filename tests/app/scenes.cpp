@@ -51,7 +51,7 @@ void read_edge(std::istream &in, Maze *maze) {
     end->edge[end->degree - 1] = edge;
 }
 
-// Mazes come in the order in which they are made, and before what they hold.
+// Mazes are in the order in which they are created, and before the mazes that they hold.
 Tree read_tree(const std::string &name) {
   Tree tree = {};
   std::ifstream in(VOREL_SCENES "/" + name);
@@ -106,7 +106,7 @@ void draw_world(const Scene &scene) {
   Maze_destroy(tree.levels[0], 1);
 }
 
-// A background of four colours, which blending lets through.
+// A background of four colours, which shows through blending.
 void background() {
   gfx_push_2d();
   for (int k = 0; k < 4; k++) {
@@ -147,7 +147,7 @@ void draw_styles() {
   pixel_text("fmod:small", 100, 40, 0x40FF40, "Big");
 }
 
-// Texts turned, far away and close, and one of them half within another.
+// Rotated texts, far and near, two of which intersect.
 void draw_world_texts() {
   font_apply("fmod");
   glTranslated(0.3, 0.2, -5);

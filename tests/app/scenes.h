@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-// A row of scenes.txt, with all its values.
+// A row of scenes.txt with all its values.
 struct Scene {
   std::string name;
   std::map<std::string, double> values;
@@ -12,7 +12,7 @@ struct Scene {
 
 std::vector<Scene> read_scenes();
 
-// A value that is a whole number.
+// An integer value.
 int scene_number(const Scene &scene, const char *key);
 
 // Draws a scene as a frame of the program, in the lower left corner of the window.

@@ -17,10 +17,10 @@ namespace {
 constexpr const char *plain_fragment = "#version 120\n"
                                        "void main() { gl_FragColor = gl_Color; }\n";
 
-// Within each band, and at its last age. By hand: from 0.01 s on a grey of 123, 107, 91, 75, 59,
-// 43, 27 and then 17 at the last ages, to which the bands add 0 or 36, at 1e7 s 18. The card draws
-// a little beside the last ages, where its rounding can't choose another band.
-TEST(AgeColour, IsThatOfItsBandInBothPrograms) {
+// Within each decade and at its end. Computed by hand: at the ends of the decades from 0.01 s on
+// the grey is 123, 107, 91, 75, 59, 43, 27 and then 17, plus 0 or 36, or 18 at 1e7 s. The shader is
+// tested a little after each end, where rounding can't select another decade.
+TEST(AgeColour, ShaderAndProcessorAgreeInEachDecade) {
   const struct {
     double age;
     uint32_t colour;
@@ -41,7 +41,7 @@ TEST(AgeColour, IsThatOfItsBandInBothPrograms) {
     glTexCoord1d(age * 1.003);
     glRecti(-1, -1, 1, 1);
     const uint32_t seen = picture_colour(picture_take(), 9, 9);
-    EXPECT_LE(colour_distance(seen, agecolour_rgb(age * 1.003)), 3) << age << " on the card";
+    EXPECT_LE(colour_distance(seen, agecolour_rgb(age * 1.003)), 3) << age << " in the shader";
   }
   gl2.use_program(0);
 }
@@ -50,10 +50,10 @@ TEST(Shaders, FailuresAreAppendedToTheLogFile) {
   picture_begin();
   const std::string path = testing::TempDir() + "vorel_shader_test.log";
   std::remove(path.c_str());
-  const char *const usual_log = shader_error_log;
+  const char *const default_log = shader_error_log;
   shader_error_log = path.c_str();
   EXPECT_NE(fragment_program_build(plain_fragment, nullptr, nullptr), 0u);
-  EXPECT_FALSE(std::ifstream(path).good()) << "a good program must leave no log";
+  EXPECT_FALSE(std::ifstream(path).good()) << "a valid program must leave no log";
   char *shader_log = nullptr, *program_log = nullptr;
   const char *const bad = "#version 120\nvoid main() { nonsense; }\n";
   EXPECT_NE(fragment_program_build(bad, &shader_log, &program_log), 0u);
@@ -63,7 +63,7 @@ TEST(Shaders, FailuresAreAppendedToTheLogFile) {
   EXPECT_EQ(text.str(), std::string(shader_log) + "\n" + program_log + "\n");
   std::free(shader_log);
   std::free(program_log);
-  shader_error_log = usual_log;
+  shader_error_log = default_log;
 }
 
 } // namespace

@@ -9,19 +9,18 @@
 
 static int lists_deleted = 0;
 
-// Takes the place of the library's function, which ignores a call without a context on some
-// systems.
+// Replaces the library's function, which on some systems ignores a call without a context.
 extern "C" void glDeleteLists(GLuint, GLsizei) {
   lists_deleted++;
 }
 
-// The leak checker crashes where it meets a thread of the driver that is ending, as here at the exit.
+// The leak checker crashes if a thread of the driver ends meanwhile, as after gfx_close.
 extern "C" const char *__asan_default_options() {
   return "detect_leaks=0";
 }
 
-// In a program of its own: a process has one context, and this test ends it.
-TEST(Context, MazesOutliveItAndItMayEndTwice) {
+// A program of its own, since a process has one context and this test ends it.
+TEST(Context, MazesMayOutliveItAndClosingTwiceIsSafe) {
   Maze *mazes[] = {scenario_path(2), scenario_path(2)};
   for (Maze *maze : mazes) {
     const World world = world_from_above(maze, {maze, 0});

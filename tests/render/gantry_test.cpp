@@ -23,9 +23,9 @@ std::vector<uint8_t> texture(int32_t tn) { // RGBA, lowest row first
   return texels;
 }
 
-// Of the formula with a hundred samples a texel, on a grid that is turned a little. Some samples at
+// The counts follow from the formula with 100 samples per texel on a rotated grid. Some samples at
 // rims differ by rounding.
-TEST(Gantry, HolesAreThoseOfThePlate) {
+TEST(Gantry, TextureHasTheHolesOfTheFormula) {
   picture_begin();
   const std::vector<uint8_t> texels = texture(0);
   int holes = 0, rims = 0;
@@ -40,11 +40,11 @@ TEST(Gantry, HolesAreThoseOfThePlate) {
   EXPECT_NEAR(alpha, 166917.3, 10);
 }
 
-// First offscreen, under a state that would spoil it; then in the window, whose 480 rows are all
-// that there is of the 512.
-TEST(Gantry, TexturesRestoreTheStateAndCanDoWithTheWindow) {
+// First offscreen, with GL state that would change the texture; then in the window, which has only
+// 480 of the 512 rows.
+TEST(Gantry, TexturesRestoreTheStateAndCanUseTheWindow) {
   picture_begin();
-  const std::vector<uint8_t> usual = texture(0);
+  const std::vector<uint8_t> expected = texture(0);
   glClearColor(0.5F, 0.25F, 0.75F, 1);
   glClear(GL_COLOR_BUFFER_BIT);
   glPushAttrib(GL_ALL_ATTRIB_BITS);
@@ -55,7 +55,7 @@ TEST(Gantry, TexturesRestoreTheStateAndCanDoWithTheWindow) {
   glEnable(GL_SCISSOR_TEST);
   glScissor(0, 0, 3, 3);
   screen_width /= 2;
-  EXPECT_EQ(texture(0), usual);
+  EXPECT_EQ(texture(0), expected);
   EXPECT_EQ(screen_width, picture_width / 2);
   EXPECT_EQ(screen_height, picture_height);
   EXPECT_TRUE(glIsEnabled(GL_BLEND));
@@ -66,13 +66,13 @@ TEST(Gantry, TexturesRestoreTheStateAndCanDoWithTheWindow) {
   picture_begin();
   int32_t window_alpha = 0;
   glGetIntegerv(GL_ALPHA_BITS, &window_alpha);
-  if (window_alpha == 0) GTEST_SKIP() << "a window without alpha holds no plate";
+  if (window_alpha == 0) GTEST_SKIP() << "the window has no alpha";
   const auto gen_framebuffers = std::exchange(gl.gen_framebuffers, nullptr);
   const std::vector<uint8_t> taken = texture(0);
   gl.gen_framebuffers = gen_framebuffers;
   int off = 0;
   for (size_t i = size_t{size} * (size - picture_height) * 4; i < taken.size(); i++)
-    off += std::abs(taken[i] - usual[i]);
+    off += std::abs(taken[i] - expected[i]);
   EXPECT_LT(off, size * picture_height * 4); // some rims may be sampled half a texel away
   const Picture picture = picture_take();
   EXPECT_EQ(std::count(picture.bgra.begin(), picture.bgra.end(), 0), 640 * 480 * 4);

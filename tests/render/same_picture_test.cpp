@@ -1,5 +1,5 @@
-// Culled pictures of cached lists against those of the same code that draws everything for the
-// first time: every byte of colour and depth, in both depth slabs.
+// Culled pictures of cached display lists against pictures of new caches without culling: every
+// byte of colour and depth, in both depth slabs.
 
 #include <gtest/gtest.h>
 
@@ -20,6 +20,7 @@
 #include "maze/visit.h"
 #include "picture.h"
 #include "render/gl/view.h"
+#include "render/line_plot.h"
 #include "render/plot.h"
 #include "render/plot_switches.h"
 #include "scenarios.h"
@@ -36,7 +37,7 @@ using Slabs = std::vector<uint32_t>; // colours and depths of the far slab, then
 
 struct Plot {
   const char *name;
-  int32_t type, fixed, mode = -1; // the mode is that of a landscape
+  int32_t type, fixed, mode = -1; // the mode of a landscape
 };
 
 constexpr Plot lines = {"lines", 0, 0}, fixed_lines = {"fixed", 0, 1}, gantry = {"gantry", 1, 0},
@@ -46,7 +47,7 @@ constexpr Plot lines = {"lines", 0, 0}, fixed_lines = {"fixed", 0, 1}, gantry = 
 constexpr Plot plots[] = {lines, fixed_lines, gantry,    balls, outlines,
                           lit,   terrain,     triangles, walls};
 
-// For an eye that is off the middle by so many world units.
+// `eye` is the distance of the eye from the camera along x, in world units.
 Slabs draw(const World &world, const Plot &plot, double eye = 0, bool culls = true) {
   plot_type = plot.type;
   plot_fixed = plot.fixed;
@@ -54,19 +55,14 @@ Slabs draw(const World &world, const Plot &plot, double eye = 0, bool culls = tr
   voronoi_mode = plot.mode;
   picture_begin();
   gfx_resize(width, height);
-  float projection[16];
-  projection_perspective(width, height, projection);
-  projection[8] = static_cast<float>(0.2 * eye);
-  glMatrixMode(GL_PROJECTION);
-  glLoadMatrixf(projection);
-  glMatrixMode(GL_MODELVIEW);
   glTranslated(eye, 0, 0);
   World_apply_view(&world);
   Slabs slabs(4 * pixels);
   for (size_t k = 0; k < 2; k++) {
     View view = view_read(&world, World_follow_point(&world),
                           k == 0 ? projection_far_slab : projection_near_slab);
-    if (!culls) view.frustum = {};
+    view.projection[8] = static_cast<float>(0.2 * eye);
+    view.frustum = culls ? frustum_of(view.projection, view.modelview) : Frustum{};
     view_use(view);
     glClear(GL_DEPTH_BUFFER_BIT);
     plot_world(&world);
@@ -82,8 +78,8 @@ Maze *in_copy(const Maze *maze, Maze *copy) {
   return maze_nodes(in_copy(maze->parent, copy))[maze->parentnode].submaze;
 }
 
-// Compares with a picture of the whole tree that has never been drawn before. The order of edges in
-// a copy follows its records in memory, so a tree of many levels must be a copy itself.
+// Compares with a picture of a new copy of the tree. The order of edges in a copy follows the
+// addresses of its records, so a tree of several levels must be a copy itself.
 Slabs draw_and_compare(const World &world, const Plot &plot, double eye = 0) {
   const Slabs slabs = draw(world, plot, eye);
   World fresh = world;
@@ -104,7 +100,7 @@ double between(double low, double high) {
   return low + rand_real(high - low);
 }
 
-// Of three levels, off the axes.
+// A tree of three levels, off the axes.
 World nested_world(uint32_t seed, double scale) {
   rand_seed(seed);
   Maze *nested = scenario_nested(3);
@@ -139,7 +135,7 @@ void relax(Maze *maze) {
   drop_all(maze);
 }
 
-// Moves the user along some edge, or along one between two levels.
+// Moves the user along a random edge, or along one between two levels.
 void step(World *world, bool across_levels) {
   Pos from, ways[pos_max_edges], to;
   do {
@@ -150,8 +146,8 @@ void step(World *world, bool across_levels) {
   world->cur = to;
 }
 
-// The fixed plot culls by the bounds of the line plot, so that one runs after a relaxation.
-// Landscapes show no ages here, since they keep those of when they were collected.
+// The fixed plot culls with the bounds of the line plot, which is drawn first. Landscapes show no
+// ages here, since they keep those of the time when they were built.
 TEST(SamePicture, FromAnywhereWhileWalkingAndRelaxing) {
   World world = nested_world(77, 171.3);
   int far_shown = 0;
@@ -173,14 +169,15 @@ TEST(SamePicture, FromAnywhereWhileWalkingAndRelaxing) {
   Maze_destroy(world.root, 1);
 }
 
-// A maze of two nodes in one end of a single edge. The user may be where only the marker is seen.
+// A maze of two nodes, held by one end of a single edge. The user may be where only the marker
+// shows.
 struct Pair {
   Maze *root = scenario_path(2), *inner = scenario_path(2);
   World world = world_from_above(root, {root, 0});
 
   Pair() { scenario_hold(root, 1, inner); }
   ~Pair() { Maze_destroy(root, 1); }
-  // The edge to the inner maze comes from far out of the picture.
+  // The edge to the inner maze starts far outside the picture.
   void place(Vec3 p, double halfwidth, Vec3 way = {0.1, 0, 0}) {
     scenario_move(root, 0, p + Vec3{p.x, p.y, 0} * 2);
     scenario_move(inner, 0, p);
@@ -192,9 +189,9 @@ struct Pair {
   }
 };
 
-// Beside a plane of the frustum, as far from it as what is drawn reaches, or close to the eye. Far
-// away the width of discs depends on the distance. In the corners of the picture, bodies that face
-// the eye are oblique to the planes of depth.
+// Near a plane of the frustum, as far from it as primitives extend, or close to the eye. Far away
+// the width of discs depends on the distance. In the corners of the picture, quads that face the
+// eye are oblique to the near and far planes.
 void place_across_a_plane(Pair *pair) {
   const double depth = std::pow(10.0, between(0.5, 4)), along = between(-1.3, 1.3);
   const double side = depth + along * std::sqrt(2.0) * (0.9 + 0.005 * depth);
@@ -213,7 +210,7 @@ void place_across_a_plane(Pair *pair) {
                 {between(-0.1, 0.1), between(-0.1, 0.1), between(0, 0.1)});
 }
 
-TEST(SamePicture, OfWhatLiesAcrossEachPlaneOfTheFrustum) {
+TEST(SamePicture, OfPrimitivesAcrossEachPlaneOfTheFrustum) {
   rand_seed(12);
   Pair pair;
   int shown = 0;
@@ -229,8 +226,8 @@ TEST(SamePicture, OfWhatLiesAcrossEachPlaneOfTheFrustum) {
   EXPECT_LT(shown, 1000);
 }
 
-// Only some of the lists are dropped: those of a maze to which an edge leads, and those below a
-// maze whose list was asked for by itself.
+// Only some caches are dropped: that of a maze to which an edge leads, and that of a maze below one
+// that was drawn by itself.
 TEST(SamePicture, OfMazesThatMoved) {
   Pair pair;
   pair.world.camera = {0, 0, 10};
@@ -243,12 +240,9 @@ TEST(SamePicture, OfMazesThatMoved) {
   scenario_hold(pair.inner, 1, innermost);
   Maze_translate(innermost, {60, 0, 0}, 0);
   pair.place({50, 0, 0}, 0.5);
-  draw(pair.world, lines);
   scenario_move(innermost, 1, {0, 0, 0});
   Attachment_drop_tree(innermost, "lists");
-  World below = pair.world;
-  below.root = pair.inner;
-  draw(below, lines);
+  line_lists_call(pair.inner, 0, 1);
   EXPECT_TRUE(shows(draw_and_compare(pair.world, lines), 1));
 }
 
@@ -259,8 +253,8 @@ int lists_in_use() {
   return count;
 }
 
-// A plot compiles nothing before it can be seen, and then what the mazes were when it first ran.
-TEST(SamePicture, OfWhatWasThereWhenNothingWasSeen) {
+// A plot compiles only what is visible, and draws the mazes as they were when it first ran.
+TEST(SamePicture, OfMazesThatChangeBeforeTheyAreVisible) {
   World world = nested_world(8, 13.7);
   const Pos place = random_place(world.root);
   for (const Plot &plot : plots) {
@@ -273,7 +267,7 @@ TEST(SamePicture, OfWhatWasThereWhenNothingWasSeen) {
     world.camera.x += 50000;
     const int in_use = lists_in_use();
     draw(world, plot);
-    EXPECT_LE(lists_in_use(), in_use); // a plot may release those of the one before it
+    EXPECT_LE(lists_in_use(), in_use); // a plot may release lists of the previous one
     for (int32_t i = maze_count(place.maze); i-- > 0;)
       maze_nodes(place.maze)[i].self.colour ^= 0x404040;
     world.camera.x -= 50000;
@@ -284,7 +278,7 @@ TEST(SamePicture, OfWhatWasThereWhenNothingWasSeen) {
   Maze_destroy(world.root, 1);
 }
 
-// Steps change few bodies of many. Other changes move all of them, or add and remove some.
+// A step changes few of many primitives. Other changes move all of them, or add and remove some.
 TEST(SamePicture, LinesOfALargeMazeAfterEachChange) {
   rand_seed(5);
   World world = {};
@@ -303,7 +297,7 @@ TEST(SamePicture, LinesOfALargeMazeAfterEachChange) {
     if (change == 19) Maze_append(world.root, more);
     if (change % 6 >= 2) Attachment_drop(world.root, "lists");
     draw_and_compare(world, lines);
-    if (change <= 5) in_use = lists_in_use(); // by then, those of other tests are gone
+    if (change <= 5) in_use = lists_in_use(); // those of other tests are gone by then
     if (change < 19) {
       EXPECT_EQ(lists_in_use(), in_use);
     }

@@ -25,13 +25,13 @@ namespace {
 constexpr double slack = 2e-6; // above the tolerance of a cut
 constexpr double infinite = std::numeric_limits<double>::infinity();
 
-// By how much a corner lies beyond the line halfway between two nodes.
+// A corner's value by the bisector of two nodes.
 double beyond(const VoronoiCorner &c, Vec3 p, Vec3 q) {
   return (c.x - (p.x + q.x) / 2) * (q.x - p.x) + (c.y - (p.y + q.y) / 2) * (q.y - p.y);
 }
 
-// No corner is nearer to another node within five times the longest edge, and each side lies
-// halfway to its site, or on a square of three times that edge.
+// No corner is nearer to another node within five times the longest edge, and each edge is on the
+// bisector to its site, or on a square of three times that edge.
 void expect_cell(Maze *maze, int32_t i, int32_t across_levels) {
   const Vec3 p = node_position(maze_nodes(maze)[i]);
   Pos ends[pos_max_edges];
@@ -68,7 +68,7 @@ void expect_cells(Maze *maze, int32_t across_levels) {
   }
 }
 
-Maze *shaken(Maze *maze, double by) {
+Maze *jittered(Maze *maze, double by) {
   for (int32_t i = maze_count(maze); i-- > 0;) {
     const double dx = rand_real(by), dy = rand_real(by), dz = rand_real(by);
     scenario_move(maze, i, node_position(maze_nodes(maze)[i]) + Vec3{dx, dy, dz});
@@ -76,17 +76,17 @@ Maze *shaken(Maze *maze, double by) {
   return maze;
 }
 
-TEST(Voronoi, CellsAreWhatIsNearestToTheirNodes) {
+TEST(Voronoi, CellsAreNearestToTheirNodes) {
   rand_seed(12);
-  // In the fifth, many sites lie above each other.
+  // In the fifth, many sites are above one another.
   Maze *mazes[] = {Maze_plane_xy(13, 17),
                    Maze_honeycomb(6, 1),
                    Maze_sphere(6),
                    Maze_box(5, 6, 4),
                    Maze_plane_xz(12, 9),
-                   shaken(Maze_plane_xy(18, 18), 0.7),
-                   shaken(Maze_grid3d(6, 6, 6), 0.7),
-                   shaken(Maze_plane_xy(12, 12), 1e-6),
+                   jittered(Maze_plane_xy(18, 18), 0.7),
+                   jittered(Maze_grid3d(6, 6, 6), 0.7),
+                   jittered(Maze_plane_xy(12, 12), 1e-6),
                    scenario_random(300, 900),
                    scenario_nested(2),
                    Maze_new_tree(2),
@@ -94,30 +94,30 @@ TEST(Voronoi, CellsAreWhatIsNearestToTheirNodes) {
   for (Maze *maze : mazes) {
     SCOPED_TRACE(maze_count(maze));
     expect_cells(maze, 0);
-    if (maze_count(maze) > 0) Maze_smooth(maze, 0.7); // while nodes are pulled together
+    if (maze_count(maze) > 0) Maze_smooth(maze, 0.7); // moves nodes closer together
     expect_cells(maze, 1);
     Maze_destroy(maze, 1);
   }
 }
 
-// Positions that are no numbers, or whose squares are infinite, spoil at most the cells around
+// Positions that are not finite, or whose squares are infinite, change at most the cells around
 // them.
-TEST(Voronoi, WildPositionsEndAndLeaveTheRestAlone) {
-  const Vec3 wild[] = {{infinite, 0, 0}, {3, NAN, 0}, {1e200, -1e200, 1e200}, {2, 1.2e154, 0}};
-  for (const Vec3 p : wild) {
+TEST(Voronoi, PositionsThatAreNotFiniteLeaveOtherCellsAlone) {
+  const Vec3 positions[] = {{infinite, 0, 0}, {3, NAN, 0}, {1e200, -1e200, 1e200}, {2, 1.2e154, 0}};
+  for (const Vec3 p : positions) {
     Maze *maze = Maze_plane_xy(7, 7);
     scenario_move(maze, 24, p);
     voronoi_build(maze, 1);
     for (const int32_t far : {0, 6, 42, 48})
       expect_cell(maze, far, 1);
-    Maze_scale(maze, 0, 0); // all in one place but for that one
+    Maze_scale(maze, 0, 0); // all others in one place
     voronoi_build(maze, 0);
     Maze_destroy(maze, 1);
   }
 }
 
-// Nested mazes are off their lattice by rounding, which must not cut cells away.
-TEST(Voronoi, NoiseOfANestedLatticeEmptiesNoCell) {
+// Nested mazes are off their lattice by rounding errors, which must not remove cells.
+TEST(Voronoi, RoundingErrorsOfANestedLatticeEmptyNoCell) {
   rand_seed(29);
   Maze *root = Maze_new_tree(0);
   Maze *nested = maze_nodes(root)[115].submaze;
@@ -149,7 +149,7 @@ TEST(Landscape, ShortEdgesHaveNoWalls) {
   }
 }
 
-TEST(Disc, HasAnEndToItsSegments) {
+TEST(Disc, HasALimitedNumberOfSegments) {
   picture_begin();
   const World world = world_from_above(nullptr, Pos_null);
   World_apply_view(&world);

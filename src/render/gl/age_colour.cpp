@@ -5,12 +5,12 @@
 
 namespace {
 
-struct Bytes {
+struct Rgb {
   int32_t r, g, b;
 };
 
-// What the band of decade t adds to the grey; i runs through 0..35 within a decade.
-Bytes band(double t, int32_t i) {
+// What is added to the grey at t decades. i increases from 0 to 35 within a decade.
+Rgb ramp(double t, int32_t i) {
   const int32_t h = i / 2;
   if (t <= 1) return {36, 36, 36};
   if (t <= 2) return {36, 36 - i, 36};
@@ -30,6 +30,6 @@ uint32_t agecolour_rgb(double age) {
   const double t = std::log10(std::max(1.0, age * 100.0));
   const auto i = static_cast<int32_t>(std::fmod(t, 1.0) * 36.0);
   const auto grey = static_cast<int32_t>(std::max(6.638888888888889 - t, 0.0) * 16.0 + 17.0);
-  const Bytes add = band(t, i);
+  const Rgb add = ramp(t, i);
   return static_cast<uint32_t>((grey + add.r) << 16 | (grey + add.g) << 8 | (grey + add.b));
 }

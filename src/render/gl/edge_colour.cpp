@@ -11,7 +11,7 @@ constexpr uint32_t border_one_door = 0xC0A040;
 constexpr uint32_t border_some_doors = 0x80C040;
 constexpr uint32_t border_all_doors = 0x408040;
 
-// A Roamer's trail has the user's colours times 0x40FF80, channel by channel.
+// The trail of a Roamer has the user's colours times 0x40FF80, channel by channel.
 constexpr int32_t roamer_red = 0x40;
 constexpr int32_t roamer_blue = 0x80;
 

@@ -4,7 +4,7 @@
 
 #include "gfx/gl.h"
 
-// The entry points of OpenGL 2.0 that shaders need, which the platform's library does not export.
+// The entry points of OpenGL 2.0 that shaders need. The platform's library doesn't export them.
 struct ShaderProcs {
   PFNGLCREATESHADERPROC create_shader;
   PFNGLSHADERSOURCEPROC shader_source;
@@ -30,9 +30,9 @@ struct ShaderProcs {
 };
 extern ShaderProcs gl2;
 
-// Fills gl2 once. A context below OpenGL 2.0 is a fatal report, after one sentence on the standard
-// error.
+// Loads gl2 on the first call. A context below OpenGL 2.0 is a fatal report, after a sentence on
+// the standard error.
 void shader_procs_load();
 
-// 1 if shaders can be used, 0 on a context below OpenGL 2.0; the first call loads gl2.
+// 1 if shaders can be used, 0 if the context is below OpenGL 2.0. The first call loads gl2.
 int32_t shaders_available();

@@ -65,7 +65,7 @@ void bare_make(const World *world) {
     glNewList(list, GL_COMPILE);
     glBegin(GL_QUADS);
     for (Maze *maze = world->root; maze != nullptr; maze = Maze_next(world->root, maze))
-      draw_cache_draw_immediate(maze, line_batch, which, 1, &view_current());
+      draw_cache_draw_immediate(maze, line_batch, which, true, &view_current());
     glEnd();
     glEndList();
   }
@@ -101,7 +101,7 @@ void frames(benchmark::State &state, const Pose &pose, PlotDraw draw, PlotDraw p
 
 // What a step costs before the frame is drawn.
 void compile_ours() {
-  draw_cache_compile(disc.root, line_batch, 1, &disc);
+  draw_cache_compile(disc.root, line_batch, true, &disc);
 }
 
 void step_ours(benchmark::State &state) {

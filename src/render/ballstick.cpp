@@ -97,12 +97,12 @@ void draw_pass(GLuint program, const PlotBatch &batch, Maze *root, const View &v
                double brightness) {
   program_use(program, view.projection);
   program_set_light(program, view.followed, brightness);
-  draw_cache_draw(root, batch, 0, 1, view);
+  draw_cache_draw(root, batch, 0, true, view);
 }
 
 // The marker is the user's light itself, or is lit by the fixed lights alone.
-void draw_marker(const View &view, int32_t light) {
-  program_use(light != 0 ? ball_unlit_program : ball_program, view.projection);
+void draw_marker(const View &view, bool light) {
+  program_use(light ? ball_unlit_program : ball_program, view.projection);
   glBegin(GL_QUADS);
   glColor3f(1, 1, 1);
   send_shader_quad(rounded(view.followed), marker_size * view.world->cur.maze->halfwidth);
@@ -124,7 +124,7 @@ void ballstick_plot(Maze *root, const World *world, int32_t light) {
   const double brightness = light != 0 ? light_brightness : 0.0;
   if (ball_program == 0) build_programs();
   draw_pass(ball_program, ball_batch, root, view, brightness);
-  draw_marker(view, light);
+  draw_marker(view, light != 0);
   draw_pass(stick_program, stick_batch, root, view, brightness);
   gl2.use_program(0);
 }

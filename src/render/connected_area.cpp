@@ -5,7 +5,11 @@
 #include "maze/reach.h"
 #include "render/fixed_plot.h"
 
-static constexpr uint32_t area_colour = 0x0000FF;
+namespace {
+
+constexpr uint32_t area_colour = 0x0000FF;
+
+} // namespace
 
 void connected_area_overlay(const World *world) {
   Maze *copy = Maze_reachable_copy(world->cur.maze, world->cur.node);

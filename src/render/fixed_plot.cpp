@@ -66,11 +66,12 @@ void ribbon(Vec3 p, Vec3 q, Vec3 eye, double halfwidth, uint32_t colour) {
 
 // Sends the edges that a node draws, those to ends that come after it (Pos_before): as ribbons
 // within GL_QUADS, or as lines within GL_LINES.
-void node_edges(Pos here, const View &view, int32_t all_levels, bool as_ribbons) {
+void node_edges(Pos here, const View &view, bool all_levels, bool as_ribbons) {
   Pos ends[pos_max_edges];
   MazeEdge edges[pos_max_edges];
   const Vec3 p = Pos_position(here);
-  for (int32_t e = Pos_edges(here.maze, here.node, all_levels, ends, edges) - 1; e >= 0; e--) {
+  for (int32_t e = Pos_edges(here.maze, here.node, all_levels ? 1 : 0, ends, edges) - 1; e >= 0;
+       e--) {
     if (!Pos_before(here, ends[e])) continue;
     const uint32_t colour = visit_colour(edges[e], here, ends[e], view.world);
     const Vec3 q = Pos_position(ends[e]);
@@ -102,23 +103,22 @@ bool is_plain(Pos pos) {
   return maze_nodes(pos.maze)[pos.node].submaze == nullptr;
 }
 
-using NodeRanges = std::vector<NodeRange>;
-
-// The nodes of a maze that may be visible, last first: those that the line plot's cache doesn't
-// cull, or all where there is no cache.
-NodeRanges visible_nodes(const Maze *maze, const DrawCache *cache, const Frustum &frustum) {
-  NodeRanges ranges;
-  if (cache == nullptr)
-    ranges.push_back({0, maze_count(maze)});
-  else
-    draw_cache_visible_nodes(cache, frustum, max_reach * maze->halfwidth, &ranges);
-  return ranges;
+// The nodes of a maze that the line plot's cache doesn't cull, or all if there is no cache. With
+// `all_levels` the mazes that it holds, too.
+CullResult cull(const Maze *maze, bool all_levels, const Frustum &frustum) {
+  CullResult result;
+  const double reach = max_reach * maze->halfwidth;
+  if (all_levels && draw_cache_cull(maze, line_batch, frustum, reach, &result)) return result;
+  result.nodes.push_back({0, maze_count(maze)});
+  for (int32_t i = 0; all_levels && i < maze_count(maze); i++)
+    if (Maze *submaze = maze_nodes(maze)[i].submaze) result.submazes.push_back(submaze);
+  return result;
 }
 
 // Calls `draw` for the plain nodes that are near, or that are far, last nodes first.
 template <typename Draw>
-void each_plain(Maze *maze, const NodeRanges &ranges, bool (*is_in_reach)(Vec3, Vec3), Vec3 eye,
-                Draw draw) {
+void each_plain(Maze *maze, const std::vector<NodeRange> &ranges, bool (*is_in_reach)(Vec3, Vec3),
+                Vec3 eye, Draw draw) {
   for (const NodeRange nodes : ranges) {
     for (int32_t i = nodes.end - 1; i >= nodes.first; i--) {
       const Pos here = {maze, i};
@@ -127,14 +127,15 @@ void each_plain(Maze *maze, const NodeRanges &ranges, bool (*is_in_reach)(Vec3, 
   }
 }
 
-void ribbon_pass(Maze *maze, const NodeRanges &ranges, const View &view, int32_t all_levels) {
+void ribbon_pass(Maze *maze, const std::vector<NodeRange> &ranges, const View &view,
+                 bool all_levels) {
   glBegin(GL_QUADS);
   each_plain(maze, ranges, is_near, view.camera,
              [&](Pos here) { node_edges(here, view, all_levels, true); });
   glEnd();
 }
 
-void disc_pass(Maze *maze, const NodeRanges &ranges, const View &view) {
+void disc_pass(Maze *maze, const std::vector<NodeRange> &ranges, const View &view) {
   if (disc_program == 0)
     disc_program = program_join(nullptr, shader_disc_vertex, nullptr, shader_disc_fragment);
   gl2.use_program(disc_program);
@@ -144,7 +145,8 @@ void disc_pass(Maze *maze, const NodeRanges &ranges, const View &view) {
   gl2.use_program(0);
 }
 
-void line_pass(Maze *maze, const NodeRanges &ranges, const View &view, int32_t all_levels) {
+void line_pass(Maze *maze, const std::vector<NodeRange> &ranges, const View &view,
+               bool all_levels) {
   if (plot_smooth_lines != 0) smooth_lines_on(0, 1.5F);
   glBegin(GL_LINES);
   each_plain(maze, ranges, is_far, view.camera,
@@ -153,19 +155,12 @@ void line_pass(Maze *maze, const NodeRanges &ranges, const View &view, int32_t a
   if (plot_smooth_lines != 0) smooth_lines_off();
 }
 
-void plot_maze(Maze *maze, const DrawCache *cache, const View &view, int32_t all_levels) {
-  const NodeRanges ranges = visible_nodes(maze, cache, view.frustum);
+void plot_maze(Maze *maze, const std::vector<NodeRange> &ranges, const View &view,
+               bool all_levels) {
   if (ranges.empty()) return;
   ribbon_pass(maze, ranges, view, all_levels);
   disc_pass(maze, ranges, view);
   line_pass(maze, ranges, view, all_levels);
-}
-
-// Appends the mazes that a maze holds, first holder first.
-void push_submazes(const Maze *maze, const DrawCache *cache, std::vector<Maze *> *stack) {
-  if (cache != nullptr) return draw_cache_submazes(cache, stack);
-  for (int32_t i = 0; i < maze_count(maze); i++)
-    if (Maze *submaze = maze_nodes(maze)[i].submaze) stack->push_back(submaze);
 }
 
 // Labels the mazes of a tree, which are passed in the order of Maze_next. The first name computes
@@ -205,9 +200,9 @@ void fixed_plot(Maze *root, const World *world, int32_t all_levels) {
   while (!stack.empty()) {
     Maze *maze = stack.back();
     stack.pop_back();
-    const DrawCache *cache = all_levels != 0 ? draw_cache_find(maze, line_batch) : nullptr;
+    const CullResult visible = cull(maze, all_levels != 0, view.frustum);
     label(&labels, maze);
-    plot_maze(maze, cache, view, all_levels);
-    if (all_levels != 0) push_submazes(maze, cache, &stack);
+    plot_maze(maze, visible.nodes, view, all_levels != 0);
+    stack.insert(stack.end(), visible.submazes.begin(), visible.submazes.end());
   }
 }

@@ -185,15 +185,15 @@ void build_resources() {
 } // namespace
 
 void gantry_road_quads(Maze *maze) {
-  draw_cache_draw_immediate(maze, gantry_batch, 0, 1, nullptr);
+  draw_cache_draw_immediate(maze, gantry_batch, 0, true, nullptr);
 }
 
 void gantry_hub_triangles(Maze *maze) {
-  draw_cache_draw_immediate(maze, gantry_batch, 1, 1, nullptr);
+  draw_cache_draw_immediate(maze, gantry_batch, 1, true, nullptr);
 }
 
 void gantry_list_call(Maze *maze) {
-  draw_cache_draw(maze, gantry_batch, every_pass, 1, view_current());
+  draw_cache_draw(maze, gantry_batch, every_pass, true, view_current());
 }
 
 void gantry_plot(Maze *root, const World *world, int32_t light) {

@@ -40,11 +40,12 @@ void add(Box *box, Vec3f place) {
                 static_cast<double>(place.z)});
 }
 
-void collect_ribbons(Pos here, int32_t all_levels, GrowList *streams, Box *box) {
+void collect_ribbons(Pos here, bool all_levels, GrowList *streams, Box *box) {
   const Vec3 p = Pos_position(here);
   Pos ends[pos_max_edges];
   MazeEdge edges[pos_max_edges];
-  for (int32_t e = Pos_edges(here.maze, here.node, all_levels, ends, edges) - 1; e >= 0; e--) {
+  for (int32_t e = Pos_edges(here.maze, here.node, all_levels ? 1 : 0, ends, edges) - 1; e >= 0;
+       e--) {
     if (!Pos_before(here, ends[e])) continue;
     const Vec3 q = Pos_position(ends[e]);
     const Ribbon ribbon = {rounded(p), rounded(q), rounded(p - q),
@@ -134,18 +135,18 @@ const PlotBatch line_batch = {.name = "lists",
 
 void line_edge_list(Maze *maze, int32_t all_levels) {
   glBegin(GL_QUADS);
-  draw_cache_draw_immediate(maze, line_batch, ribbons, all_levels, nullptr);
+  draw_cache_draw_immediate(maze, line_batch, ribbons, all_levels != 0, nullptr);
   glEnd();
 }
 
 void line_node_list(Maze *maze) {
   glBegin(GL_QUADS);
-  draw_cache_draw_immediate(maze, line_batch, discs, 0, nullptr);
+  draw_cache_draw_immediate(maze, line_batch, discs, false, nullptr);
   glEnd();
 }
 
 void line_lists_call(Maze *maze, int32_t which, int32_t all_levels) {
-  draw_cache_draw(maze, line_batch, which, all_levels, view_current());
+  draw_cache_draw(maze, line_batch, which, all_levels != 0, view_current());
 }
 
 void line_edges_pass(Maze *root, const World *world, int32_t all_levels) {
@@ -156,7 +157,7 @@ void line_edges_pass(Maze *root, const World *world, int32_t all_levels) {
   begin_pass(edge_program, view);
   program_set_float(edge_program, "r0", -root->halfwidth);
   program_set_float(edge_program, "r1", root->halfwidth);
-  draw_cache_draw(root, line_batch, ribbons, all_levels, view);
+  line_lists_call(root, ribbons, all_levels);
   gl2.use_program(0);
 }
 
@@ -166,7 +167,7 @@ void line_nodes_pass(Maze *root, const World *world, int32_t all_levels) {
     node_program =
         program_join(shader_agecolour, shader_node_vertex, nullptr, shader_node_fragment);
   begin_pass(node_program, view);
-  draw_cache_draw(root, line_batch, discs, all_levels, view);
+  line_lists_call(root, discs, all_levels);
   draw_marker(view);
   gl2.use_program(0);
 }

@@ -26,8 +26,7 @@ void print(double x, double y, double z, const std::string &text, double cell) {
 } // namespace
 
 void maze_label(const Maze *maze) {
-  const DrawCache *cache = draw_cache_find(maze, line_batch);
-  const Box *known = cache != nullptr ? draw_cache_node_bounds(cache) : nullptr;
+  const Box *known = draw_cache_node_bounds(maze, line_batch);
   if (known != nullptr) return maze_label_at(maze->name, known->low, known->high);
   Vec3 low, high;
   Maze_bounds(maze, &low, &high);

@@ -110,7 +110,7 @@ static_assert(std::size(batches) == std::size(layers));
 
 void voronoi_plot(Maze *maze, const World *world) {
   assert(voronoi_mode >= 0 && voronoi_mode < static_cast<int32_t>(std::size(batches)));
-  draw_cache_draw(maze, batches[voronoi_mode], every_pass, 1, view_of(world));
+  draw_cache_draw(maze, batches[voronoi_mode], every_pass, true, view_of(world));
 }
 
 void fixed_light_on() {

@@ -11,6 +11,8 @@
 
 namespace {
 
+struct DrawCache;
+
 struct Bounds {
   Box box;
   double max_halfwidth;
@@ -30,12 +32,10 @@ struct Child {
   Bounds bounds;    // of its subtree
 };
 
-} // namespace
-
 struct DrawCache {
   const PlotBatch *batch;
   Maze *maze;
-  int32_t all_levels;
+  bool all_levels;
   double halfwidth;
   GLuint first_list; // display lists, those of a chunk side by side; 0 until one is compiled
   GrowList streams[max_streams];
@@ -50,8 +50,6 @@ struct DrawCache {
   Box subtree_nodes;       // of those of the whole subtree
   DrawCache *next_retired; // an older one
 };
-
-namespace {
 
 // Caches whose attachment was dropped, newest first, kept for their display lists. Not kept as
 // attachments, since the statistics overlay lists those.
@@ -136,7 +134,7 @@ DrawCache *find(const Maze *maze, const PlotBatch &batch) {
   return reinterpret_cast<DrawCache *>(Attachment_find(maze, batch.name));
 }
 
-DrawCache *new_cache(Maze *maze, const PlotBatch &batch, int32_t all_levels) {
+DrawCache *new_cache(Maze *maze, const PlotBatch &batch, bool all_levels) {
   auto *cache = new DrawCache{};
   cache->batch = &batch;
   cache->maze = maze;
@@ -209,8 +207,7 @@ void reuse_display_lists(DrawCache *cache, DrawCache *old) {
 }
 
 // The cache of one maze, without those below it.
-DrawCache *find_or_build(Maze *maze, const PlotBatch &batch, int32_t all_levels,
-                         const World *world) {
+DrawCache *find_or_build(Maze *maze, const PlotBatch &batch, bool all_levels, const World *world) {
   if (DrawCache *found = find(maze, batch)) return found;
   DrawCache *cache = new_cache(maze, batch, all_levels);
   collect_chunks(cache, world);
@@ -246,7 +243,7 @@ void add_child_bounds(DrawCache *cache, uint32_t i) {
 DrawCache *child_cache(DrawCache *cache, uint32_t i, const World *world) {
   Child &child = rows<Child>(cache->children)[i];
   if (child.cache != nullptr) return child.cache;
-  child.cache = find_or_build(child.maze, *cache->batch, 1, world);
+  child.cache = find_or_build(child.maze, *cache->batch, true, world);
   assert(child.cache->parent == nullptr);
   child.cache->parent = cache;
   child.cache->child_index = i;
@@ -255,7 +252,7 @@ DrawCache *child_cache(DrawCache *cache, uint32_t i, const World *world) {
 
 // Visits only what is incomplete.
 DrawCache *build_tree(Maze *maze, const PlotBatch &batch, const World *world) {
-  DrawCache *root = find_or_build(maze, batch, 1, world);
+  DrawCache *root = find_or_build(maze, batch, true, world);
   DrawCache *cache = root;
   if (!cache->complete) start_bounds(cache);
   for (uint32_t i = 0; !root->complete;) {
@@ -374,17 +371,17 @@ Box current_bounds(const DrawCache *cache, uint32_t k) {
 
 } // namespace
 
-void draw_cache_draw(Maze *root, const PlotBatch &batch, int32_t pass, int32_t all_levels,
+void draw_cache_draw(Maze *root, const PlotBatch &batch, int32_t pass, bool all_levels,
                      const View &view) {
   const CullState cull = {&batch, &view, root->halfwidth};
-  if (all_levels == 0) return call_passes(cull, find_or_build(root, batch, 0, view.world), pass);
+  if (!all_levels) return call_passes(cull, find_or_build(root, batch, false, view.world), pass);
   DrawCache *cache = build_tree(root, batch, view.world);
   set_has_user(cull, true);
   call_tree(cull, cache, pass);
   set_has_user(cull, false);
 }
 
-void draw_cache_draw_immediate(Maze *maze, const PlotBatch &batch, int32_t pass, int32_t all_levels,
+void draw_cache_draw_immediate(Maze *maze, const PlotBatch &batch, int32_t pass, bool all_levels,
                                const View *view) {
   DrawCache *cache = new_cache(maze, batch, all_levels);
   collect_chunks(cache, view != nullptr ? view->world : nullptr);
@@ -398,30 +395,25 @@ void draw_cache_draw_immediate(Maze *maze, const PlotBatch &batch, int32_t pass,
   release(cache);
 }
 
-void draw_cache_compile(Maze *maze, const PlotBatch &batch, int32_t all_levels,
-                        const World *world) {
+void draw_cache_compile(Maze *maze, const PlotBatch &batch, bool all_levels, const World *world) {
   DrawCache *cache = find_or_build(maze, batch, all_levels, world);
   for (uint32_t k = 0; k < cache->chunks.count; k++)
     compile_chunk(cache, k);
 }
 
-const DrawCache *draw_cache_find(const Maze *maze, const PlotBatch &batch) {
+const Box *draw_cache_node_bounds(const Maze *maze, const PlotBatch &batch) {
   const DrawCache *cache = find(maze, batch);
-  return cache != nullptr && cache->all_levels != 0 ? cache : nullptr;
+  return cache != nullptr && cache->complete ? &cache->subtree_nodes : nullptr;
 }
 
-const Box *draw_cache_node_bounds(const DrawCache *cache) {
-  return cache->complete ? &cache->subtree_nodes : nullptr;
-}
-
-void draw_cache_visible_nodes(const DrawCache *cache, const Frustum &frustum, double margin,
-                              std::vector<NodeRange> *ranges) {
+bool draw_cache_cull(const Maze *maze, const PlotBatch &batch, const Frustum &frustum,
+                     double margin, CullResult *result) {
+  const DrawCache *cache = find(maze, batch);
+  if (cache == nullptr || !cache->all_levels) return false;
   for (uint32_t k = 0; k < cache->chunks.count; k++)
     if (!frustum_culls(frustum, current_bounds(cache, k), margin, frustum_planes))
-      ranges->push_back(rows<Chunk>(cache->chunks)[k].nodes);
-}
-
-void draw_cache_submazes(const DrawCache *cache, std::vector<Maze *> *mazes) {
+      result->nodes.push_back(rows<Chunk>(cache->chunks)[k].nodes);
   for (uint32_t i = cache->children.count; i-- > 0;)
-    mazes->push_back(rows<Child>(cache->children)[i].maze);
+    result->submazes.push_back(rows<Child>(cache->children)[i].maze);
+  return true;
 }

@@ -22,7 +22,7 @@ struct NodeRange {
 struct CollectInput {
   Maze *maze;
   NodeRange nodes;
-  int32_t all_levels; // 1: with the edges to other mazes
+  bool all_levels;    // with the edges to other mazes
   const World *world; // for the colours of ages; null: none are shown
 };
 
@@ -66,31 +66,29 @@ constexpr int32_t every_pass = -1; // one after another in each maze
 
 // Draws a pass of a maze and, with `all_levels`, of all mazes below it: a maze before those that it
 // holds, last holder first. Builds and compiles what is missing, culls the rest.
-void draw_cache_draw(Maze *root, const PlotBatch &batch, int32_t pass, int32_t all_levels,
+void draw_cache_draw(Maze *root, const PlotBatch &batch, int32_t pass, bool all_levels,
                      const View &view);
 
 // Sends the primitives of a pass of one maze within glBegin and glEnd, without caching them: those
 // of the chunks that the view shows, or all if it is null.
-void draw_cache_draw_immediate(Maze *maze, const PlotBatch &batch, int32_t pass, int32_t all_levels,
+void draw_cache_draw_immediate(Maze *maze, const PlotBatch &batch, int32_t pass, bool all_levels,
                                const View *view);
 
 // Builds what is missing of a maze's cache and compiles all its display lists.
-void draw_cache_compile(Maze *maze, const PlotBatch &batch, int32_t all_levels, const World *world);
-
-struct DrawCache;
-
-// The cache of a maze; null if it isn't built, or was built without the edges to other mazes.
-const DrawCache *draw_cache_find(const Maze *maze, const PlotBatch &batch);
+void draw_cache_compile(Maze *maze, const PlotBatch &batch, bool all_levels, const World *world);
 
 // The bounds that Maze_bounds gives for a maze; null unless the caches of the maze and of all mazes
 // below it are built.
-const Box *draw_cache_node_bounds(const DrawCache *cache);
+const Box *draw_cache_node_bounds(const Maze *maze, const PlotBatch &batch);
 
-// Appends the nodes, last first, of the chunks that a frustum doesn't cull. The bounds follow the
-// ends of edges in other mazes, which can move without a rebuild of this cache; all else is where
-// it was when the cache was built.
-void draw_cache_visible_nodes(const DrawCache *cache, const Frustum &frustum, double margin,
-                              std::vector<NodeRange> *ranges);
+struct CullResult {
+  std::vector<NodeRange> nodes; // that may be visible, last nodes first
+  std::vector<Maze *> submazes; // all that the maze holds, first holder first
+};
 
-// Appends the mazes that the nodes of a maze hold, first holder first.
-void draw_cache_submazes(const DrawCache *cache, std::vector<Maze *> *mazes);
+// Appends what a frustum doesn't cull of a maze, without visiting its nodes. False if the cache
+// isn't built, or was built without the edges to other mazes. The bounds follow the ends of edges
+// in other mazes, which can move without a rebuild of this cache; all else is where it was when the
+// cache was built.
+bool draw_cache_cull(const Maze *maze, const PlotBatch &batch, const Frustum &frustum,
+                     double margin, CullResult *result);

@@ -4,7 +4,11 @@
 
 #include "gfx/gl.h"
 
-static View current;
+namespace {
+
+View current;
+
+} // namespace
 
 View view_read(const World *world, Vec3 followed, void (*set_slab)(float projection[16])) {
   View view = {world, world->camera, followed, {}, {}, {}};

@@ -1,17 +1,41 @@
 # What "cmake --install" puts where.
-if(WIN32) # one folder, packed as it is
+
+# The day of this version, from the headings of the change log: "## VERSION, DAY".
+file(STRINGS CHANGELOG.md VOREL_RELEASE_DATE REGEX "^## ${PROJECT_VERSION}, ")
+string(REGEX REPLACE ".*, " "" VOREL_RELEASE_DATE "${VOREL_RELEASE_DATE}")
+file(READ LICENSE licence)
+file(READ docs/licences/dejavu-fonts.txt font_licence)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS CHANGELOG.md LICENSE README.md)
+
+if(WIN32) # one folder, which is packed as it is
+  file(READ README.md readme)
+  string(REGEX REPLACE "!\\[[^\n]*\n\n" "" readme "${readme}") # no pictures
+  file(CONFIGURE OUTPUT README.txt CONTENT "${readme}" @ONLY NEWLINE_STYLE CRLF)
+  file(CONFIGURE OUTPUT LICENSE.txt CONTENT "${licence}\n${font_licence}" @ONLY NEWLINE_STYLE CRLF)
   install(TARGETS vorel DESTINATION .)
+  install(FILES ${PROJECT_BINARY_DIR}/README.txt ${PROJECT_BINARY_DIR}/LICENSE.txt DESTINATION .)
   return()
 endif()
 
 include(GNUInstallDirs)
 set(linux ${PROJECT_SOURCE_DIR}/packaging/linux)
-set(program_folder ${CMAKE_INSTALL_LIBEXECDIR}/vorel)
-install(TARGETS vorel DESTINATION ${program_folder})
+install(TARGETS vorel DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/vorel)
 
 # The launcher finds the program relative to itself, so that the installed tree can be moved.
 file(RELATIVE_PATH VOREL_FROM_BIN ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBEXECDIR}/vorel)
 configure_file(${linux}/vorel.in launcher/vorel @ONLY)
 install(PROGRAMS ${PROJECT_BINARY_DIR}/launcher/vorel TYPE BIN)
 
-install(FILES ${linux}/vorel.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+set(share ${CMAKE_INSTALL_DATADIR})
+install(FILES ${linux}/vorel.desktop DESTINATION ${share}/applications)
+install(FILES ${linux}/example.vorel.vorel.metainfo.xml DESTINATION ${share}/metainfo)
+install(FILES packaging/vorel.svg DESTINATION ${share}/icons/hicolor/scalable/apps)
+foreach(size 16 24 32 48 64 128 256)
+  install(FILES packaging/icons/vorel-${size}.png RENAME vorel.png
+          DESTINATION ${share}/icons/hicolor/${size}x${size}/apps)
+endforeach()
+configure_file(${linux}/vorel.6.in vorel.6 @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/vorel.6 DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
+file(CONFIGURE OUTPUT copyright CONTENT "${licence}\n${font_licence}" @ONLY)
+install(FILES README.md CHANGELOG.md ${PROJECT_BINARY_DIR}/copyright TYPE DOC)
+install(DIRECTORY docs/pictures DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)

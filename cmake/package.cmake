@@ -11,12 +11,13 @@ else()
   set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
       OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
   set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+  set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/debian.cmake)
+  set(CPACK_VOREL_RELEASE_DATE ${VOREL_RELEASE_DATE})
   set(CPACK_DEBIAN_PACKAGE_SECTION games)
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
   # A software driver, and what draws the frame of a window on Wayland.
   set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libgl1-mesa-dri, libdecor-0-plugin-1-cairo")
-  set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "explorer of random three-dimensional mazes
-Vorel makes random mazes on planes, grids, hexagons, honeycombs, discs,
+  set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "Vorel makes random mazes on planes, grids, hexagons, honeycombs, discs,
 spheres, boxes, tori and one-sided bands, nests whole mazes in the nodes of
 others, and lets you walk it all as one connected graph with a following
 camera. Every corridor remembers when you last crossed it, and its colour

@@ -8,10 +8,8 @@ namespace {
 
 bool loaded;
 
-// False if the driver has no such entry point.
-template <typename Proc> bool bind(Proc *slot, const char *name) {
+template <typename Proc> void bind(Proc *slot, const char *name) {
   *slot = reinterpret_cast<Proc>(platform_gl_proc(name));
-  return *slot != nullptr;
 }
 
 void bind_shaders() {
@@ -38,17 +36,22 @@ void bind_shaders() {
   bind(&gl.active_texture, "glActiveTexture");
 }
 
-// All or none: a missing one leaves gen_framebuffers null.
 void bind_framebuffers() {
-  const bool complete = bind(&gl.bind_framebuffer, "glBindFramebuffer") &&
-                        bind(&gl.delete_framebuffers, "glDeleteFramebuffers") &&
-                        bind(&gl.gen_renderbuffers, "glGenRenderbuffers") &&
-                        bind(&gl.bind_renderbuffer, "glBindRenderbuffer") &&
-                        bind(&gl.delete_renderbuffers, "glDeleteRenderbuffers") &&
-                        bind(&gl.renderbuffer_storage, "glRenderbufferStorage") &&
-                        bind(&gl.framebuffer_renderbuffer, "glFramebufferRenderbuffer") &&
-                        bind(&gl.check_framebuffer_status, "glCheckFramebufferStatus");
-  if (complete) bind(&gl.gen_framebuffers, "glGenFramebuffers");
+  bind(&gl.gen_framebuffers, "glGenFramebuffers");
+  bind(&gl.bind_framebuffer, "glBindFramebuffer");
+  bind(&gl.delete_framebuffers, "glDeleteFramebuffers");
+  bind(&gl.gen_renderbuffers, "glGenRenderbuffers");
+  bind(&gl.bind_renderbuffer, "glBindRenderbuffer");
+  bind(&gl.delete_renderbuffers, "glDeleteRenderbuffers");
+  bind(&gl.renderbuffer_storage, "glRenderbufferStorage");
+  bind(&gl.framebuffer_renderbuffer, "glFramebufferRenderbuffer");
+  bind(&gl.check_framebuffer_status, "glCheckFramebufferStatus");
+  const bool complete = gl.bind_framebuffer != nullptr && gl.delete_framebuffers != nullptr &&
+                        gl.gen_renderbuffers != nullptr && gl.bind_renderbuffer != nullptr &&
+                        gl.delete_renderbuffers != nullptr && gl.renderbuffer_storage != nullptr &&
+                        gl.framebuffer_renderbuffer != nullptr &&
+                        gl.check_framebuffer_status != nullptr;
+  if (!complete) gl.gen_framebuffers = nullptr;
 }
 
 } // namespace

@@ -26,7 +26,7 @@ forbid "the files of a system" '^(\./)?support/[a-z]+_(posix|windows)\.cpp:' \
   'unistd\.h|sys/stat\.h|<io\.h>' .
 
 # No circle of includes. A header and its sources are one unit.
-grep -roE '^#include "[^"]+\.h"' gfx text |
+grep -roE '^#include "[^"]+\.h"' "${layers[@]}" |
   sed -E 's/_(sdl|win32)[a-z_]*//; s/\.(cpp|h):#include "/ /; s/\.h"//' | tsort >/dev/null || faults=1
 
 lines() {

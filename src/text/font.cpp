@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -175,9 +174,7 @@ bool font_file_read(const char *path, std::vector<uint8_t> *bytes) {
     bytes->insert(bytes->end(), part, part + got);
   }
   const bool read = std::ferror(file) == 0;
-  const int cause = errno;
-  std::fclose(file);
-  errno = cause;
+  file_close_read(file);
   return read;
 }
 

@@ -86,7 +86,7 @@ void bare_frame() {
     bare_pass(0, projection);
     bare_pass(1, projection);
   }
-  gl2.use_program(0);
+  gl.use_program(0);
 }
 
 template <typename Draw> void frames(benchmark::State &state, Draw draw) {

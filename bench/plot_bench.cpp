@@ -82,7 +82,7 @@ void bare_draw(const World *world) {
     program_set_float(program, "r1", 0.5);
     glCallList(bare_list[bare_slab][which]);
   }
-  gl2.use_program(0);
+  gl.use_program(0);
   bare_slab = !bare_slab;
 }
 

@@ -123,16 +123,16 @@ GLuint line_program(const char *vertex, const char *fragment) {
 
 void use(GLuint program, const World *world) {
   const auto location = [program](const char *name) {
-    return gl2.get_uniform_location(program, name);
+    return gl.get_uniform_location(program, name);
   };
-  gl2.use_program(program);
-  gl2.uniform_matrix_4fv(location("proj"), 1, 0, view_current().projection);
-  gl2.uniform_3f(location("o"), static_cast<float>(world->camera.x),
-                 static_cast<float>(world->camera.y), static_cast<float>(world->camera.z));
-  gl2.uniform_1f(location("t"), static_cast<float>(world->time));
+  gl.use_program(program);
+  gl.uniform_matrix_4fv(location("proj"), 1, 0, view_current().projection);
+  gl.uniform_3f(location("o"), static_cast<float>(world->camera.x),
+                static_cast<float>(world->camera.y), static_cast<float>(world->camera.z));
+  gl.uniform_1f(location("t"), static_cast<float>(world->time));
   const auto halfwidth = static_cast<float>(world->root->halfwidth);
-  gl2.uniform_1f(location("r0"), -halfwidth);
-  gl2.uniform_1f(location("r1"), halfwidth);
+  gl.uniform_1f(location("r0"), -halfwidth);
+  gl.uniform_1f(location("r1"), halfwidth);
 }
 
 void opaque(uint32_t colour) {
@@ -241,7 +241,7 @@ void shape_body(Maze *maze, GLenum primitive, Shape shape) {
 }
 
 void cells_body(Maze *maze) {
-  constexpr Shape shapes[] = {voronoi_outline, voronoi_box,     voronoi_box,
+  constexpr Shape shapes[] = {voronoi_outline, voronoi_box,      voronoi_box,
                               voronoi_terrain, voronoi_delaunay, voronoi_ground};
   if (!voronoi_cells(maze)) voronoi_build(maze, 1);
   if (voronoi_mode > 1) fixed_light_on();
@@ -257,12 +257,11 @@ GLuint body_program(const char *vertex, const char *fragment) {
 }
 
 void use_body(GLuint program, Vec3 lamp) {
-  gl2.use_program(program);
-  gl2.uniform_matrix_4fv(gl2.get_uniform_location(program, "proj"), 1, 0,
-                         view_current().projection);
-  gl2.uniform_3f(gl2.get_uniform_location(program, "lpos0"), static_cast<float>(lamp.x),
-                 static_cast<float>(lamp.y), static_cast<float>(lamp.z));
-  gl2.uniform_3f(gl2.get_uniform_location(program, "lcol0"), 0, 0, 0);
+  gl.use_program(program);
+  gl.uniform_matrix_4fv(gl.get_uniform_location(program, "proj"), 1, 0, view_current().projection);
+  gl.uniform_3f(gl.get_uniform_location(program, "lpos0"), static_cast<float>(lamp.x),
+                static_cast<float>(lamp.y), static_cast<float>(lamp.z));
+  gl.uniform_3f(gl.get_uniform_location(program, "lcol0"), 0, 0, 0);
 }
 
 void solid(uint32_t colour, int32_t by) {
@@ -323,9 +322,9 @@ void fixed_discs(Maze *maze, const World *world) {
 
 void fixed_tree(Maze *maze, const World *world, GLuint program) {
   fixed_edges(maze, world, true);
-  gl2.use_program(program);
+  gl.use_program(program);
   fixed_discs(maze, world);
-  gl2.use_program(0);
+  gl.use_program(0);
   if (plot_smooth_lines != 0) smooth_lines_on(0, 1.5F);
   fixed_edges(maze, world, false);
   if (plot_smooth_lines != 0) smooth_lines_off();
@@ -351,7 +350,7 @@ void reference_line_plot(const World *world) {
   glBegin(GL_QUADS);
   disc(World_follow_point(world), colour_white, world->time, world->cur.maze->halfwidth);
   glEnd();
-  gl2.use_program(0);
+  gl.use_program(0);
 }
 
 void own_line_plot(const World *world) {
@@ -403,7 +402,7 @@ void reference_ballstick_plot(const World *world) {
   glEnd();
   use_body(stick_program, user);
   call_tree(world->root, sticks, sticks_body);
-  gl2.use_program(0);
+  gl.use_program(0);
 }
 
 void reference_gantry_plot(const World *world) {
@@ -412,14 +411,14 @@ void reference_gantry_plot(const World *world) {
   glEnable(GL_BLEND);
   glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
   for (const GLuint unit : {1U, 0U}) {
-    gl2.active_texture(GL_TEXTURE0 + unit);
+    gl.active_texture(GL_TEXTURE0 + unit);
     glBindTexture(GL_TEXTURE_2D, textures[unit]);
   }
   use_body(program, World_follow_point(world) + Vec3{0, 0, 1});
-  gl2.uniform_1i(gl2.get_uniform_location(program, "tex"), 0);
-  gl2.uniform_1i(gl2.get_uniform_location(program, "tnorm"), 1);
+  gl.uniform_1i(gl.get_uniform_location(program, "tex"), 0);
+  gl.uniform_1i(gl.get_uniform_location(program, "tnorm"), 1);
   call_tree(world->root, plates, plates_body);
-  gl2.use_program(0);
+  gl.use_program(0);
   glDisable(GL_BLEND);
 }
 

@@ -126,5 +126,5 @@ void ballstick_plot(Maze *root, const World *world, int32_t light) {
   draw_pass(ball_program, ball_batch, root, view, brightness);
   draw_marker(view, light != 0);
   draw_pass(stick_program, stick_batch, root, view, brightness);
-  gl2.use_program(0);
+  gl.use_program(0);
 }

@@ -138,11 +138,11 @@ void ribbon_pass(Maze *maze, const std::vector<NodeRange> &ranges, const View &v
 void disc_pass(Maze *maze, const std::vector<NodeRange> &ranges, const View &view) {
   if (disc_program == 0)
     disc_program = program_join(nullptr, shader_disc_vertex, nullptr, shader_disc_fragment);
-  gl2.use_program(disc_program);
+  gl.use_program(disc_program);
   glBegin(GL_QUADS);
   each_plain(maze, ranges, is_near, view.camera, [&](Pos here) { node_discs(here, view); });
   glEnd();
-  gl2.use_program(0);
+  gl.use_program(0);
 }
 
 void line_pass(Maze *maze, const std::vector<NodeRange> &ranges, const View &view,

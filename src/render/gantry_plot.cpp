@@ -160,9 +160,9 @@ constexpr PlotBatch gantry_batch = {
     .chunk_nodes = chunk_nodes};
 
 void bind_textures() {
-  gl2.active_texture(GL_TEXTURE1);
+  gl.active_texture(GL_TEXTURE1);
   glBindTexture(GL_TEXTURE_2D, normal_texture);
-  gl2.active_texture(GL_TEXTURE0);
+  gl.active_texture(GL_TEXTURE0);
   glBindTexture(GL_TEXTURE_2D, colour_texture);
 }
 
@@ -203,6 +203,6 @@ void gantry_plot(Maze *root, const World *world, int32_t light) {
   bind_textures();
   use_gantry_program(view_of(world), light);
   gantry_list_call(root);
-  gl2.use_program(0);
+  gl.use_program(0);
   glDisable(GL_BLEND);
 }

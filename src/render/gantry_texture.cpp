@@ -15,8 +15,8 @@ GLuint texture_program;
 // The texture's first row is the lowest on the screen, where y is largest.
 void draw_plate(int32_t tn) {
   constexpr int32_t size = gantry_texture_size;
-  gl2.use_program(texture_program);
-  gl2.uniform_1i(gl2.get_uniform_location(texture_program, "tn"), tn);
+  gl.use_program(texture_program);
+  gl.uniform_1i(gl.get_uniform_location(texture_program, "tn"), tn);
   glBegin(GL_QUADS);
   glTexCoord2i(0, 1);
   glVertex2i(0, 0);
@@ -27,7 +27,7 @@ void draw_plate(int32_t tn) {
   glTexCoord2i(0, 0);
   glVertex2i(0, size);
   glEnd();
-  gl2.use_program(0);
+  gl.use_program(0);
 }
 
 } // namespace

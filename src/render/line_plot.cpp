@@ -158,7 +158,7 @@ void line_edges_pass(Maze *root, const World *world, int32_t all_levels) {
   program_set_float(edge_program, "r0", -root->halfwidth);
   program_set_float(edge_program, "r1", root->halfwidth);
   line_lists_call(root, ribbons, all_levels);
-  gl2.use_program(0);
+  gl.use_program(0);
 }
 
 void line_nodes_pass(Maze *root, const World *world, int32_t all_levels) {
@@ -169,5 +169,5 @@ void line_nodes_pass(Maze *root, const World *world, int32_t all_levels) {
   begin_pass(node_program, view);
   line_lists_call(root, discs, all_levels);
   draw_marker(view);
-  gl2.use_program(0);
+  gl.use_program(0);
 }

@@ -35,7 +35,7 @@ TEST(AgeColour, ShaderAndProcessorAgreeInEachDecade) {
   const char *const vertex[] = {shader_agecolour,
                                 "void main() { gl_Position = gl_Vertex; gl_FrontColor = "
                                 "vec4(agecolour(gl_MultiTexCoord0.x), 1.0); }\n"};
-  gl2.use_program(program_build(vertex, 2, &plain_fragment, 1, nullptr, nullptr, nullptr));
+  gl.use_program(program_build(vertex, 2, &plain_fragment, 1, nullptr, nullptr, nullptr));
   for (const auto &[age, colour] : ages) {
     EXPECT_EQ(agecolour_rgb(age), colour) << age << std::hex << " 0x" << agecolour_rgb(age);
     glTexCoord1d(age * 1.003);
@@ -43,7 +43,7 @@ TEST(AgeColour, ShaderAndProcessorAgreeInEachDecade) {
     const uint32_t seen = picture_colour(picture_take(), 9, 9);
     EXPECT_LE(colour_distance(seen, agecolour_rgb(age * 1.003)), 3) << age << " in the shader";
   }
-  gl2.use_program(0);
+  gl.use_program(0);
 }
 
 TEST(Shaders, FailuresAreAppendedToTheLogFile) {

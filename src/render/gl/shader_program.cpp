@@ -13,18 +13,18 @@
 const char *shader_error_log = "shader_error.log";
 
 GLuint shader_compile(GLenum kind, const char *const *strings, int32_t count) {
-  const GLuint shader = gl2.create_shader(kind);
-  gl2.shader_source(shader, count, strings, nullptr);
-  gl2.compile_shader(shader);
+  const GLuint shader = gl.create_shader(kind);
+  gl.shader_source(shader, count, strings, nullptr);
+  gl.compile_shader(shader);
   return shader;
 }
 
 char *shader_info_log(GLuint object, int32_t is_program) {
   GLint size = 0;
   if (is_program != 0) {
-    gl2.get_program_iv(object, GL_INFO_LOG_LENGTH, &size);
+    gl.get_program_iv(object, GL_INFO_LOG_LENGTH, &size);
   } else {
-    gl2.get_shader_iv(object, GL_INFO_LOG_LENGTH, &size);
+    gl.get_shader_iv(object, GL_INFO_LOG_LENGTH, &size);
   }
   char *log = nullptr;
   if (size <= 0) {
@@ -33,9 +33,9 @@ char *shader_info_log(GLuint object, int32_t is_program) {
   }
   log = static_cast<char *>(memory_zeroed(static_cast<size_t>(size)));
   if (is_program != 0) {
-    gl2.get_program_info_log(object, size, nullptr, log);
+    gl.get_program_info_log(object, size, nullptr, log);
   } else {
-    gl2.get_shader_info_log(object, size, nullptr, log);
+    gl.get_shader_info_log(object, size, nullptr, log);
   }
   return log;
 }
@@ -44,9 +44,9 @@ void shader_log_failure(GLuint object, int32_t is_program) {
   if (shader_error_log == nullptr) return;
   GLint good = 0;
   if (is_program != 0) {
-    gl2.get_program_iv(object, GL_LINK_STATUS, &good);
+    gl.get_program_iv(object, GL_LINK_STATUS, &good);
   } else {
-    gl2.get_shader_iv(object, GL_COMPILE_STATUS, &good);
+    gl.get_shader_iv(object, GL_COMPILE_STATUS, &good);
   }
   if (good != 0) return;
   char *log = shader_info_log(object, is_program);
@@ -62,7 +62,7 @@ void add_stage(GLuint program, GLenum kind, const char *const *strings, int32_t 
   const GLuint shader = shader_compile(kind, strings, count);
   if (log != nullptr) *log = shader_info_log(shader, 0);
   shader_log_failure(shader, 0);
-  gl2.attach_shader(program, shader);
+  gl.attach_shader(program, shader);
 }
 
 } // namespace
@@ -71,14 +71,14 @@ GLuint program_build(const char *const *vertex_strings, int32_t vertex_count,
                      const char *const *fragment_strings, int32_t fragment_count, char **vertex_log,
                      char **fragment_log, char **program_log) {
   if (shaders_available() == 0) return 0;
-  const GLuint program = gl2.create_program();
+  const GLuint program = gl.create_program();
   if (vertex_strings != nullptr) {
     add_stage(program, GL_VERTEX_SHADER, vertex_strings, vertex_count, vertex_log);
   }
   if (fragment_strings != nullptr) {
     add_stage(program, GL_FRAGMENT_SHADER, fragment_strings, fragment_count, fragment_log);
   }
-  gl2.link_program(program);
+  gl.link_program(program);
   if (program_log != nullptr) *program_log = shader_info_log(program, 1);
   shader_log_failure(program, 1);
   return program;
@@ -100,21 +100,21 @@ GLuint program_join(const char *vertex_shared, const char *vertex, const char *f
 }
 
 void program_use(GLuint program, const float projection[16]) {
-  gl2.use_program(program);
-  gl2.uniform_matrix_4fv(gl2.get_uniform_location(program, "proj"), 1, 0, projection);
+  gl.use_program(program);
+  gl.uniform_matrix_4fv(gl.get_uniform_location(program, "proj"), 1, 0, projection);
 }
 
 void program_set_int(GLuint program, const char *name, int32_t value) {
-  gl2.uniform_1i(gl2.get_uniform_location(program, name), value);
+  gl.uniform_1i(gl.get_uniform_location(program, name), value);
 }
 
 void program_set_float(GLuint program, const char *name, double value) {
-  gl2.uniform_1f(gl2.get_uniform_location(program, name), static_cast<float>(value));
+  gl.uniform_1f(gl.get_uniform_location(program, name), static_cast<float>(value));
 }
 
 void program_set_vec3(GLuint program, const char *name, Vec3 value) {
   const Vec3f v = rounded(value);
-  gl2.uniform_3f(gl2.get_uniform_location(program, name), v.x, v.y, v.z);
+  gl.uniform_3f(gl.get_uniform_location(program, name), v.x, v.y, v.z);
 }
 
 void program_set_light(GLuint program, Vec3 position, double brightness) {

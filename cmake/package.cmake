@@ -26,3 +26,7 @@ changes with its age. The mazes are drawn as ribbons, as balls and sticks, as
 a gantry of perforated plate or as a landscape of cells, in stereo too.")
 endif()
 include(CPack)
+
+if(BUILD_TESTING AND NOT WIN32)
+  add_test(NAME packaging COMMAND ${PROJECT_SOURCE_DIR}/packaging/check ${PROJECT_BINARY_DIR})
+endif()

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # A virtual desktop with a window manager, and the real program driven in it by real events.
 # Sourced by scripts/tour and by the end-to-end tests. The caller sets VOREL to the program.
 
@@ -121,6 +122,7 @@ vorel_gone() {
 }
 
 # Waits for the program to end by itself and sets vorel_status.
+# shellcheck disable=SC2034 # for the caller
 vorel_wait_end() {
   desktop_wait "the end of vorel" vorel_gone
   vorel_status=0

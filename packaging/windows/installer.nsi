@@ -27,7 +27,16 @@ Page instfiles
 UninstPage uninstConfirm
 UninstPage instfiles
 
+; Fails while the program runs, before anything has changed.
+!macro RemoveProgram
+  ClearErrors
+  Delete "$INSTDIR\vorel.exe"
+  IfErrors 0 +2
+    Abort "Vorel is running: close it first."
+!macroend
+
 Section
+  !insertmacro RemoveProgram
   SetOutPath "$INSTDIR"
   File "${FILES}/vorel.exe" "${FILES}/README.txt" "${FILES}/LICENSE.txt"
   WriteUninstaller "$INSTDIR\uninstall.exe"
@@ -48,10 +57,7 @@ Section
 SectionEnd
 
 Section Uninstall
-  ClearErrors
-  Delete "$INSTDIR\vorel.exe"
-  IfErrors 0 +2
-    Abort "Vorel is running: close it first."
+  !insertmacro RemoveProgram
   Delete "$INSTDIR\README.txt"
   Delete "$INSTDIR\LICENSE.txt"
   Delete "$INSTDIR\uninstall.exe"

@@ -149,8 +149,32 @@ DrawCache *new_cache(Maze *maze, const PlotBatch &batch, bool all_levels) {
   return cache;
 }
 
+uint32_t primitive_begin(const DrawCache *cache, uint32_t chunk, int32_t stream) {
+  return chunk == 0 ? 0 : rows<Chunk>(cache->chunks)[chunk - 1].primitive_end[stream];
+}
+
+// Appends the children, and grows the bounds of the nodes.
+void scan_nodes(DrawCache *cache, NodeRange range) {
+  const MazeNode *nodes = maze_nodes(cache->maze);
+  Box box = cache->own_nodes;
+  for (int32_t i = range.end - 1; i >= range.first; i--) {
+    const Child child = {nodes[i].submaze, nullptr, {}};
+    if (child.maze != nullptr) {
+      GrowList_append(&cache->children, &child);
+    } else {
+      box.low = min_components(box.low, node_position(nodes[i]));
+      box.high = max_components(box.high, node_position(nodes[i]));
+    }
+  }
+  cache->own_nodes = box;
+}
+
+// Scans a chunk's nodes right after they were collected, while they are in the processor's cache.
 void collect_chunks(DrawCache *cache, const World *world) {
   CollectInput input = {cache->maze, {0, maze_count(cache->maze)}, cache->all_levels, world};
+  cache->own_nodes = box_empty;
+  if (input.nodes.end > 0)
+    cache->own_nodes.low = cache->own_nodes.high = node_position(maze_nodes(cache->maze)[0]);
   for (NodeRange &nodes = input.nodes; nodes.end > 0; nodes.end = nodes.first) {
     nodes.first = std::max(nodes.end - cache->batch->chunk_nodes, 0);
     Chunk chunk = {nodes, {}, false, {box_empty, cache->halfwidth}};
@@ -158,28 +182,7 @@ void collect_chunks(DrawCache *cache, const World *world) {
     for (int32_t k = 0; k < max_streams; k++)
       chunk.primitive_end[k] = cache->streams[k].count;
     GrowList_append(&cache->chunks, &chunk);
-  }
-}
-
-uint32_t primitive_begin(const DrawCache *cache, uint32_t chunk, int32_t stream) {
-  return chunk == 0 ? 0 : rows<Chunk>(cache->chunks)[chunk - 1].primitive_end[stream];
-}
-
-Box point_box(const MazeNode &node) {
-  return {node_position(node), node_position(node)};
-}
-
-// Finds the children and the bounds of the nodes.
-void scan_nodes(DrawCache *cache) {
-  const MazeNode *nodes = maze_nodes(cache->maze);
-  cache->own_nodes = box_empty;
-  if (maze_count(cache->maze) > 0) cache->own_nodes = point_box(nodes[0]);
-  for (int32_t i = maze_count(cache->maze) - 1; i >= 0; i--) {
-    const Child child = {nodes[i].submaze, nullptr, {}};
-    if (child.maze != nullptr)
-      GrowList_append(&cache->children, &child);
-    else
-      box_unite(&cache->own_nodes, point_box(nodes[i]));
+    scan_nodes(cache, nodes);
   }
 }
 
@@ -211,7 +214,6 @@ DrawCache *find_or_build(Maze *maze, const PlotBatch &batch, bool all_levels, co
   if (DrawCache *found = find(maze, batch)) return found;
   DrawCache *cache = new_cache(maze, batch, all_levels);
   collect_chunks(cache, world);
-  scan_nodes(cache);
   if (DrawCache *old = take_retired(maze, batch)) {
     reuse_display_lists(cache, old);
     release(old);

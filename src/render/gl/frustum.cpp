@@ -48,7 +48,8 @@ void box_add(Box *box, Vec3 point) {
     *box = {box_empty.high, box_empty.low};
     return;
   }
-  box_unite(box, {point, point});
+  box->low = min_components(box->low, point);
+  box->high = max_components(box->high, point);
 }
 
 void box_add_ball(Box *box, Vec3 centre, double radius) {

@@ -16,7 +16,7 @@ GLuint texture_program;
 void draw_plate(int32_t tn) {
   constexpr int32_t size = gantry_texture_size;
   gl.use_program(texture_program);
-  gl.uniform_1i(gl.get_uniform_location(texture_program, "tn"), tn);
+  program_set_int(texture_program, "tn", tn);
   glBegin(GL_QUADS);
   glTexCoord2i(0, 1);
   glVertex2i(0, 0);

@@ -23,8 +23,7 @@ struct Orphan {
   FileIdentity identity;
 };
 
-// Locks a file and adds it to the list. Removes an empty file: its run was killed before the first
-// write.
+// Locks a file and adds it to the list. Removes an empty one, left by a run without a write.
 void add_orphan(std::vector<Orphan> *orphans, const std::string &path) {
   FileLock *lock = file_lock(path);
   const FileIdentity identity = file_identity(path);
@@ -184,7 +183,7 @@ void end_write(Recovery *recovery, bool complete) {
   free_blocks(recovery);
 }
 
-// False, with errno, if it can't be written.
+// False, with errno, on failure.
 bool write_next_block(Recovery *recovery) {
   ByteBlock &block = rows<ByteBlock>(recovery->blocks)[recovery->next_block++];
   const bool done = std::fwrite(block.bytes, 1, block.size, recovery->file.stream) == block.size;

@@ -46,8 +46,7 @@ void Recovery_start(Recovery *recovery, const World *world);
 
 // Call between frames: looks for changes and writes the file, a part per frame. A write starts when
 // the period has passed, and at once after a new maze or when the window gets hidden. `moved`: a
-// relaxation has moved nodes. The view is not compared, since every run starts with the view from
-// above.
+// relaxation has moved nodes. The view is not compared: every run starts with the view from above.
 void Recovery_frame(Recovery *recovery, const World *world, bool moved, bool hidden);
 
 // Writes the whole file, if something has changed, and reports that to the user: for an end without

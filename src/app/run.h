@@ -9,8 +9,7 @@ bool run_start(Run *run);
 // Runs one frame. False if it was the last: the window was closed, or Q or Escape is down.
 bool run_frame(Run *run);
 
-// Saves the session and the settings and closes the window. False if the session could not be saved
-// anywhere.
+// Saves the session and the settings and closes the window. False if the session is not saved.
 bool run_end(Run *run);
 
 // Runs the program; returns its exit status.

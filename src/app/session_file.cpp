@@ -10,8 +10,7 @@
 
 namespace {
 
-// Renames a damaged session, so that this run does not replace it. `instead` says what is used
-// instead.
+// Renames a damaged session, so that this run does not replace it.
 void keep_damaged(Run *run, const char *instead) {
   const std::string aside = file_rename_unused(session_path, damaged_stem, session_ending);
   run->may_replace_session = !aside.empty();

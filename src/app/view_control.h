@@ -22,6 +22,5 @@ void view_mouse_step(int32_t *dx, int32_t *dy);
 // Sets the motion from the mouse; while the right button is held, rotates instead.
 void view_mouse_steer(ViewControl *control, double zoom, int32_t dx, int32_t dy);
 
-// Adds the motion from the arrow keys and W, A, S, D. While Ctrl is held, the arrows rotate
-// instead.
+// Adds the motion from the arrow keys and W, A, S, D. With Ctrl the arrow keys rotate instead.
 void view_keys(ViewControl *control, double zoom, double dt);

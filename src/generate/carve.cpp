@@ -110,8 +110,7 @@ bool unite(const Sets &sets, EdgePair pair) {
   return true;
 }
 
-// The edges of a node in the order of their trials: the neighbour, or ~neighbour if the edge is
-// deleted.
+// The edges of a node in the order of their trials: the neighbour, or ~neighbour if deleted.
 struct Trials {
   int32_t to[MAZE_MAX_DEGREE];
 };

@@ -8,7 +8,6 @@
 // and some turned at random. What is not connected to the first tile is removed.
 Maze *Maze_patchwork();
 
-// A line of twelve nodes whose inner ten hold square mazes, each larger than the one before and
-// with wider corridors. Each has a door to both neighbours on the line. The square mazes are
-// carved.
+// A line of twelve nodes whose inner ten hold carved square mazes, each larger than the one before
+// and with wider corridors. Each has a door to both neighbours on the line.
 Maze *Maze_ladder();

@@ -2,9 +2,8 @@
 
 #include <cstdint>
 
-// The inner loops of the repulsion, for vectors of two doubles (SSE2) and of four (AVX2). The
-// shared functions are static, so that the linker can't choose an AVX2 version for code that runs
-// everywhere.
+// The inner loops of the repulsion, for vectors of two doubles (SSE2) and of four (AVX2). Shared
+// functions are static, lest the linker choose an AVX2 version for a CPU without it.
 
 // Positions and accumulated forces, by coordinate.
 struct RepulsionField {

@@ -14,8 +14,7 @@ void Maze_translate(Maze *maze, Vec3 v, int32_t recursive);
 // Scales about the origin.
 void Maze_scale(Maze *maze, double k, int32_t recursive);
 
-// Rotates about the axis `v` by its length in radians, right-handed. Does nothing for a zero
-// vector.
+// Rotates about the axis `v` by its length in radians, right-handed. No effect for a zero vector.
 void Maze_rotate(Maze *maze, Vec3 v, int32_t recursive);
 
 void Maze_map_positions(Maze *maze, PositionFunction fn, int32_t recursive);

@@ -25,14 +25,12 @@ void Maze_delete_node(Maze *maze, int32_t i);
 void Maze_swap_nodes(Maze *maze, int32_t a, int32_t b);
 
 // Chooses the doors: for j = 0, 1, ... swaps the node nearest to neighbour j of the holder, among
-// those with index j or more, to index j. Does nothing without a parent. The holder's slots must be
-// final.
+// those with index j or more, to index j. The holder's slots must be final. No effect at the root.
 void Maze_align_doors(Maze *maze);
 
 // Appends another maze, `b`, to `a`. A node of `a` within 0.75 world units of nodes of `b` is
 // replaced by the nearest of them. Its edges lead there instead; those between two replaced nodes,
-// or to a full node, are lost. Two edges between the same nodes can result. There must be no
-// submazes.
+// or to a full node, are lost. Two edges between the same nodes can result. Not for submazes.
 void Maze_weld_onto(Maze *a, const Maze *b);
 
 // The same on a copy of `a`, owned by the caller.

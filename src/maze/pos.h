@@ -2,8 +2,7 @@
 
 #include "maze/maze.h"
 
-// Edges across the levels of a tree of mazes. This is the only definition of what is joined to
-// what.
+// The edges of a tree of mazes, across its levels. Nothing else defines which nodes are joined.
 
 constexpr int32_t pos_max_edges = 9; // eight slots and the way out
 

@@ -4,8 +4,7 @@
 
 // Times of visits. `t` is the session clock in seconds.
 
-// Sets the user's time of both halves of the edge and of node b; counts b in `visited` if it had no
-// time.
+// Sets the user's time of the edge and of node b; counts b in `visited` if it had no time.
 void Maze_mark_usertime(Maze *maze, int32_t a, int32_t b, double t);
 
 // The same for a Roamer's time, without the count.

@@ -56,8 +56,7 @@ void colour_slots(MazeNode &node, int32_t target, uint32_t colour) {
     if (node.nbr[r] == target) node.edge[r].colour = colour;
 }
 
-// Makes the edge in slot r of node i lead to y, the partner of its neighbour, which will be
-// deleted.
+// Makes the edge in slot r of node i lead to y, the partner of its neighbour.
 void redirect_edge(Maze *maze, int32_t i, uint32_t r, int32_t y) {
   MazeNode *nodes = maze_nodes(maze);
   const int32_t x = nodes[i].nbr[r];

@@ -75,9 +75,9 @@ bool is_read_only(const std::string &name) {
 
 } // namespace
 
+// Not from a plain string, which is not UTF-8 on every system.
 fs::path file_path(const std::string &name) {
-  return fs::path(
-      std::u8string(name.begin(), name.end())); // a plain string is not UTF-8 everywhere
+  return fs::path(std::u8string(name.begin(), name.end()));
 }
 
 FILE *file_open(const char *path) {

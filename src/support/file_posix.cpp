@@ -96,8 +96,8 @@ FileIdentity file_identity(const std::string &name) {
 
 // Where the file system has no locks, the lock succeeds.
 FileLock *file_lock(const std::string &name) {
-  int descriptor =
-      open(name.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK); // needed by some network drives
+  // Some network drives can lock only files that are open for writing.
+  int descriptor = open(name.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK);
   if (descriptor < 0) descriptor = open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (descriptor < 0) return nullptr;
   if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {

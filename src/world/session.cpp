@@ -58,8 +58,7 @@ void sanitise_numbers(World *world) {
   for (int32_t row = 0; row < 3; row++)
     if (!is_finite(Mat3_row(world->view, row))) world->view = mat3_identity;
   if (!is_finite(world->camera)) World_place_camera(world);
-  // The node's own position may not be finite, after nodes at the same position repelled each
-  // other.
+  // The user's node may have no finite position: repulsion can do that.
   if (!is_finite(world->camera)) world->camera = {0.0, 0.0, world->zoom};
 }
 

@@ -102,7 +102,8 @@ FILE *file_fopen(const std::string &name, const char *mode);
 // Creates a file and opens it for writing. Null, with errno, on failure: EEXIST if it exists.
 FILE *file_create_new(const std::string &name, bool text);
 
-// Renames a file, replacing one with the new name. False, with errno, on failure.
+// Renames a file, replacing one with the new name; FileFlush::wait also flushes the folder. False,
+// with errno, on failure.
 bool file_rename(const std::string &from, const std::string &to, FileFlush flush = FileFlush::wait);
 
 // Waits until what was written is on the disk. False, with errno, on failure.

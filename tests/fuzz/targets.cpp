@@ -1,4 +1,4 @@
-// The fuzz targets, of which the environment variable FUZZ_TARGET names one.
+// The fuzz targets. The environment variable FUZZ_TARGET selects one.
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -21,7 +21,7 @@ void require(bool holds) {
   if (!holds) __builtin_trap();
 }
 
-// Glyphs stand inside the picture, whatever the records are.
+// Glyphs stay inside the atlas.
 void fuzz_font(const std::string &bytes) {
   constexpr uint32_t limit = 2048;
   static GlyphRecord records[font_codes];
@@ -36,11 +36,11 @@ void fuzz_font(const std::string &bytes) {
   }
   if (font.tex_height > limit) return;
   std::vector<uint8_t> image = atlas_image(&font, records, count);
-  for (uint32_t level = 1; level < 4; level++) // the picture's start serves as the level
+  for (uint32_t level = 1; level < 4; level++) // any bytes serve as a level
     atlas_sharpen(&font, level, font.tex_width >> level, font.tex_height >> level, image.data());
 }
 
-// The font "normal" without a texture becomes current and the only one.
+// Makes the font "normal", without a texture, the only one and current.
 void start_with_bare_font() {
   static GlyphRecord records[font_codes];
   char name[] = "normal";
@@ -57,7 +57,7 @@ void start_with_bare_font() {
   font_select(base);
 }
 
-// A style can be applied, and twice the same makes no second entry.
+// A style can be applied. Applying it again adds no entry.
 void fuzz_style(const std::string &text) {
   start_with_bare_font();
   FontStyle style;
@@ -70,7 +70,7 @@ void fuzz_style(const std::string &text) {
   require(current_font == made && fonts.count <= 2);
 }
 
-// The layout ends, and comes back to its style. A form may be cut off.
+// The layout ends and restores its style. Commands can be cut off.
 void fuzz_text(const std::string &bytes) {
   static size_t glyphs;
   constexpr const char *styles[] = {"normal", "normal:big:bold", "normal:width=0:height=-3",
@@ -87,7 +87,7 @@ void fuzz_text(const std::string &bytes) {
   require(glyphs <= bytes.size() && current_font == font && text_width(text.c_str()) >= 0);
 }
 
-// The forms end inside a buffer of the promised size.
+// The result fits a buffer of the promised size.
 void fuzz_prepare(const std::string &bytes) {
   if (bytes.empty()) return;
   const std::string text = bytes.substr(1) + std::string(text_command_length, '\0');
@@ -99,7 +99,7 @@ void fuzz_prepare(const std::string &bytes) {
   require(text_end_of(buffer.data()) < buffer.data() + buffer.size());
 }
 
-// What was read can be found, and its resolution can be understood.
+// Settings that were read can be found and applied.
 void fuzz_settings(const std::string &bytes) {
   std::string copy = bytes;
   FILE *file = copy.empty() ? std::tmpfile() : fmemopen(copy.data(), copy.size(), "rb");
@@ -114,11 +114,11 @@ void fuzz_settings(const std::string &bytes) {
   Settings_free(&list);
 }
 
-void look_everywhere(Maze *maze) {
+void check_edges(Maze *maze) {
   for (int32_t i = 0; i < maze_count(maze); i++) {
     Pos list[pos_max_edges];
     if (Maze *below = maze_nodes(maze)[i].submaze)
-      look_everywhere(below);
+      check_edges(below);
     else
       for (int32_t k = Pos_alledges(maze, i, list, nullptr); k-- > 0;)
         require(maze_nodes(list[k].maze)[list[k].node].submaze == nullptr);
@@ -142,16 +142,16 @@ bool read(std::string bytes, World *world) {
   uint8_t buffer[256];
   FILE *file = fmemopen(bytes.data(), bytes.size(), "rb");
   ByteReader in = file_reader(file, bytes.size(), buffer, sizeof buffer);
-  const bool taken = World_read(world, &in);
+  const bool valid = World_read(world, &in);
   std::fclose(file);
-  return taken;
+  return valid;
 }
 
-// A session that is taken can be walked everywhere, and comes back the same from its own bytes.
+// The edges of a valid session lead to places, and saving it again gives the same bytes.
 void fuzz_session(const std::string &bytes) {
   World first, second;
   if (bytes.empty() || !read(bytes, &first)) return;
-  look_everywhere(first.root);
+  check_edges(first.root);
   const std::string all = written(first);
   require(read(all, &second));
   require(written(second) == all);

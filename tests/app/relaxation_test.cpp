@@ -32,8 +32,7 @@ TEST(Relaxation, SimplifyingAcceleratesToALimit) {
 
 TEST(Relaxation, DropsAttachmentsOfTheMazeAndBelow) {
   const ThreeLevels t = scenario_three_levels();
-  for (const char *name : {attachment_lists, attachment_balls, attachment_sticks, attachment_cells,
-                           attachment_cell_list, attachment_gantry, attachment_edge_angles})
+  for (const char *name : attachments_stale_after_move)
     for (Maze *maze : {t.m1, t.n3, t.m2})
       Attachment_add(maze, name, 1, nullptr);
   Relaxation state = {1.0};

@@ -1,7 +1,5 @@
 #include "gfx/offscreen.h"
 
-#include <cassert>
-
 #include "gfx/gl.h"
 #include "gfx/gl_procs.h"
 #include "gfx/gl_util.h"
@@ -11,51 +9,50 @@ namespace {
 
 int32_t has_framebuffer_object = -1; // as gl_has_extension keeps it
 
-// The framebuffer in use, and what to restore after it.
-struct Target {
-  GLuint framebuffer, colour; // 0 while there is none
-  GLuint framebuffer_before;
-  int32_t width_before, height_before;
-};
-
-Target target;
-
 bool has_framebuffers() {
   if (!gl_has_extension(&has_framebuffer_object, "GL_ARB_framebuffer_object")) return false;
   gl_procs_load();
   return gl.gen_framebuffers != nullptr;
 }
 
-void make_target(int32_t width, int32_t height) {
-  GLint before = 0;
-  glGetIntegerv(GL_FRAMEBUFFER_BINDING, &before);
-  target.framebuffer_before = static_cast<GLuint>(before);
-  gl.gen_framebuffers(1, &target.framebuffer);
-  gl.gen_renderbuffers(1, &target.colour);
-  gl.bind_renderbuffer(GL_RENDERBUFFER, target.colour);
-  gl.renderbuffer_storage(GL_RENDERBUFFER, GL_RGBA8, width, height);
-  gl.bind_framebuffer(GL_FRAMEBUFFER, target.framebuffer);
-  gl.framebuffer_renderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER, target.colour);
+uint32_t make_renderbuffer(GLenum format, GLenum attachment, int32_t width, int32_t height) {
+  uint32_t name = 0;
+  gl.gen_renderbuffers(1, &name);
+  gl.bind_renderbuffer(GL_RENDERBUFFER, name);
+  gl.renderbuffer_storage(GL_RENDERBUFFER, format, width, height);
+  gl.framebuffer_renderbuffer(GL_FRAMEBUFFER, attachment, GL_RENDERBUFFER, name);
+  return name;
 }
 
-void drop_target() {
-  gl.bind_framebuffer(GL_FRAMEBUFFER, target.framebuffer_before);
-  gl.delete_framebuffers(1, &target.framebuffer);
-  gl.delete_renderbuffers(1, &target.colour);
-  target = {};
+void make_buffers(Offscreen *target, int32_t width, int32_t height, bool with_depth) {
+  GLint before = 0;
+  glGetIntegerv(GL_FRAMEBUFFER_BINDING, &before);
+  target->framebuffer_before = static_cast<GLuint>(before);
+  gl.gen_framebuffers(1, &target->framebuffer);
+  gl.bind_framebuffer(GL_FRAMEBUFFER, target->framebuffer);
+  target->colour = make_renderbuffer(GL_RGBA8, GL_COLOR_ATTACHMENT0, width, height);
+  if (with_depth)
+    target->depth = make_renderbuffer(GL_DEPTH_COMPONENT24, GL_DEPTH_ATTACHMENT, width, height);
+}
+
+void delete_buffers(const Offscreen *target) {
+  gl.bind_framebuffer(GL_FRAMEBUFFER, target->framebuffer_before);
+  gl.delete_framebuffers(1, &target->framebuffer);
+  gl.delete_renderbuffers(1, &target->colour);
+  gl.delete_renderbuffers(1, &target->depth); // 0 is ignored
 }
 
 } // namespace
 
 // Pushes and pops the state while the previous framebuffer is bound, since it selects buffers of
 // it.
-bool offscreen_begin(int32_t width, int32_t height) {
-  assert(target.framebuffer == 0);
+bool offscreen_begin(Offscreen *target, int32_t width, int32_t height, bool with_depth) {
   if (!has_framebuffers()) return false;
+  *target = {};
   glPushAttrib(GL_VIEWPORT_BIT | GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_ENABLE_BIT);
-  make_target(width, height);
+  make_buffers(target, width, height, with_depth);
   if (gl.check_framebuffer_status(GL_FRAMEBUFFER) != GL_FRAMEBUFFER_COMPLETE) {
-    drop_target();
+    delete_buffers(target);
     glPopAttrib();
     return false;
   }
@@ -64,17 +61,16 @@ bool offscreen_begin(int32_t width, int32_t height) {
   glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
   glClearColor(0, 0, 0, 0);
   glViewport(0, 0, width, height);
-  target.width_before = screen_width;
-  target.height_before = screen_height;
+  target->width_before = screen_width;
+  target->height_before = screen_height;
   screen_width = width;
   screen_height = height;
   return true;
 }
 
-void offscreen_end() {
-  assert(target.framebuffer != 0);
-  screen_width = target.width_before;
-  screen_height = target.height_before;
-  drop_target();
+void offscreen_end(Offscreen *target) {
+  screen_width = target->width_before;
+  screen_height = target->height_before;
+  delete_buffers(target);
   glPopAttrib();
 }

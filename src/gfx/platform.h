@@ -15,6 +15,7 @@ struct PlatformWindowRequest {
   int32_t client_width, client_height; // pixels
   bool framed;
   bool change_display_mode; // switch the display to the client size
+  bool hidden;              // never shown
 };
 
 // The result of platform_open: ok, or the step that failed.
@@ -31,8 +32,9 @@ enum class PlatformOpen {
 // Installs the platform's clock, sleep, thread id and message box in support/. To be called first.
 void platform_begin();
 
-// Connects to the display. False, with platform_error set, if there is none.
-bool platform_connect();
+// Connects to the display; with `hidden`, needs one only if hidden windows do. False, with
+// platform_error set, if there is none.
+bool platform_connect(bool hidden);
 
 // Asks for true pixel sizes on scaled displays, where the platform needs it.
 void platform_dpi_aware();

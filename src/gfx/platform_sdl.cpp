@@ -83,6 +83,7 @@ bool has_mode(int32_t width, int32_t height) {
 
 // Always on top is set at creation, since SDL ignores it for a window that is fullscreen already.
 uint32_t window_flags(const PlatformWindowRequest &request) {
+  if (request.hidden) return SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN;
   if (request.framed) return SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE;
   const uint32_t flags = SDL_WINDOW_OPENGL | SDL_WINDOW_ALWAYS_ON_TOP;
   if (request.change_display_mode && has_mode(request.client_width, request.client_height))
@@ -307,7 +308,8 @@ void platform_dpi_aware() {
   SDL_SetHint(SDL_HINT_WINDOWS_DPI_AWARENESS, "system");
 }
 
-bool platform_connect() {
+bool platform_connect(bool hidden) {
+  if (hidden) SDL_SetHint(SDL_HINT_VIDEODRIVER, "offscreen");
   // A click that brings the window to the front counts as a click.
   SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
   SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0"); // gfx_pump does it

@@ -136,10 +136,11 @@ int32_t distance(int32_t first, int32_t end) {
 
 bool create_window(const PlatformWindowRequest &request, HINSTANCE instance) {
   const MonitorRect &outer = request.outer;
+  DWORD style = request.framed ? framed_style : borderless_style;
+  if (request.hidden) style &= ~DWORD{WS_VISIBLE};
   window_handle = CreateWindowExA(
-      0, class_name, request.title, request.framed ? framed_style : borderless_style, outer.left,
-      outer.top, distance(outer.left, outer.right), distance(outer.top, outer.bottom), nullptr,
-      nullptr, instance, nullptr);
+      0, class_name, request.title, style, outer.left, outer.top, distance(outer.left, outer.right),
+      distance(outer.top, outer.bottom), nullptr, nullptr, instance, nullptr);
   return window_handle != nullptr;
 }
 
@@ -273,7 +274,7 @@ void platform_begin() {
   report_set_show(tell);
 }
 
-bool platform_connect() {
+bool platform_connect(bool) {
   return true; // there is always a display; platform_open finds out what it lacks
 }
 

@@ -7,6 +7,7 @@
 #include "gfx/gl_util.h"
 #include "gfx/platform.h"
 #include "gfx/screen.h"
+#include "gfx/tile.h"
 #include "support/bits.h"
 
 namespace {
@@ -89,8 +90,8 @@ uint32_t frame_texture(uint32_t width, uint32_t height) {
 
 // Creates `count` textures for the frame unless they exist in the right size.
 void ensure_textures(uint32_t *names, int32_t count, uint32_t *width, uint32_t *height) {
-  const uint32_t wanted_width = next_power_of_two(static_cast<uint32_t>(screen_width));
-  const uint32_t wanted_height = next_power_of_two(static_cast<uint32_t>(screen_height));
+  const uint32_t wanted_width = next_power_of_two(static_cast<uint32_t>(tile_width()));
+  const uint32_t wanted_height = next_power_of_two(static_cast<uint32_t>(tile_height()));
   if (names[0] != 0 && *width == wanted_width && *height == wanted_height) return;
   if (names[0] != 0) glDeleteTextures(count, names);
   for (int32_t i = 0; i < count; i++)
@@ -101,24 +102,25 @@ void ensure_textures(uint32_t *names, int32_t count, uint32_t *width, uint32_t *
 
 void copy_frame(uint32_t texture) {
   glBindTexture(GL_TEXTURE_2D, texture);
-  glCopyTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, 0, 0, screen_width, screen_height);
+  glCopyTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, 0, 0, tile_width(), tile_height());
 }
 
 // Adds a copy of the frame, tinted with a colour.
 void draw_tinted(uint32_t texture, uint32_t colour) {
-  const float right = static_cast<float>(screen_width) / static_cast<float>(stereo_eye_tex_width);
-  const float top = static_cast<float>(screen_height) / static_cast<float>(stereo_eye_tex_height);
+  const int32_t width = tile_width(), upper = screen_height - tile_height();
+  const float right = static_cast<float>(width) / static_cast<float>(stereo_eye_tex_width);
+  const float top = static_cast<float>(tile_height()) / static_cast<float>(stereo_eye_tex_height);
   glBindTexture(GL_TEXTURE_2D, texture);
   gfx_set_colour(colour);
   glBegin(GL_QUADS);
   glTexCoord2f(0, 0);
   glVertex2i(0, screen_height);
   glTexCoord2f(right, 0);
-  glVertex2i(screen_width, screen_height);
+  glVertex2i(width, screen_height);
   glTexCoord2f(right, top);
-  glVertex2i(screen_width, 0);
+  glVertex2i(width, upper);
   glTexCoord2f(0, top);
-  glVertex2i(0, 0);
+  glVertex2i(0, upper);
   glEnd();
 }
 
@@ -138,8 +140,7 @@ void draw_tinted_eyes(uint32_t first_colour, uint32_t second_colour) {
 // Draws the window's line y, counted from the top, from the half of the frame that has its eye. The
 // half pixel keeps it off the boundary between two rows.
 void interlace_line(int32_t y, int32_t parity) {
-  const int32_t half = ((parity + y) & 1) ^ 1;
-  const int32_t row = half * screen_height / 2 + (screen_height - 1 - y) / 2;
+  const int32_t row = stereo_interlaced_row(y, screen_height, parity);
   const float t = (static_cast<float>(row) + 0.5F) / static_cast<float>(interlace_tex_height);
   const float right = static_cast<float>(screen_width) / static_cast<float>(interlace_tex_width);
   const float middle = static_cast<float>(y) + 0.5F;
@@ -178,12 +179,12 @@ void stereo_split(StereoScene scene, const void *context, int32_t swap, double e
     const double side = side_of(eye, swap);
     load_eye_projection(stereo.eyes, side);
     if (mode == 2)
-      glViewport(screen_width * eye / 2, 0, screen_width / 2, screen_height);
+      tile_viewport(screen_width * eye / 2, 0, screen_width / 2, screen_height);
     else
-      glViewport(0, screen_height * eye / 2, screen_width, screen_height / 2);
+      tile_viewport(0, screen_height * eye / 2, screen_width, screen_height / 2);
     draw_eye(stereo, side);
   }
-  glViewport(0, 0, screen_width, screen_height);
+  tile_viewport(0, 0, screen_width, screen_height);
   gfx_load_projection(stereo.eyes.projection);
   if (mode == 3) stereo_interlace(0);
 }
@@ -199,13 +200,13 @@ void stereo_two_screen(StereoScene scene, const void *context, int32_t swap, int
     const double side = side_of(eye, swap);
     load_eye_projection(stereo.eyes, side);
     refit_projection(t);
-    glViewport(vertical != 0 ? 0 : screen_width * eye, vertical != 0 ? screen_height * eye : 0,
-               screen_width, screen_height);
+    tile_viewport(vertical != 0 ? 0 : screen_width * eye, vertical != 0 ? screen_height * eye : 0,
+                  screen_width, screen_height);
     draw_eye(stereo, side);
   }
   screen_width = full_width;
   screen_height = full_height;
-  glViewport(0, 0, screen_width, screen_height);
+  tile_viewport(0, 0, screen_width, screen_height);
   gfx_load_projection(stereo.eyes.projection);
 }
 
@@ -222,6 +223,11 @@ void stereo_colour(StereoScene scene, const void *context, uint32_t first_colour
   }
   gfx_load_projection(stereo.eyes.projection);
   draw_tinted_eyes(first_colour, second_colour);
+}
+
+int32_t stereo_interlaced_row(int32_t y, int32_t height, int32_t parity) {
+  const int32_t half = ((parity + y) & 1) ^ 1;
+  return half * height / 2 + (height - 1 - y) / 2;
 }
 
 void stereo_interlace(int32_t parity) {

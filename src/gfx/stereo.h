@@ -33,3 +33,6 @@ void stereo_colour(StereoScene scene, const void *context, uint32_t first_colour
 // Turns a frame that has one eye's picture above the other's into alternate lines. Which eye gets a
 // line depends on its row on the screen, not in the window; `parity` 1 swaps them.
 void stereo_interlace(int32_t parity);
+
+// The row, from the bottom of such a frame, of which line y from the top of the result is made.
+int32_t stereo_interlaced_row(int32_t y, int32_t height, int32_t parity);

@@ -12,10 +12,13 @@
 #include "gfx/platform.h"
 #include "gfx/platform_events.h"
 #include "gfx/projection.h"
+#include "gfx/tile.h"
 #include "support/colour.h"
 #include "support/report.h"
 
 namespace {
+
+constexpr int32_t hidden_window_side = 64; // pixels
 
 bool context_alive;
 
@@ -137,11 +140,31 @@ bool exceeds_desktop(const PlatformWindowRequest &request) {
   open_failed(failure, missing, "choose a resolution that fits the desktop");
 }
 
+void open_window(const PlatformWindowRequest &request) {
+  const PlatformOpen stage = platform_open(&request);
+  if (stage != PlatformOpen::ok) fail_to_open(stage, request);
+  context_alive = true;
+  set_initial_state();
+}
+
 } // namespace
+
+void gfx_open_hidden(const char *title) {
+  PlatformWindowRequest request = {};
+  request.title = title;
+  request.client_width = screen_width = hidden_window_side;
+  request.client_height = screen_height = hidden_window_side;
+  request.framed = request.hidden = true;
+  if (!platform_connect(true))
+    open_failed(failure_of(PlatformOpen::no_window),
+                "neither a display nor a driver without one was found",
+                "start it inside a graphical session");
+  open_window(request);
+}
 
 int32_t gfx_open(int32_t width_request, int32_t height_request, const char *title) {
   platform_dpi_aware();
-  if (!platform_connect())
+  if (!platform_connect(false))
     open_failed(failure_of(PlatformOpen::no_window), "no display could be reached",
                 "start Vorel inside a graphical session");
   PlatformWindowRequest request = plan_window(width_request, height_request);
@@ -149,10 +172,7 @@ int32_t gfx_open(int32_t width_request, int32_t height_request, const char *titl
   request.title = title;
   std::memset(key_state, 0, sizeof key_state);
   std::memset(key_state_prev, 0, sizeof key_state_prev);
-  PlatformOpen stage = platform_open(&request);
-  if (stage != PlatformOpen::ok) fail_to_open(stage, request);
-  context_alive = true;
-  set_initial_state();
+  open_window(request);
   if (!request.framed) platform_show_cursor(false);
   return 1;
 }
@@ -170,7 +190,7 @@ void gfx_resize(int32_t width, int32_t height) {
   screen_width = width;
   screen_height = std::max(height, 1);
   if (!context_alive) return;
-  glViewport(0, 0, screen_width, screen_height);
+  tile_viewport(0, 0, screen_width, screen_height);
   reset_projection();
 }
 

@@ -36,15 +36,16 @@ uint32_t gantry_texture(int32_t tn) {
   if (texture_program == 0) {
     texture_program = fragment_program_build(shader_gantry_texture, nullptr, nullptr);
   }
-  const bool offscreen = offscreen_begin(gantry_texture_size, gantry_texture_size);
+  Offscreen target;
+  const bool is_offscreen = offscreen_begin(&target, gantry_texture_size, gantry_texture_size);
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   gfx_push_2d();
   draw_plate(tn);
   gfx_pop_2d();
   const uint32_t name = texture_capture(0, 0, gantry_texture_size, gantry_texture_size, 1);
   texture_max_anisotropy();
-  if (offscreen) {
-    offscreen_end();
+  if (is_offscreen) {
+    offscreen_end(&target);
   } else {
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   }

@@ -60,7 +60,8 @@ TEST_F(Drawing, CaptureCopiesARectangleWithAlphaAndMipmaps) {
   EXPECT_FALSE(gl_has_extension(&answer, "GL_ARB_framebuffer_objec"));
   for (const bool by_driver : {true, false}) {
     if (!by_driver) gl.generate_mipmap = nullptr;
-    ASSERT_TRUE(offscreen_begin(31, 17));
+    Offscreen target;
+    ASSERT_TRUE(offscreen_begin(&target, 31, 17));
     glClearColor(0.2F, 0.4F, 0.6F, 0.8F);
     glClear(GL_COLOR_BUFFER_BIT);
     gfx_push_2d();
@@ -74,7 +75,7 @@ TEST_F(Drawing, CaptureCopiesARectangleWithAlphaAndMipmaps) {
     for (size_t i = 0; i < 4; i++)
       EXPECT_NEAR(mean[i], (Bytes{102, 77, 147, 217})[i], 1) << "by driver " << by_driver;
     glDeleteTextures(1, &name);
-    offscreen_end();
+    offscreen_end(&target);
   }
 }
 

@@ -1,6 +1,7 @@
 #include "generate/new_tree.h"
 
 #include <cmath>
+#include <cstring>
 #include <iterator>
 
 #include "generate/carve.h"
@@ -56,27 +57,37 @@ Maze *mobius(double size) {
   return Maze_mobius(size, size / 2);
 }
 
-// A kind of maze, and how often mazes of the same size are nested in it.
-struct Kind {
-  SubmazeGenerator build;
-  double size;
-  int32_t nesting_passes;
+Maze *box(double size) {
+  const int32_t cells = static_cast<int32_t>(size);
+  return Maze_box(cells, cells, cells);
+}
+
+Maze *patchwork(double) {
+  return Maze_patchwork();
+}
+
+Maze *ladder(double) {
+  return Maze_ladder();
+}
+
+constexpr MazeKind kinds[] = {
+    {"plane", random_plane, 50.0, 0, 1.0, 2},
+    {"hexagon", hexagon, 25.0, 0, 3.1, 2},
+    {"honeycomb", honeycomb, 50.0, 0, 2.1, 2},
+    {"grid", random_block, 10.0, 0, 1.0, 3},
+    {"polar", polar, 50.0, 0, 3.2, 2},
+    {"sphere", Maze_sphere, 20.0, 0, 12.6, 2},
+    {"nested", Maze_random_topology, 20.0, 1, 2.5, 2},
+    {"nested-twice", Maze_random_topology, 10.0, 2, 2.5, 2},
+    {"torus", torus, 20.0, 0, 19.8, 2},
+    {"band", mobius, 20.0, 0, 12.6, 2},
+    {"box", box, 20.0, 0, 6.0, 2}, // not drawn by itself
+    {"patchwork", patchwork, 0.0, 0, 0.0, 0},
+    {"ladder", ladder, 0.0, 0, 0.0, 0},
 };
 
-constexpr Kind kinds[] = {
-    {random_plane, 50.0, 0},
-    {random_plane, 50.0, 0},
-    {random_plane, 50.0, 0},
-    {hexagon, 25.0, 0},
-    {honeycomb, 50.0, 0},
-    {random_block, 10.0, 0},
-    {polar, 50.0, 0},
-    {Maze_sphere, 20.0, 0},
-    {Maze_random_topology, 20.0, 1},
-    {Maze_random_topology, 10.0, 2},
-    {torus, 20.0, 0},
-    {mobius, 20.0, 0},
-};
+// What a draw from 0 to 11 makes.
+constexpr size_t drawn_kinds[] = {0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
 
 void colour_randomly(Maze *root) {
   if (rand_int(2) != 0) {
@@ -89,13 +100,13 @@ void colour_randomly(Maze *root) {
   Maze_paint(root, rgb_colour(red, green, blue), 1);
 }
 
-Maze *single_topology() {
-  const Kind &kind = kinds[rand_int(static_cast<int32_t>(std::size(kinds)))];
-  Maze *root = kind.build(kind.size);
+// One topology, carved, nested, coloured and perhaps bent.
+Maze *single_topology(const MazeKind &kind, double size) {
+  Maze *root = kind.build(size);
   // Nesting needs the final slots of the holders, so carve first.
   Maze_carve(root);
   for (int32_t pass = 0; pass < kind.nesting_passes; pass++)
-    Maze_nest(root, nesting_probability, kind.size, Maze_random_topology);
+    Maze_nest(root, nesting_probability, size, Maze_random_topology);
   // Colour before bending, so that colours follow the straight lattice.
   colour_randomly(root);
   if (rand_int(6) == 0) Maze_height_wave(root, 1);
@@ -103,15 +114,10 @@ Maze *single_topology() {
   return root;
 }
 
-Maze *carved_patchwork() {
-  Maze *root = Maze_patchwork();
-  Maze_carve(root);
-  return root;
-}
-
-Maze *unscaled_tree(int32_t mode) {
-  if (mode != 1 && mode != 2) return single_topology();
-  Maze *root = mode == 1 ? carved_patchwork() : Maze_ladder();
+// A tree that is coloured by its builder.
+Maze *composition(const MazeKind &kind) {
+  Maze *root = kind.build(0);
+  if (kind.build == patchwork) Maze_carve(root);
   string_assign(&root->name, "1.01");
   Maze_label_tree(root);
   return root;
@@ -119,8 +125,29 @@ Maze *unscaled_tree(int32_t mode) {
 
 } // namespace
 
-Maze *Maze_new_tree(int32_t mode) {
-  Maze *root = unscaled_tree(mode);
+const MazeKind *MazeKind_find(const char *name) {
+  for (const MazeKind &kind : kinds)
+    if (std::strcmp(kind.name, name) == 0) return &kind;
+  return nullptr;
+}
+
+double MazeKind_nodes(const MazeKind &kind, double size) {
+  const double nodes = kind.node_factor * std::pow(size, kind.node_power);
+  double all = nodes;
+  for (int32_t pass = 0; pass < kind.nesting_passes; pass++)
+    all += nesting_probability * all * nodes;
+  return all;
+}
+
+Maze *Maze_new_of_kind(const MazeKind &kind, double size) {
+  Maze *root = kind.size > 0 ? single_topology(kind, size) : composition(kind);
   Maze_scale(root, final_spacing, 1);
   return root;
+}
+
+Maze *Maze_new_tree(int32_t mode) {
+  if (mode == 1) return Maze_new_of_kind(*MazeKind_find("patchwork"), 0);
+  if (mode == 2) return Maze_new_of_kind(*MazeKind_find("ladder"), 0);
+  const MazeKind &kind = kinds[drawn_kinds[rand_int(std::size(drawn_kinds))]];
+  return Maze_new_of_kind(kind, kind.size);
 }

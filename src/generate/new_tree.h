@@ -1,9 +1,30 @@
 #pragma once
 
+#include "generate/topologies.h"
 #include "maze/maze.h"
 
-// A new random tree of mazes, carved, with the final spacing of 2.5 world units. Mode 1 is a
-// patchwork of topologies, mode 2 a ladder of mazes with growing corridor widths; both have labels.
-// Any other mode is one topology, which can hold nested mazes, with random colours and sometimes
-// with hills or stretched. Owned by the caller.
+// A kind of tree that can be made by name.
+struct MazeKind {
+  const char *name;
+  SubmazeGenerator build;
+  double size;            // that Maze_new_tree gives it; 0 for a kind without a size
+  int32_t nesting_passes; // of mazes of the same size
+  double node_factor;     // about so many nodes, times a power of the size
+  int32_t node_power;
+};
+
+// The kind of that name: plane, grid, hexagon, honeycomb, polar, sphere, box, torus, band, nested,
+// nested-twice, patchwork or ladder. Null if there is none.
+const MazeKind *MazeKind_find(const char *name);
+
+// About how many nodes a tree of that kind and size gets, nested mazes included.
+double MazeKind_nodes(const MazeKind &kind, double size);
+
+// A new random tree of one kind, carved, with the final spacing of 2.5 world units. A patchwork of
+// topologies and a ladder of mazes with growing corridor widths have labels. Other kinds have
+// random colours, and some have hills or are stretched. Owned by the caller.
+Maze *Maze_new_of_kind(const MazeKind &kind, double size);
+
+// The same of a kind by mode: 1 for a patchwork, 2 for a ladder, any other for a random kind among
+// the rest but for box.
 Maze *Maze_new_tree(int32_t mode);

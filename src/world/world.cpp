@@ -3,13 +3,27 @@
 #include "generate/new_tree.h"
 #include "maze/pos.h"
 
+namespace {
+
+void enter(World *world, Maze *root) {
+  world->root = root;
+  world->cur = World_first_place(root);
+  world->offset = {0, 0, 0};
+}
+
+} // namespace
+
 void World_new(World *world, int32_t mode) {
+  World_begin(world, Maze_new_tree(mode));
+}
+
+void World_begin(World *world, Maze *root) {
   world->view = mat3_identity;
   world->time = 0.0;
   world->zoom = initial_zoom;
   world->showtrail = 1;
   GrowList_init(&world->roamers, sizeof(Roamer));
-  World_new_maze(world, mode);
+  enter(world, root);
   World_place_camera(world);
 }
 
@@ -18,9 +32,7 @@ void World_place_camera(World *world) {
 }
 
 void World_new_maze(World *world, int32_t mode) {
-  world->root = Maze_new_tree(mode);
-  world->cur = World_first_place(world->root);
-  world->offset = {0, 0, 0};
+  enter(world, Maze_new_tree(mode));
 }
 
 void World_replace_maze(World *world, int32_t mode) {

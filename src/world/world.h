@@ -32,6 +32,9 @@ constexpr double initial_zoom = 20.0; // world units
 // not free what the record held before.
 void World_new(World *world, int32_t mode);
 
+// The same in a given tree, which then belongs to the World. The tree must have a first place.
+void World_begin(World *world, Maze *root);
+
 // Makes a new random tree (see generate/new_tree.h) and moves the user to its first place. Does not
 // destroy the old tree. Clock, view, camera, zoom and Roamers stay.
 void World_new_maze(World *world, int32_t mode);

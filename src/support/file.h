@@ -123,6 +123,9 @@ bool file_is_same(FILE *stream, const std::string &name);
 // if the file system can't tell.
 bool file_has_holes(FILE *stream);
 
+// Whether a stream is shown on a terminal.
+bool file_is_terminal(FILE *stream);
+
 // Opens the standard streams that are closed on the null device. Otherwise the next file or
 // connection would take their descriptors and receive the messages. Call this before anything else.
 void file_open_standard_streams();

@@ -78,6 +78,10 @@ bool file_has_holes(FILE *stream) {
   return hole >= 0 && hole < end;
 }
 
+bool file_is_terminal(FILE *stream) {
+  return isatty(fileno(stream)) != 0;
+}
+
 void file_open_standard_streams() {
   for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; stream++)
     if (fcntl(stream, F_GETFD) < 0 && open("/dev/null", O_RDWR) != stream) return;

@@ -135,6 +135,10 @@ bool file_has_holes(FILE *stream) {
          standard.AllocationSize.QuadPart < standard.EndOfFile.QuadPart;
 }
 
+bool file_is_terminal(FILE *stream) {
+  return _isatty(_fileno(stream)) != 0;
+}
+
 void file_open_standard_streams() {} // descriptors are not reused here
 
 void file_ignore_size_signal() {} // there is no such signal

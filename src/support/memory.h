@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 // Running out of memory ends the program, in one place. Only where a file names a size is the
 // failure handled instead: GrowList_try_reserve.
@@ -12,6 +13,9 @@ void memory_begin();
 // Blocks of at least one byte, released with std::free. memory_zeroed fills its block with zeros.
 void *memory_block(size_t bytes);
 void *memory_zeroed(size_t bytes);
+
+// Bytes of memory that programs can still get without swapping; UINT64_MAX if unknown.
+uint64_t memory_available();
 
 // Sets the function that saves the user's work before the program ends; null for none.
 void memory_set_save(void (*save)());

@@ -6,7 +6,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include "app/scene.h"
 #include "generate/carve.h"
 #include "generate/topologies.h"
 #include "generate/paint.h"
@@ -21,6 +20,7 @@
 #include "render/plot.h"
 #include "render/plot_switches.h"
 #include "render/shader_text.h"
+#include "render/scene.h"
 #include "support/random.h"
 #include "world/camera.h"
 #include "world/move.h"

@@ -5,7 +5,6 @@
 #include <sstream>
 
 #include "app/overlay.h"
-#include "app/scene.h"
 #include "generate/transform.h"
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
@@ -14,6 +13,7 @@
 #include "picture.h"
 #include "render/gl/view.h"
 #include "render/plot_switches.h"
+#include "render/scene.h"
 #include "scenarios.h"
 #include "text/fonts.h"
 #include "text/prepare.h"

@@ -1,4 +1,4 @@
-#include "app/scene.h"
+#include "render/scene.h"
 
 #include "gfx/gl.h"
 #include "gfx/projection.h"

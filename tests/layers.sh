@@ -3,7 +3,7 @@
 # tests in relation to the source, without blank lines and comments.
 set -euo pipefail
 cd "$1/src"
-layers=(support maze generate world gfx text render/gl render app)
+layers=(support maze generate world gfx text render/gl render app maker)
 faults=0
 
 # forbid WHAT ALLOWED PATTERN PATH...: no line matches the pattern but those that are allowed.
@@ -19,6 +19,7 @@ for i in "${!layers[@]}"; do
   below=$(IFS='|' && echo "${layers[*]:0:i+1}")
   forbid "a layer above" "include \"($below)/" '^ *# *include *"' "${layers[i]}"
 done
+forbid "the other program" '^$' 'include "app/' maker
 forbid "GL" '^$' '#include <(GL|EGL|SDL)|\bgl[A-Z][a-z]+[A-Z0-9]?[a-z]*\(' "${layers[@]:0:4}"
 forbid "a window system" '^(\./)?(gfx/platform_[a-z0-9_]+|support/[a-z]+_windows)\.cpp:' \
   '_WIN32|windows\.h|SDL' .

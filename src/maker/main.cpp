@@ -1,0 +1,114 @@
+// vorel-maze: any maze by name and number, as a session, as a picture, or counted.
+#include <cerrno>
+#include <cinttypes>
+#include <cstdio>
+#include <cstring>
+
+#include "generate/new_tree.h"
+#include "maker/options.h"
+#include "maker/output.h"
+#include "maker/picture.h"
+#include "maker/progress.h"
+#include "maker/statistics.h"
+#include "maker/walk.h"
+#include "support/clock.h"
+#include "support/file.h"
+#include "support/memory.h"
+#include "support/random.h"
+#include "world/session.h"
+
+namespace {
+
+constexpr double max_nodes = 1e7;
+
+bool load(const std::string &path, World *world) {
+  switch (World_load(world, path.c_str())) {
+  case SessionLoad::loaded:
+    return true;
+  case SessionLoad::absent:
+    return complain(path, "cannot be read", std::strerror(ENOENT));
+  case SessionLoad::damaged:
+    return complain(path, "cannot be read", "it is damaged or no session");
+  default:
+    return complain(path, "cannot be read", std::strerror(errno));
+  }
+}
+
+// Nodes, and what a picture needs for each.
+bool fits_memory(const MazeKind &kind, double size) {
+  const double nodes = MazeKind_nodes(kind, size);
+  const double bytes = nodes * 1.3 * sizeof(MazeNode);
+  if (nodes <= max_nodes * 1.01 && bytes < static_cast<double>(memory_available())) return true;
+  std::fprintf(stderr, "vorel-maze: a %s of side %.0f has about %.3g nodes, %s\n", kind.name, size,
+               nodes,
+               nodes > max_nodes ? "more than ten million" : "more than the free memory can hold");
+  return false;
+}
+
+Maze *make_tree(const Options &options) {
+  if (options.kind.empty()) return Maze_new_tree(0);
+  const MazeKind &kind = *MazeKind_find(options.kind.c_str());
+  const double size = options.side > 0 ? options.side : kind.size;
+  return fits_memory(kind, size) ? Maze_new_of_kind(kind, size) : nullptr;
+}
+
+// Prints a seed from the clock, so that the maze can be made again.
+bool make(const Options &options, World *world) {
+  const uint32_t seed = options.seeded ? options.seed : clock_ticks();
+  if (!options.seeded) std::printf("seed %" PRIu32 "\n", seed);
+  rand_seed(seed);
+  Maze *root = make_tree(options);
+  if (root == nullptr) return false;
+  *world = {};
+  World_begin(world, root);
+  return true;
+}
+
+void print_statistics(const World &world) {
+  progress_show("counting", 0, 0);
+  const Statistics s = Statistics_of(world.root);
+  progress_end();
+  std::printf("nodes %" PRId64 "\nmazes %" PRId64 "\nlevels %" PRId64 "\ndead ends %" PRId64
+              "\nlongest path %" PRId64 "\n",
+              s.nodes, s.mazes, s.levels, s.dead_ends, s.longest_path);
+}
+
+bool save(const Options &options, const World &world) {
+  if (!may_write(options, options.save)) return false;
+  progress_show("saving", 0, 0);
+  return World_save(&world, options.save.c_str()) ||
+         complain(options.save, "cannot be written", std::strerror(errno));
+}
+
+bool use(const Options &options, World *world) {
+  World_walk(world, options.walk);
+  if (options.statistics) print_statistics(*world);
+  if (!options.save.empty() && !save(options, *world)) return false;
+  return options.picture.empty() || picture_draw(options, world);
+}
+
+int run(const Options &options) {
+  memory_begin();
+  progress_show("making", 0, 0);
+  World world;
+  const bool made = options.load.empty() ? make(options, &world) : load(options.load, &world);
+  if (!made) return 1;
+  const bool done = use(options, &world);
+  progress_end();
+  World_free(&world);
+  return done ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+  Options options;
+  switch (Options_read(&options, argc, argv)) {
+  case OptionsResult::run:
+    return run(options);
+  case OptionsResult::done:
+    return 0;
+  default:
+    return 2;
+  }
+}

@@ -1,0 +1,151 @@
+#include "maker/picture.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <numbers>
+
+#include "gfx/gl.h"
+#include "gfx/offscreen.h"
+#include "gfx/stereo.h"
+#include "gfx/tile.h"
+#include "gfx/window.h"
+#include "maker/camera.h"
+#include "maker/output.h"
+#include "maker/plot_names.h"
+#include "maker/png.h"
+#include "maker/progress.h"
+#include "render/gl/shaderprocs.h"
+#include "render/gl/view.h"
+#include "render/plot_switches.h"
+#include "render/scene.h"
+#include "text/fmod_table.h"
+#include "text/font.h"
+#include "text/normal_font.h"
+
+namespace {
+
+constexpr int32_t tile_side = 4096; // pixels, at most
+constexpr double stereo_depth = 0.05;
+constexpr int32_t interlaced_mode = 3, split_mode = 1;
+
+void set_switches(const Options &options) {
+  const PlotName &plot = *plot_find(options.plot);
+  plot_type = plot.type;
+  plot_fixed = plot.fixed;
+  plot_voronoi = plot.landscape >= 0;
+  if (plot.landscape >= 0) voronoi_mode = plot.landscape;
+  plot_light = options.lights;
+  plot_grid = options.grid;
+  plot_connected = options.reach;
+}
+
+void build_fonts() {
+  font_build(normal_font.data(), normal_font_size, "normal");
+  uint32_t size = 0;
+  uint8_t *bytes = fmod_generate(&size);
+  font_build(bytes, size, "fmod");
+  std::free(bytes);
+}
+
+// Draws one tile of the frame and copies it to its place in the picture.
+void draw_tile(const World &world, int32_t mode, int32_t x, int32_t y, int32_t side, Image *image) {
+  const int32_t width = std::min(side, image->width - x),
+                height = std::min(side, image->height - y);
+  tile_set(x, y, width, height);
+  gfx_resize(image->width, image->height);
+  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+  glLoadIdentity();
+  World_apply_view(&world);
+  scene_draw(&world, mode, 0, stereo_depth);
+  glPixelStorei(GL_PACK_ALIGNMENT, 1);
+  for (int32_t row = 0; row < height; row++) {
+    const auto line = static_cast<size_t>(image->height - 1 - y - row);
+    const size_t at = 3 * (line * static_cast<size_t>(image->width) + static_cast<size_t>(x));
+    glReadPixels(0, row, width, 1, GL_RGB, GL_UNSIGNED_BYTE, &image->rgb[at]);
+  }
+}
+
+int32_t tiles_along(int32_t length, int32_t side) {
+  return (length + side - 1) / side;
+}
+
+bool draw_tiles(const World &world, int32_t mode, Image *image) {
+  const int32_t side = std::min(tile_side, std::max(image->width, image->height));
+  const int32_t columns = tiles_along(image->width, side), rows = tiles_along(image->height, side);
+  Offscreen target;
+  if (!offscreen_begin(&target, std::min(side, image->width), std::min(side, image->height), true))
+    return false;
+  for (int32_t i = 0; i < columns * rows; i++) {
+    progress_show("drawing", i + 1, columns * rows);
+    draw_tile(world, mode, i % columns * side, i / columns * side, side, image);
+  }
+  tile_set(0, 0, 0, 0);
+  offscreen_end(&target);
+  return true;
+}
+
+// Makes alternate lines of a picture that has one eye above the other.
+void interlace(Image *image) {
+  const std::vector<uint8_t> split = image->rgb;
+  const int64_t row_bytes = int64_t{3} * image->width;
+  for (int32_t y = 0; y < image->height; y++) {
+    const int32_t row = image->height - 1 - stereo_interlaced_row(y, image->height, 0);
+    std::copy_n(split.begin() + row * row_bytes, row_bytes, image->rgb.begin() + y * row_bytes);
+  }
+}
+
+bool save_frame(const Options &options, const World &world, const std::string &path) {
+  Image image = {options.width, options.height, {}};
+  image.rgb.resize(size_t{3} * static_cast<size_t>(image.width) *
+                   static_cast<size_t>(image.height));
+  const bool interlaced = options.stereo == interlaced_mode;
+  if (!draw_tiles(world, interlaced ? split_mode : options.stereo, &image))
+    return complain(path, "cannot be drawn", "the driver has no framebuffer objects of that size");
+  if (interlaced) interlace(&image);
+  progress_show("writing", 0, 0);
+  std::string error;
+  return png_save(image, path, &error) || complain(path, "cannot be written", error.c_str());
+}
+
+// "name.png" becomes "name-007.png".
+std::string numbered(const std::string &path, int32_t number, int32_t count) {
+  const size_t dot = path.rfind('.');
+  char digits[16];
+  std::snprintf(digits, sizeof digits, "-%0*d", static_cast<int>(std::to_string(count - 1).size()),
+                number);
+  return path.substr(0, dot) + digits + (dot == std::string::npos ? "" : path.substr(dot));
+}
+
+std::string path_of_frame(const Options &options, int32_t frame) {
+  if (options.turntable == 0) return options.picture;
+  return numbered(options.picture, frame, options.turntable);
+}
+
+bool viewport_is_possible(const Options &options) {
+  int32_t limits[2] = {};
+  glGetIntegerv(GL_MAX_VIEWPORT_DIMS, limits);
+  return options.width <= limits[0] && options.height <= limits[1];
+}
+
+} // namespace
+
+bool picture_draw(const Options &options, World *world) {
+  const int32_t frames = std::max(options.turntable, 1);
+  for (int32_t frame = 0; frame < frames; frame++)
+    if (!may_write(options, path_of_frame(options, frame))) return false;
+  gfx_open_hidden("vorel-maze");
+  projection_is_2d = 0;
+  if (!viewport_is_possible(options))
+    return complain(options.picture, "cannot be drawn", "the driver draws no picture of that size");
+  shader_procs_load();
+  build_fonts();
+  set_switches(options);
+  bool saved = true;
+  for (int32_t frame = 0; saved && frame < frames; frame++) {
+    camera_place(options, world, 2 * std::numbers::pi * frame / frames);
+    saved = save_frame(options, *world, path_of_frame(options, frame));
+  }
+  gfx_close();
+  return saved;
+}

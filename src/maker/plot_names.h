@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// A way of drawing that has a name, as switches of render/plot_switches.h.
+struct PlotName {
+  const char *name;
+  int32_t type;
+  int32_t landscape; // its mode; -1: no landscape
+  bool fixed;
+};
+
+// lines, gantry, balls, fixed or landscape-0 to landscape-5; null if there is no plot of that name.
+const PlotName *plot_find(const std::string &name);

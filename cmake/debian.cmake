@@ -14,4 +14,5 @@ file(WRITE ${changelog} "vorel (${CPACK_PACKAGE_VERSION}) stable; urgency=medium
   * New version; CHANGELOG.md lists the changes.
 
  -- ${CPACK_PACKAGE_CONTACT}  ${date}")
-execute_process(COMMAND gzip -9n ${changelog} ${usr}/share/man/man6/vorel.6 COMMAND_ERROR_IS_FATAL ANY)
+file(GLOB pages ${usr}/share/man/man6/*)
+execute_process(COMMAND gzip -9n ${changelog} ${pages} COMMAND_ERROR_IS_FATAL ANY)

@@ -1,5 +1,5 @@
 ; The installer of the Windows program, for the user who runs it. Defined by who calls makensis:
-; VERSION, FILES (the folder with the program and its documents) and OUTPUT (the installer).
+; VERSION, FILES (the folder with the programs and their documents) and OUTPUT (the installer).
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
@@ -38,7 +38,7 @@ UninstPage instfiles
 Section
   !insertmacro RemoveProgram
   SetOutPath "$INSTDIR"
-  File "${FILES}/vorel.exe" "${FILES}/README.txt" "${FILES}/LICENSE.txt"
+  File "${FILES}/vorel.exe" "${FILES}/vorel-maze.exe" "${FILES}/README.txt" "${FILES}/LICENSE.txt"
   WriteUninstaller "$INSTDIR\uninstall.exe"
 
   ; The menu entry starts the program in the folder that is set here.
@@ -58,6 +58,7 @@ SectionEnd
 
 Section Uninstall
   !insertmacro RemoveProgram
+  Delete "$INSTDIR\vorel-maze.exe"
   Delete "$INSTDIR\README.txt"
   Delete "$INSTDIR\LICENSE.txt"
   Delete "$INSTDIR\uninstall.exe"

@@ -5,6 +5,7 @@
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
 #include "maze/attachment.h"
+#include "maze/attachment_names.h"
 #include "maze/pos.h"
 #include "render/ballstick.h"
 #include "render/disc.h"
@@ -32,8 +33,8 @@ enum Kind { edges, nodes, balls, sticks, plates, cells };
 constexpr const char *reference_name[] = {"reference edges",  "reference nodes",
                                           "reference balls",  "reference sticks",
                                           "reference plates", "reference cells"};
-constexpr const char *plot_name[] = {
-    "lists", "lists", "ballstick_ballslist", "ballstick_stickslist", "gantrylist", "voronoilist"};
+constexpr const char *plot_name[] = {attachment_lists,  attachment_lists,  attachment_balls,
+                                     attachment_sticks, attachment_gantry, attachment_cell_list};
 
 void list_destroy(intptr_t name, Maze *) {
   glDeleteLists(static_cast<GLuint>(name), 1);

@@ -1,6 +1,7 @@
 #include "render/ballstick.h"
 
 #include "gfx/gl_colour.h"
+#include "maze/attachment_names.h"
 #include "maze/pos.h"
 #include "render/gl/draw_cache.h"
 #include "render/gl/edge_colour.h"
@@ -81,13 +82,13 @@ void draw_sticks(const GrowList &sticks, uint32_t first, uint32_t end, double ra
   }
 }
 
-constexpr PlotBatch ball_batch = {.name = "ballstick_ballslist",
+constexpr PlotBatch ball_batch = {.name = attachment_balls,
                                   .collect = collect_balls,
                                   .streams = {{sizeof(Ball), GL_QUADS, draw_balls}},
                                   .chunk_nodes = chunk_nodes};
 
 // A stick's quad extends far beyond it, also through planes of depth that the stick doesn't meet.
-constexpr PlotBatch stick_batch = {.name = "ballstick_stickslist",
+constexpr PlotBatch stick_batch = {.name = attachment_sticks,
                                    .collect = collect_sticks,
                                    .streams = {{sizeof(Stick), GL_QUADS, draw_sticks}},
                                    .chunk_nodes = chunk_nodes,

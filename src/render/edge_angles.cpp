@@ -4,11 +4,10 @@
 #include <numbers>
 
 #include "maze/attachment.h"
+#include "maze/attachment_names.h"
 #include "maze/pos.h"
 
 namespace {
-
-constexpr const char *recs_name = "EdgeAngleRecs";
 
 // Two roads at a smaller angle, in radians, have no common corner, since it would be too far away.
 constexpr double min_corner_angle = 0.01;
@@ -110,7 +109,7 @@ Vec3 horizontal_direction(Vec3 d) {
 }
 
 const EdgeAngleRec *edgeanglerecs(Maze *maze) {
-  const intptr_t found = Attachment_find(maze, recs_name);
+  const intptr_t found = Attachment_find(maze, attachment_edge_angles);
   if (found == 0) return edgeanglerecs_build(maze);
   return reinterpret_cast<const EdgeAngleRec *>(found);
 }
@@ -121,6 +120,6 @@ const EdgeAngleRec *edgeanglerecs_build(Maze *maze) {
     if (maze_nodes(maze)[i].submaze != nullptr) continue;
     build_node({maze, i}, recs + static_cast<size_t>(i) * pos_max_edges);
   }
-  Attachment_add(maze, recs_name, reinterpret_cast<intptr_t>(recs), recs_destroy);
+  Attachment_add(maze, attachment_edge_angles, reinterpret_cast<intptr_t>(recs), recs_destroy);
   return recs;
 }

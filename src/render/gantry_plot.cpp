@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "gfx/gl_colour.h"
+#include "maze/attachment_names.h"
 #include "maze/pos.h"
 #include "render/edge_angles.h"
 #include "render/gantry_texture.h"
@@ -153,7 +154,7 @@ void draw_wedges(const GrowList &wedges, uint32_t first, uint32_t end, double) {
 
 // Draws all roads of a maze before its hubs.
 constexpr PlotBatch gantry_batch = {
-    .name = "gantrylist",
+    .name = attachment_gantry,
     .collect = collect,
     .streams = {{sizeof(Road), GL_QUADS, draw_roads}, {sizeof(Wedge), GL_TRIANGLES, draw_wedges}},
     .passes = 2,

@@ -3,6 +3,7 @@
 #include <numbers>
 
 #include "gfx/gl_colour.h"
+#include "maze/attachment_names.h"
 #include "maze/pos.h"
 #include "render/gl/edge_colour.h"
 #include "render/gl/immediate.h"
@@ -123,7 +124,7 @@ void draw_marker(const View &view) {
 
 } // namespace
 
-const PlotBatch line_batch = {.name = "lists",
+const PlotBatch line_batch = {.name = attachment_lists,
                               .collect = collect,
                               .streams = {{sizeof(Ribbon), GL_QUADS, draw_ribbons},
                                           {sizeof(Disc), GL_QUADS, draw_discs},

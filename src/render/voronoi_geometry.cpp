@@ -7,13 +7,12 @@
 
 #include "generate/transform.h"
 #include "maze/attachment.h"
+#include "maze/attachment_names.h"
 #include "maze/pos.h"
 #include "maze/walk.h"
 #include "support/point_grid.h"
 
 namespace {
-
-constexpr const char *cells_name = "voronoi";
 
 // In lengths of the node's longest edge:
 constexpr double square_reach = 3.0; // half the side of the starting square
@@ -296,13 +295,13 @@ void build(Maze *maze, const TreeBounds &bounds, int32_t across_levels) {
     GrowList_append_many(&rows<GrowList>(*cells)[i], cut.corners.data(),
                          static_cast<uint32_t>(cut.corners.size()));
   }
-  Attachment_add(maze, cells_name, reinterpret_cast<intptr_t>(cells), cells_destroy);
+  Attachment_add(maze, attachment_cells, reinterpret_cast<intptr_t>(cells), cells_destroy);
 }
 
 } // namespace
 
 void voronoi_build(Maze *maze, int32_t across_levels) {
-  Attachment_drop(maze, cells_name);
+  Attachment_drop(maze, attachment_cells);
   TreeBounds bounds;
   Maze_bounds(maze, &bounds.min, &bounds.max);
   build(maze, bounds, across_levels);
@@ -316,5 +315,5 @@ void voronoi_build_missing(Maze *root, int32_t across_levels) {
 }
 
 const GrowList *voronoi_cells(const Maze *maze) {
-  return reinterpret_cast<const GrowList *>(Attachment_find(maze, cells_name));
+  return reinterpret_cast<const GrowList *>(Attachment_find(maze, attachment_cells));
 }

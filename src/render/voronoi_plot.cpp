@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "gfx/gl_colour.h"
+#include "maze/attachment_names.h"
 #include "render/disc.h"
 #include "render/gl/draw_cache.h"
 #include "render/gl/immediate.h"
@@ -89,7 +90,7 @@ void light_off() {
 }
 
 constexpr PlotBatch mode_batch(PrimitiveStream first, PrimitiveStream second, bool lit) {
-  return {.name = "voronoilist",
+  return {.name = attachment_cell_list,
           .collect = collect,
           .streams = {first, second},
           .passes = second.size == 0 ? 1 : 2,

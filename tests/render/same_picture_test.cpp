@@ -15,6 +15,7 @@
 #include "gfx/projection.h"
 #include "gfx/window.h"
 #include "maze/attachment.h"
+#include "maze/attachment_names.h"
 #include "maze/edit.h"
 #include "maze/pos.h"
 #include "maze/visit.h"
@@ -125,8 +126,7 @@ void look(World *world, Pos cur, double zoom, double yaw, double pitch) {
 }
 
 void drop_all(Maze *maze) {
-  for (const char *name : {"lists", "ballstick_ballslist", "ballstick_stickslist", "voronoi",
-                           "voronoilist", "gantrylist", "EdgeAngleRecs"})
+  for (const char *name : attachments_stale_after_move)
     Attachment_drop_tree(maze, name);
 }
 
@@ -153,7 +153,7 @@ TEST(SamePicture, FromAnywhereWhileWalkingAndRelaxing) {
   int far_shown = 0;
   for (const Plot &plot : plots) {
     world.showtrail = plot.fixed;
-    Attachment_drop_tree(world.root, "voronoilist");
+    Attachment_drop_tree(world.root, attachment_cell_list);
     for (int pose = 0; pose < 6; pose++) {
       SCOPED_TRACE(pose);
       look(&world, random_place(world.root), std::pow(10.0, between(0, 4)), between(-4, 4),
@@ -234,14 +234,14 @@ TEST(SamePicture, OfMazesThatMoved) {
   pair.place({50, 0, 0}, 0.5);
   scenario_move(pair.inner, 0, {-50, 0, 0});
   scenario_move(pair.inner, 1, {-51, 0, 0});
-  Attachment_drop_tree(pair.inner, "lists");
+  Attachment_drop_tree(pair.inner, attachment_lists);
   EXPECT_TRUE(shows(draw_and_compare(pair.world, fixed_lines), 1));
   Maze *innermost = scenario_path(2);
   scenario_hold(pair.inner, 1, innermost);
   Maze_translate(innermost, {60, 0, 0}, 0);
   pair.place({50, 0, 0}, 0.5);
   scenario_move(innermost, 1, {0, 0, 0});
-  Attachment_drop_tree(innermost, "lists");
+  Attachment_drop_tree(innermost, attachment_lists);
   line_lists_call(pair.inner, 0, 1);
   EXPECT_TRUE(shows(draw_and_compare(pair.world, lines), 1));
 }
@@ -295,7 +295,7 @@ TEST(SamePicture, LinesOfALargeMazeAfterEachChange) {
     if (change % 6 == 5) world.root->halfwidth *= 0.8;
     if (change == 14) Maze_delete_node(world.root, world.cur.node == 7 ? 8 : 7);
     if (change == 19) Maze_append(world.root, more);
-    if (change % 6 >= 2) Attachment_drop(world.root, "lists");
+    if (change % 6 >= 2) Attachment_drop(world.root, attachment_lists);
     draw_and_compare(world, lines);
     if (change <= 5) in_use = lists_in_use(); // those of other tests are gone by then
     if (change < 19) {

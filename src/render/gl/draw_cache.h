@@ -39,7 +39,7 @@ constexpr int32_t max_streams = 3;
 
 // What a plot supplies to be cached. It must outlive all mazes.
 struct PlotBatch {
-  const char *name; // of the attachment
+  const char *name; // of the attachment, see maze/attachment_names.h
 
   // Appends the primitives of the nodes, last node first, to the streams, and grows the box by all
   // that they can cover, in colour or depth, from any viewpoint.

@@ -1,6 +1,7 @@
 #include "render/ballstick.h"
 
-#include "gfx/gl_colour.h"
+#include "gfx/gl.h"
+#include "gfx/gl_util.h"
 #include "maze/attachment_names.h"
 #include "maze/pos.h"
 #include "render/gl/draw_cache.h"
@@ -68,7 +69,7 @@ void collect_sticks(const CollectInput &input, GrowList *streams, Box *box) {
 void draw_balls(const GrowList &balls, uint32_t first, uint32_t end, double radius) {
   for (uint32_t i = first; i < end; i++) {
     const Ball &ball = rows<Ball>(balls)[i];
-    gl_colour(ball.colour);
+    gfx_set_colour(ball.colour);
     send_shader_quad(ball.centre, radius);
   }
 }
@@ -76,7 +77,7 @@ void draw_balls(const GrowList &balls, uint32_t first, uint32_t end, double radi
 void draw_sticks(const GrowList &sticks, uint32_t first, uint32_t end, double radius) {
   for (uint32_t i = first; i < end; i++) {
     const Stick &stick = rows<Stick>(sticks)[i];
-    gl_colour(stick.colour);
+    gfx_set_colour(stick.colour);
     send_normal(stick.to_q);
     send_shader_quad(stick.p, radius);
   }

@@ -4,7 +4,8 @@
 #include <cmath>
 #include <numbers>
 
-#include "gfx/gl_colour.h"
+#include "gfx/gl.h"
+#include "gfx/gl_util.h"
 #include "gfx/window.h"
 #include "render/gl/immediate.h"
 
@@ -34,7 +35,7 @@ void fan_disc(Vec3 centre, double radius, uint32_t colour, Vec3 eye) {
   Vec3 a, b;
   perpendicular_pair(centre - eye, &a, &b);
   glBegin(GL_TRIANGLE_FAN);
-  gl_colour(colour);
+  gfx_set_colour(colour);
   send_vertex(centre);
   for (int32_t m = 0; m <= n; m++) {
     const double angle = 2.0 * std::numbers::pi * m / n;

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "generate/transform.h"
-#include "gfx/gl_colour.h"
+#include "gfx/gl.h"
 #include "gfx/gl_util.h"
 #include "maze/pos.h"
 #include "render/disc.h"
@@ -16,6 +16,7 @@
 #include "render/maze_label.h"
 #include "render/plot_switches.h"
 #include "render/shader_text.h"
+#include "support/colour.h"
 
 namespace {
 
@@ -56,7 +57,7 @@ void ribbon(Vec3 p, Vec3 q, Vec3 eye, double halfwidth, uint32_t colour) {
     const Vec3 raised = inner ? towards : towards * -1.0;
     const Vec3 low = raised + side * bounds[band];
     const Vec3 high = raised + side * bounds[band + 1];
-    gl_colour(inner ? darker(colour) : lighter(colour));
+    gfx_set_colour(inner ? darker(colour) : lighter(colour));
     send_vertex(rounded(q + high));
     send_vertex(rounded(p + high));
     send_vertex(rounded(p + low));
@@ -78,7 +79,7 @@ void node_edges(Pos here, const View &view, bool all_levels, bool as_ribbons) {
     if (as_ribbons) {
       ribbon(p, q, view.camera, here.maze->halfwidth, colour);
     } else {
-      gl_colour(lighter(colour));
+      gfx_set_colour(lighter(colour));
       send_vertex(rounded(p));
       send_vertex(rounded(q));
     }
@@ -185,7 +186,7 @@ void billboard_disc(Vec3 centre, double radius, uint32_t colour, Vec3 eye) {
   perpendicular_pair(centre - eye, &a, &b);
   a = a * radius;
   b = b * radius;
-  gl_colour(colour);
+  gfx_set_colour(colour);
   glTexCoord4f(static_cast<float>(centre.x), static_cast<float>(centre.y),
                static_cast<float>(centre.z), static_cast<float>(radius));
   const Vec3 corners[] = {centre - a - b, centre + b - a, centre + a + b, centre + a - b};

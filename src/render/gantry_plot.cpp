@@ -2,7 +2,8 @@
 
 #include <cmath>
 
-#include "gfx/gl_colour.h"
+#include "gfx/gl.h"
+#include "gfx/gl_util.h"
 #include "maze/attachment_names.h"
 #include "maze/pos.h"
 #include "render/edge_angles.h"
@@ -134,7 +135,7 @@ void plate_vertex(const Corner &corner, float angle) {
 void draw_roads(const GrowList &roads, uint32_t first, uint32_t end, double) {
   for (uint32_t i = first; i < end; i++) {
     const Road &r = rows<Road>(roads)[i];
-    gl_colour(r.colour);
+    gfx_set_colour(r.colour);
     send_normal(r.normal);
     for (const Corner &corner : r.corners)
       plate_vertex(corner, r.angle);
@@ -145,7 +146,7 @@ void draw_wedges(const GrowList &wedges, uint32_t first, uint32_t end, double) {
   glNormal3f(0, 0, 1);
   for (uint32_t i = first; i < end; i++) {
     const Wedge &w = rows<Wedge>(wedges)[i];
-    gl_colour(w.colour);
+    gfx_set_colour(w.colour);
     plate_vertex({0, 0, w.centre}, 0);
     for (const Corner &corner : w.corners)
       plate_vertex(corner, 0);

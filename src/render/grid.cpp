@@ -2,10 +2,11 @@
 
 #include <cmath>
 
-#include "gfx/gl_colour.h"
+#include "gfx/gl.h"
 #include "gfx/gl_util.h"
 #include "maze/pos.h"
 #include "render/plot_switches.h"
+#include "support/colour.h"
 
 namespace {
 
@@ -25,7 +26,7 @@ void grid_level(Vec3 centre, int decade) {
   const double half_side = 10.0 * spacing;
   const double ox = std::floor(centre.x / half_side - 0.5) * half_side;
   const double oy = std::floor(centre.y / half_side - 0.5) * half_side;
-  gl_colour(decade_colour(decade));
+  gfx_set_colour(decade_colour(decade));
   for (int j = lines_per_axis - 1; j >= 0; j--) {
     const double along = j * spacing;
     glVertex3d(ox + along, oy, centre.z);

@@ -2,7 +2,8 @@
 
 #include <numbers>
 
-#include "gfx/gl_colour.h"
+#include "gfx/gl.h"
+#include "gfx/gl_util.h"
 #include "maze/attachment_names.h"
 #include "maze/pos.h"
 #include "render/gl/edge_colour.h"
@@ -10,6 +11,7 @@
 #include "render/gl/shader_program.h"
 #include "render/gl/shaderprocs.h"
 #include "render/shader_text.h"
+#include "support/colour.h"
 
 namespace {
 
@@ -80,7 +82,7 @@ void send_corner(Vec3f place, float code) {
 void draw_ribbons(const GrowList &list, uint32_t first, uint32_t end, double halfwidth) {
   for (uint32_t i = first; i < end; i++) {
     const Ribbon &r = rows<Ribbon>(list)[i];
-    gl_colour(r.colour);
+    gfx_set_colour(r.colour);
     send_normal(r.to_p);
     glTexCoord2f(r.time, static_cast<float>(halfwidth));
     send_corner(r.q, 0);

@@ -3,7 +3,8 @@
 #include <cassert>
 #include <iterator>
 
-#include "gfx/gl_colour.h"
+#include "gfx/gl.h"
+#include "gfx/gl_util.h"
 #include "maze/attachment_names.h"
 #include "render/disc.h"
 #include "render/gl/draw_cache.h"
@@ -11,6 +12,7 @@
 #include "render/plot_switches.h"
 #include "render/voronoi_geometry.h"
 #include "render/voronoi_shapes.h"
+#include "support/colour.h"
 
 namespace {
 
@@ -69,7 +71,7 @@ template <int corners>
 void draw_faces(const GrowList &faces, uint32_t first, uint32_t end, double) {
   for (uint32_t i = first; i < end; i++) {
     const Face &face = rows<Face>(faces)[i];
-    gl_colour(face.colour);
+    gfx_set_colour(face.colour);
     send_normal(face.normal);
     for (int k = 0; k < corners; k++)
       send_vertex(face.corners[k]);

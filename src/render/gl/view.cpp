@@ -3,6 +3,7 @@
 #include <cassert>
 
 #include "gfx/gl.h"
+#include "gfx/gl_util.h"
 
 namespace {
 
@@ -21,9 +22,7 @@ View view_read(const World *world, Vec3 followed, void (*set_slab)(float project
 
 void view_use(const View &view) {
   current = view;
-  glMatrixMode(GL_PROJECTION);
-  glLoadMatrixf(view.projection);
-  glMatrixMode(GL_MODELVIEW);
+  gfx_load_projection(view.projection);
 }
 
 const View &view_current() {

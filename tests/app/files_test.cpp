@@ -37,8 +37,8 @@ TEST_F(Files, NoSessionIsLost) {
     const char *sentences, *files;
   } cases[] = {
       {[] {}, [] {}, "", "maze_save.dat "},
-      {[] { write("maze_save.dat", ""); }, [] {},
-       "damaged; it has been renamed to \"maze_save.dam", "maze_save.damaged-1.dat maze_save.dat "},
+      {[] { write("maze_save.dat", ""); }, [] {}, "damaged; it has been renamed to \"maze_save.dam",
+       "maze_save.damaged-1.dat maze_save.dat "},
       {[] { fs::create_directory("maze_save.dat"); }, [] {},
        "\"maze_save.dat\", since it is left alone", "maze_save.beside-1.dat maze_save.dat "},
       {[] {}, [] { write("maze_save.dat", "x"); }, "since another program has written it",

@@ -55,7 +55,7 @@ TEST_F(RecoveryFile, IsWrittenWhenSomethingHasChangedAndResumedAfterAKill) {
   frames(&first, 1000);
   EXPECT_EQ(files(), "") << "nothing has changed";
   world.cur.node = 1;
-  frames(&first, 0); // overdue
+  frames(&first, 0);       // overdue
   std::error_code ignored; // some systems keep a locked file
   fs::remove("maze_save.recovery.dat", ignored);
   world.zoom = 25.0;

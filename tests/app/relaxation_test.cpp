@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "maze/attachment.h"
-#include "maze/attachment_names.h"
 #include "scenarios.h"
 
 namespace {
@@ -28,18 +26,6 @@ TEST(Relaxation, SimplifyingAcceleratesToALimit) {
     EXPECT_DOUBLE_EQ(maze_nodes(path)[0].x, fraction) << dt;
   }
   Maze_destroy(path, 1);
-}
-
-TEST(Relaxation, DropsAttachmentsOfTheMazeAndBelow) {
-  const ThreeLevels t = scenario_three_levels();
-  for (const char *name : attachments_stale_after_move)
-    for (Maze *maze : {t.m1, t.n3, t.m2})
-      Attachment_add(maze, name, 1, nullptr);
-  Relaxation state = {1.0};
-  relax_frame(&state, t.m1, 0.01, true, false);
-  for (const Maze *maze : {t.m1, t.n3, t.m2})
-    EXPECT_EQ(maze->attachments.count, maze == t.m2 ? 7u : 0u);
-  Maze_destroy(t.root, 1);
 }
 
 } // namespace

@@ -6,14 +6,16 @@
 #include <tuple>
 
 #include "gfx/fake_sdl.h"
-#include "gfx/gl.h"
 #include "gfx/input.h"
 #include "gfx/window.h"
+#include "maze/attachment.h"
+#include "maze/attachment_names.h"
 #include "own_folder.h"
 #include "render/plot_switches.h"
 #include "scenarios.h"
 #include "support/clock.h"
 #include "support/random.h"
+#include "text/fonts.h"
 
 namespace {
 
@@ -73,6 +75,7 @@ TEST_F(RunTest, StartsWithARandomMazeAndAFreeMouse) {
   EXPECT_NE(drawn, random_after_maze(0));
   EXPECT_EQ(std::pair(sdl.cursor.x, sdl.cursor.y), std::pair(400, 250));
   EXPECT_EQ(run.helpstate, 0);
+  EXPECT_STREQ(current_font->name, "normal"); // of the first prompt
   EXPECT_TRUE(fs::exists("font_fmod.dat"));
   EXPECT_NE(contents("config.txt").find("Stereo Depth"), std::string::npos);
 }
@@ -120,7 +123,7 @@ TEST_F(RunTest, KeysAndMouseSteer) {
 }
 
 // The camera follows where the user has moved to.
-TEST_F(RunTest, AFrameMovesClockRoamersUserAndCamera) {
+TEST_F(RunTest, FrameStepsTheWorldAndSwapsBuffers) {
   start(5);
   const Roamer roamer = {0.01, 9, {path, 1}, Pos_null};
   GrowList_append(&run.world.roamers, &roamer);
@@ -129,9 +132,6 @@ TEST_F(RunTest, AFrameMovesClockRoamersUserAndCamera) {
   EXPECT_NE(rows<Roamer>(run.world.roamers)[0].cur.node, 1);
   EXPECT_NEAR(run.world.camera.x, 2 + 2 * 7.3 * 0.05 / 2, 1e-9);
   EXPECT_EQ(sdl.swaps, 1);
-  float clear[4] = {};
-  glGetFloatv(GL_COLOR_CLEAR_VALUE, clear);
-  EXPECT_EQ(clear[2], 0);
   sdl.state = SDL_WINDOW_MINIMIZED;
   frame(0.05);
   EXPECT_EQ(std::pair(sdl.swaps, sdl.waited), std::pair(1, 100)) << "nobody sees it";
@@ -141,30 +141,56 @@ TEST_F(RunTest, AFrameMovesClockRoamersUserAndCamera) {
 
 TEST_F(RunTest, RSimplifiesAndERepels) {
   start(2);
+  Maze *below = scenario_path(2);
+  scenario_hold(path, 0, below);
   for (const auto &[key, distance] :
-       {std::pair{SDL_SCANCODE_R, 0.96}, {SDL_SCANCODE_E, 1.190625}}) {
+       {std::pair{SDL_SCANCODE_R, 0.974}, {SDL_SCANCODE_E, 1.190625}}) {
+    for (const char *name : attachments_stale_after_move)
+      for (Maze *maze : {path, below}) // the frame itself adds the lists
+        if (name != attachment_lists) Attachment_add(maze, name, 1, nullptr);
     maze_nodes(path)[0].x = 0;
     maze_nodes(path)[1].x = 1;
-    frame(0.02, {key});
+    frame(0.013, {key});
     EXPECT_NEAR(maze_nodes(path)[1].x - maze_nodes(path)[0].x, distance, 1e-9);
+    EXPECT_EQ(path->attachments.count + below->attachments.count, 0u);
     EXPECT_TRUE(run.moved);
   }
 }
 
-TEST_F(RunTest, EachSwitchIsTurnedByOnePress) {
+// Two nodes in one place repel each other to infinity. Every plot must survive that, and N ends it.
+TEST_F(RunTest, PositionsThatAreNotFiniteAreDrawn) {
+  start(2);
+  maze_nodes(path)[1].x = 0;
+  frame(0.01, {SDL_SCANCODE_E});
+  EXPECT_FALSE(is_finite(node_position(maze_nodes(path)[1])));
+  for (const char key : std::string("HHHVMMMMMMFGN")) {
+    frame(0.01, {SDL_SCANCODE_A + key - 'A'});
+    frame(0.01);
+  }
+  EXPECT_TRUE(is_finite(run.world.camera));
+}
+
+TEST_F(RunTest, SwitchesChangeOncePerPress) {
   start(2);
   const auto switches = [this] {
     return std::tie(run.helpstate, run.stereo_mode, run.stereo_swap, plot_type, plot_voronoi,
                     voronoi_mode, plot_light, plot_smooth_lines, plot_grid);
   };
   switches() = std::tuple(3, -7, 1, 2, 1, 5, 1, 0, 1);
+  run.stereo_depth = 0.1;
   for (int i = 0; i < 2; i++)
     frame(0.01, {SDL_SCANCODE_SPACE, SDL_SCANCODE_F3, SDL_SCANCODE_F4, SDL_SCANCODE_H,
-                 SDL_SCANCODE_V, SDL_SCANCODE_M, SDL_SCANCODE_L, SDL_SCANCODE_P, SDL_SCANCODE_G});
+                 SDL_SCANCODE_V, SDL_SCANCODE_M, SDL_SCANCODE_L, SDL_SCANCODE_P, SDL_SCANCODE_G,
+                 SDL_SCANCODE_F5, SDL_SCANCODE_J});
   EXPECT_EQ(switches(), std::tuple(0, 3, 0, 0, 0, 0, 0, 1, 0));
+  EXPECT_NEAR(run.stereo_depth, 0.095, 1e-9);
+  EXPECT_EQ(std::pair(plot_fixed, plot_connected), std::pair(1, 0));
+  frame(0.01, {SDL_SCANCODE_F6, SDL_SCANCODE_F});
+  EXPECT_NEAR(run.stereo_depth, 0.1, 1e-9);
+  EXPECT_EQ(std::pair(plot_fixed, plot_connected), std::pair(0, 1));
 }
 
-TEST_F(RunTest, NMakesAMazeOfTheModeThatShiftAndCtrlAddUpTo) {
+TEST_F(RunTest, ShiftAndCtrlSelectTheModeOfANewMaze) {
   start(2);
   constexpr int n = SDL_SCANCODE_N, shift = SDL_SCANCODE_LSHIFT, ctrl = SDL_SCANCODE_RCTRL;
   const std::pair<std::vector<int>, int32_t> cases[] = {

@@ -59,6 +59,7 @@ TEST_F(Drawing, CaptureCopiesARectangleWithAlphaAndMipmaps) {
   int32_t answer = -1;
   EXPECT_FALSE(gl_has_extension(&answer, "GL_ARB_framebuffer_objec"));
   for (const bool by_driver : {true, false}) {
+    const auto generate = gl.generate_mipmap;
     if (!by_driver) gl.generate_mipmap = nullptr;
     Offscreen target;
     ASSERT_TRUE(offscreen_begin(&target, 31, 17));
@@ -76,6 +77,7 @@ TEST_F(Drawing, CaptureCopiesARectangleWithAlphaAndMipmaps) {
       EXPECT_NEAR(mean[i], (Bytes{102, 77, 147, 217})[i], 1) << "by driver " << by_driver;
     glDeleteTextures(1, &name);
     offscreen_end(&target);
+    gl.generate_mipmap = generate;
   }
 }
 

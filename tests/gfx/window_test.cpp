@@ -3,11 +3,10 @@
 #include <array>
 #include <bit>
 
-#include <gtest/gtest.h>
-
 #include "gfx/display_settings.h"
 #include "gfx/error_box.h"
 #include "gfx/fake_sdl.h"
+#include "own_folder.h"
 #include "support/report.h"
 
 namespace {
@@ -68,9 +67,13 @@ TEST(Window, PositionAndStyleFollowTheSettings) {
   }
 }
 
-TEST(Window, FatalBoxEndsTheProgram) {
+struct ErrorBox : OwnFolder {};
+
+TEST_F(ErrorBox, IsLoggedAndEndsTheProgramIfFatal) {
   fake_start();
+  GTEST_FLAG_SET(death_test_style, "fast"); // in this folder
   EXPECT_EXIT(gfx_fatal_box("no card"), testing::ExitedWithCode(1), "Oh sod it: no card");
+  EXPECT_TRUE(contents("graphics_error.log").ends_with(" no card\n"));
 }
 
 TEST(Window, FailureNamesAResolutionThatIsTooLarge) {

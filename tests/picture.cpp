@@ -51,15 +51,3 @@ int colour_distance(uint32_t a, uint32_t b) {
   }
   return distance;
 }
-
-World world_from_above(Maze *root, Pos cur) {
-  return {.root = root,
-          .cur = cur,
-          .offset = {},
-          .time = 100.0,
-          .view = mat3_identity,
-          .camera = {0, 0, 16},
-          .zoom = 16,
-          .showtrail = 1,
-          .roamers = {}};
-}

@@ -3,9 +3,6 @@
 #include <cstdint>
 #include <vector>
 
-#include "maze/maze.h"
-#include "world/world.h"
-
 // Pictures of the real drawing code in a context without a display. The size is always 640 by 480,
 // so the default perspective shows 20 pixels per unit at a distance of 16.
 
@@ -30,7 +27,3 @@ float picture_depth(const Picture &picture, int x, int y);
 
 // Largest difference of a channel between two colours.
 int colour_distance(uint32_t a, uint32_t b);
-
-// A world that looks straight down on (0, 0) from the height 16; time 100. Roamers are empty and
-// not allocated.
-World world_from_above(Maze *root, Pos cur);

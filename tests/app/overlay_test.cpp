@@ -13,6 +13,7 @@
 #include "text/fonts.h"
 #include "text/layout.h"
 #include "text/text.h"
+#include "world/small_world.h"
 
 namespace {
 
@@ -22,7 +23,8 @@ TEST(Overlay, StatisticsShowTheUsersMaze) {
   constexpr int width = 640, height = 300;
   fonts_for_test();
   const ThreeLevels t = scenario_three_levels();
-  World world = world_from_above(t.root, {t.n2, 1});
+  SmallWorld world(t.root);
+  world.cur = {t.n2, 1};
   world.time = 2 * 3600 + 3 * 60 + 4.9;
   t.n2->visited = 2;
   Attachment_add(t.root, attachment_gantry, 0, nullptr);
@@ -52,7 +54,6 @@ TEST(Overlay, StatisticsShowTheUsersMaze) {
     text_end();
   }
   EXPECT_EQ(seen.bgra, picture_take().bgra);
-  Maze_destroy(t.root, 1);
 }
 
 } // namespace

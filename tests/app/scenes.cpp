@@ -20,6 +20,7 @@
 #include "text/style.h"
 #include "text/text.h"
 #include "world/camera.h"
+#include "world/small_world.h"
 
 namespace {
 
@@ -85,7 +86,8 @@ void draw_world(const Scene &scene) {
   for (int k = 1; k < 4; k++)
     if (tree.levels[k] != nullptr)
       tree.levels[k]->bordermask = static_cast<uint32_t>(number("doors")) >> (4 * k - 4) & 15;
-  World world = world_from_above(tree.levels[0], {tree.levels[number("level")], number("node")});
+  SmallWorld world(tree.levels[0]);
+  world.cur = {tree.levels[number("level")], number("node")};
   world.time = tree.time;
   world.offset = {real("x"), real("y"), real("z")};
   world.zoom = real("zoom");
@@ -103,7 +105,6 @@ void draw_world(const Scene &scene) {
   World_apply_view(&world);
   scene_draw(&world, number("stereo"), number("swap"), real("depth"));
   overlay_draw(&world, number("help"), 0.016);
-  Maze_destroy(tree.levels[0], 1);
 }
 
 // A background of four colours, which shows through blending.

@@ -12,6 +12,7 @@
 #include "scenarios.h"
 #include "world/camera.h"
 #include "world/move.h"
+#include "world/small_world.h"
 
 namespace {
 
@@ -34,11 +35,12 @@ Maze *path_along(const Vec3 *places, int32_t count) {
 
 struct Scene {
   Maze *root = path_along(outer, 5), *below = path_along(inner, 3);
-  World world = world_from_above(root, {below, 1});
+  SmallWorld world{root};
   std::vector<Solid> solids; // the marker last
 
   Scene() {
     scenario_hold(root, 1, below);
+    world.cur = {below, 1};
     below->halfwidth = 0.4;
     world.offset = {-0.3, 0.7, 0.1};
     for (const Vec3 p : {outer[0], outer[2], outer[3]})
@@ -53,7 +55,6 @@ struct Scene {
       solids.push_back({p, q - p, radius});
     solids.push_back({World_follow_point(&world), {}, 0.6});
   }
-  ~Scene() { Maze_destroy(root, 1); }
   Picture draw(Vec3 eye, Vec3 target) {
     const Vec3 back = unit(eye - target);
     world.view = camera_orientation(std::atan2(-back.x, -back.y), -std::acos(back.z));

@@ -1,3 +1,5 @@
+#include <optional>
+
 #include <gtest/gtest.h>
 
 #include "gfx/gl.h"
@@ -6,6 +8,7 @@
 #include "render/gl/view.h"
 #include "render/plot.h"
 #include "scenarios.h"
+#include "world/small_world.h"
 
 static int lists_deleted = 0;
 
@@ -21,17 +24,17 @@ extern "C" const char *__asan_default_options() {
 
 // A program of its own, since a process has one context and this test ends it.
 TEST(Context, MazesMayOutliveItAndClosingTwiceIsSafe) {
-  Maze *mazes[] = {scenario_path(2), scenario_path(2)};
-  for (Maze *maze : mazes) {
-    const World world = world_from_above(maze, {maze, 0});
+  std::optional<SmallWorld> worlds[2];
+  for (auto &world : worlds) {
+    world.emplace(scenario_path(2));
     picture_begin();
-    view_use(view_read(&world, {}, nullptr));
-    plot_world(&world);
+    view_use(view_read(&*world, {}, nullptr));
+    plot_world(&*world);
   }
-  Maze_destroy(mazes[0], 1);
+  worlds[0].reset();
   EXPECT_EQ(lists_deleted, 1);
   gfx_close();
   gfx_close();
-  Maze_destroy(mazes[1], 1);
+  worlds[1].reset();
   EXPECT_EQ(lists_deleted, 1);
 }

@@ -28,6 +28,7 @@
 #include "support/random.h"
 #include "world/camera.h"
 #include "world/move.h"
+#include "world/small_world.h"
 
 namespace {
 
@@ -102,14 +103,14 @@ double between(double low, double high) {
 }
 
 // A tree of three levels, off the axes.
-World nested_world(uint32_t seed, double scale) {
+SmallWorld nested_world(uint32_t seed, double scale) {
   rand_seed(seed);
   Maze *nested = scenario_nested(3);
   Maze_scale(nested, scale, 1);
   Maze_rotate(nested, {0.3, -0.2, 0.4}, 1);
-  const World world = world_from_above(Maze_copy(nested, 1), Pos_null);
+  Maze *copy = Maze_copy(nested, 1);
   Maze_destroy(nested, 1);
-  return world;
+  return SmallWorld(copy);
 }
 
 Pos random_place(Maze *maze) {
@@ -149,7 +150,7 @@ void step(World *world, bool across_levels) {
 // The fixed plot culls with the bounds of the line plot, which is drawn first. Landscapes show no
 // ages here, since they keep those of the time when they were built.
 TEST(SamePicture, FromAnywhereWhileWalkingAndRelaxing) {
-  World world = nested_world(77, 171.3);
+  SmallWorld world = nested_world(77, 171.3);
   int far_shown = 0;
   for (const Plot &plot : plots) {
     world.showtrail = plot.fixed;
@@ -166,17 +167,15 @@ TEST(SamePicture, FromAnywhereWhileWalkingAndRelaxing) {
   }
   EXPECT_GT(far_shown, 10);
   EXPECT_LT(far_shown, 50);
-  Maze_destroy(world.root, 1);
 }
 
 // A maze of two nodes, held by one end of a single edge. The user may be where only the marker
 // shows.
 struct Pair {
   Maze *root = scenario_path(2), *inner = scenario_path(2);
-  World world = world_from_above(root, {root, 0});
+  SmallWorld world{root};
 
   Pair() { scenario_hold(root, 1, inner); }
-  ~Pair() { Maze_destroy(root, 1); }
   // The edge to the inner maze starts far outside the picture.
   void place(Vec3 p, double halfwidth, Vec3 way = {0.1, 0, 0}) {
     scenario_move(root, 0, p + Vec3{p.x, p.y, 0} * 2);
@@ -255,7 +254,7 @@ int lists_in_use() {
 
 // A plot compiles only what is visible, and draws the mazes as they were when it first ran.
 TEST(SamePicture, OfMazesThatChangeBeforeTheyAreVisible) {
-  World world = nested_world(8, 13.7);
+  SmallWorld world = nested_world(8, 13.7);
   const Pos place = random_place(world.root);
   for (const Plot &plot : plots) {
     if (plot.fixed) continue;
@@ -275,14 +274,12 @@ TEST(SamePicture, OfMazesThatChangeBeforeTheyAreVisible) {
     drop_all(world.root);
     EXPECT_FALSE(draw(world, plot) == before);
   }
-  Maze_destroy(world.root, 1);
 }
 
 // A step changes few of many primitives. Other changes move all of them, or add and remove some.
 TEST(SamePicture, LinesOfALargeMazeAfterEachChange) {
   rand_seed(5);
-  World world = {};
-  world.root = Maze_plane_xy(24, 24);
+  SmallWorld world(Maze_plane_xy(24, 24));
   Maze_carve(world.root);
   look(&world, {world.root, 300}, 14, 0.3, -0.4);
   Maze *more = scenario_path(300);
@@ -303,7 +300,6 @@ TEST(SamePicture, LinesOfALargeMazeAfterEachChange) {
     }
   }
   Maze_destroy(more, 1);
-  Maze_destroy(world.root, 1);
 }
 
 } // namespace

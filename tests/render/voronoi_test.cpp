@@ -19,13 +19,14 @@
 #include "render/voronoi_shapes.h"
 #include "scenarios.h"
 #include "support/random.h"
+#include "world/small_world.h"
 
 namespace {
 
 constexpr double slack = 2e-6; // above the tolerance of a cut
 constexpr double infinite = std::numeric_limits<double>::infinity();
 
-// A corner's value by the bisector of two nodes.
+// Positive if the corner is nearer to q than to p, zero on their bisector.
 double beyond(const VoronoiCorner &c, Vec3 p, Vec3 q) {
   return (c.x - (p.x + q.x) / 2) * (q.x - p.x) + (c.y - (p.y + q.y) / 2) * (q.y - p.y);
 }
@@ -151,7 +152,7 @@ TEST(Landscape, ShortEdgesHaveNoWalls) {
 
 TEST(Disc, HasALimitedNumberOfSegments) {
   picture_begin();
-  const World world = world_from_above(nullptr, Pos_null);
+  const SmallWorld world(Maze_new());
   World_apply_view(&world);
   fan_disc({0, 0, 1}, 1e18, 0x654321, world.camera);
   EXPECT_EQ(picture_colour(picture_take(), 480, 80), 0x654321U);

@@ -2,13 +2,14 @@
 
 #include "world/world.h"
 
-// A session at node 0 of a tree, which it owns, looking down.
+// A session at node 0 of a tree, which it owns, looking down on (0, 0).
 struct SmallWorld : World {
   explicit SmallWorld(Maze *tree) : World{} {
     root = tree;
     cur = {tree, 0};
     view = mat3_identity;
-    zoom = 13.7;
+    zoom = camera.z = 13.7;
+    showtrail = 1;
     GrowList_init(&roamers, sizeof(Roamer));
   }
   SmallWorld(const SmallWorld &) = delete;

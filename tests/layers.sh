@@ -36,5 +36,6 @@ lines() {
 
 source=$(lines .)
 tests=$(lines ../tests)
-echo "tests have $tests lines to $source of source: $((tests * 100 / source)) %"
+permille=$((tests * 1000 / source))
+echo "tests have $tests lines to $source of source: $((permille / 10)).$((permille % 10)) %"
 exit $faults

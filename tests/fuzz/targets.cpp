@@ -25,7 +25,8 @@ void require(bool holds) {
 void fuzz_font(const std::string &bytes) {
   constexpr uint32_t limit = 2048;
   static GlyphRecord records[font_codes];
-  const std::vector<uint8_t> file(bytes.begin(), bytes.end()); // ends where the bytes do
+  const std::vector<uint8_t> file(
+      bytes.begin(), bytes.end()); // no padding, so that a read past the end is noticed
   const uint32_t count = glyph_records(file.data(), static_cast<uint32_t>(file.size()), records);
   Font font = {};
   atlas_layout(&font, records, count, limit);
@@ -87,7 +88,7 @@ void fuzz_text(const std::string &bytes) {
   require(glyphs <= bytes.size() && current_font == font && text_width(text.c_str()) >= 0);
 }
 
-// The result fits a buffer of the promised size.
+// The result fits into a buffer of text_prepare_room bytes.
 void fuzz_prepare(const std::string &bytes) {
   if (bytes.empty()) return;
   const std::string text = bytes.substr(1) + std::string(text_command_length, '\0');

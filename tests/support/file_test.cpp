@@ -109,7 +109,7 @@ TEST_F(File, HolesAreFound) {
   std::fclose(stream);
 }
 
-TEST_F(File, CommandsHaveTheUsualSignalsAndALimit) {
+TEST_F(File, CommandsGetDefaultSignalsAndATimeout) {
   file_ignore_size_signal();
   std::signal(SIGPIPE, SIG_IGN);
   for (const std::string signal : {"XFSZ", "PIPE"})

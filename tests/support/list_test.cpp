@@ -6,7 +6,8 @@
 
 #include <gtest/gtest.h>
 
-// The capacity follows in whole numbers: fifths and quarters.
+// The capacity is compared too. It grows to 5/4 of the count, and shrinks when less than 3/5 is
+// used.
 TEST(GrowList, FollowsAVectorThroughRandomChanges) {
   GrowList list;
   growlist_initial_capacity = 9;

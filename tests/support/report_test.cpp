@@ -1,13 +1,18 @@
+// Reports, the end of memory, and the clock.
+
 #include "support/report.h"
 
+#include <chrono>
 #include <cstdio>
 #include <iostream>
+#include <new>
 #include <string>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include "support/clock.h"
+#include "support/memory.h"
 
 TEST(Report, OperationsNestAndArePrinted) {
   static double now = 5.5;
@@ -36,13 +41,38 @@ TEST(ReportDeathTest, WrongReportsAreFatal) {
   report_set_hooks({});
 }
 
-TEST(Report, SentencesAreCutAndHandedOn) {
-  static std::string told;
-  report_set_show([](const char *sentence) { told = sentence; });
+TEST(Report, LongSentencesAreTruncatedAndShown) {
+  static std::string shown;
+  report_set_show([](const char *sentence) { shown = sentence; });
   const std::string words = "5% " + std::string(2000, 'x');
   testing::internal::CaptureStderr();
   report_sentence("no %s", words.c_str());
-  EXPECT_EQ(told, "no " + words.substr(0, 1020));
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "vorel: " + told + "\n");
+  EXPECT_EQ(shown, "no " + words.substr(0, 1020));
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "vorel: " + shown + "\n");
   report_set_show(nullptr);
+}
+
+TEST(MemoryDeathTest, ExhaustionIsReportedAndEndsTheProgram) {
+  memory_begin();
+  EXPECT_EXIT(memory_block(SIZE_MAX / 2), testing::ExitedWithCode(1), "vorel: .* no memory");
+  EXPECT_EXIT(std::get_new_handler()(), testing::ExitedWithCode(1), "vorel: .* no memory");
+  memory_set_save(memory_exhausted);
+  EXPECT_EXIT(memory_exhausted(), testing::ExitedWithCode(1), "^$");
+  memory_set_save(nullptr);
+}
+
+static double steady() {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+TEST(Clock, ReadsTheCounterOrElseTheTicks) {
+  const double start = steady();
+  clock_sleep(30);
+  const double time = gfx_clock();
+  EXPECT_GE(time, start + 0.03);
+  EXPECT_LE(time, steady() + 1e-6);
+  clock_set_source(
+      {[](int32_t *, uint32_t *) { return false; }, nullptr, [] { return UINT32_MAX; }});
+  EXPECT_DOUBLE_EQ(gfx_clock(), 4294967.295);
+  clock_set_source(clock_steady);
 }

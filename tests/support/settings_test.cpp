@@ -19,7 +19,7 @@ struct SettingsFile : OwnFolder {
   }
 };
 
-TEST_F(SettingsFile, HasLinesOfAllEndings) {
+TEST_F(SettingsFile, LoadAcceptsAllLineEndings) {
   using namespace std::string_literals;
   EXPECT_TRUE(
       load("  Windowed (Y/N)  :   N  \r\na:b:c\rno separator\n:x\n\n:\0 z\t:\v\f\n\rlast:1"s));
@@ -33,7 +33,7 @@ TEST_F(SettingsFile, HasLinesOfAllEndings) {
   }
 }
 
-TEST_F(SettingsFile, HasKeysFoundByTheirStart) {
+TEST_F(SettingsFile, KeysMatchByPrefix) {
   load("Stereo mode (long):1\nWindowed (Y/N):Y\nwindowed:first\nWINDOWED:last\n:empty\n");
   EXPECT_STREQ(Settings_get(&list, "Windowed"), "last");
   EXPECT_STREQ(Settings_get(&list, "windowed ("), "Y");
@@ -47,7 +47,7 @@ TEST_F(SettingsFile, HasKeysFoundByTheirStart) {
                ": empty\nNew: one\nStereo mode: another\n");
 }
 
-TEST(Settings, YesHasThreeFirstLetters) {
+TEST(Settings, TrueStartsWithYTOr1) {
   std::string yes;
   for (char c = 127; c >= 0; c--)
     if (setting_is_true(std::string{c, 'y'}.c_str())) yes += c;

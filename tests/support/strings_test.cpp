@@ -13,7 +13,7 @@ TEST(Strings, NamesDifferOnlyByTheCaseOfAToZ) {
     EXPECT_FALSE(ascii_equal_nocase("edges", other)) << other;
 }
 
-TEST(Strings, SlotsMayGetTheirOwnText) {
+TEST(Strings, AssignmentAcceptsPartOfTheOldText) {
   char *slot = nullptr;
   string_assign(&slot, "first");
   EXPECT_EQ(string_assign(&slot, slot + 2), 3U);
@@ -21,7 +21,7 @@ TEST(Strings, SlotsMayGetTheirOwnText) {
   std::free(slot);
 }
 
-TEST(Strings, InFilesEndAtANul) {
+TEST(Strings, InFilesAreNulTerminated) {
   FILE *file = std::tmpfile();
   for (const char *text : {"two\nlines", "", "third"})
     file_write_string(*text == '\0' ? nullptr : text, file);

@@ -13,7 +13,7 @@
 TEST(Text, BlendsByModeAndRestoresTheState) {
   const auto state = [] {
     std::vector<int32_t> values;
-    for (const GLenum name : {GL_LIGHTING, GL_BLEND_SRC, GL_TEXTURE_BINDING_2D, GL_MATRIX_MODE})
+    for (const GLenum name : {GL_LIGHTING, GL_BLEND_SRC, GL_TEXTURE_BINDING_2D})
       glGetIntegerv(name, &values.emplace_back());
     return values;
   };

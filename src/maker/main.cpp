@@ -21,6 +21,9 @@ namespace {
 
 constexpr double max_nodes = 1e7;
 
+// Bytes per node, measured with planes: to make a maze, and what a picture of all of it adds.
+constexpr double maze_bytes = 350, picture_bytes = 1100;
+
 bool load(const std::string &path, World *world) {
   switch (World_load(world, path.c_str())) {
   case SessionLoad::loaded:
@@ -34,10 +37,10 @@ bool load(const std::string &path, World *world) {
   }
 }
 
-// Nodes, and what a picture needs for each.
-bool fits_memory(const MazeKind &kind, double size) {
+// Refuses what memory cannot hold, in a sentence.
+bool fits_memory(const MazeKind &kind, double size, bool with_picture) {
   const double nodes = MazeKind_nodes(kind, size);
-  const double bytes = nodes * 1.3 * sizeof(MazeNode);
+  const double bytes = nodes * (maze_bytes + (with_picture ? picture_bytes : 0));
   if (nodes <= max_nodes * 1.01 && bytes < static_cast<double>(memory_available())) return true;
   std::fprintf(stderr, "vorel-maze: a %s of side %.0f has about %.3g nodes, %s\n", kind.name, size,
                nodes,
@@ -49,7 +52,7 @@ Maze *make_tree(const Options &options) {
   if (options.kind.empty()) return Maze_new_tree(0);
   const MazeKind &kind = *MazeKind_find(options.kind.c_str());
   const double size = options.side > 0 ? options.side : kind.size;
-  return fits_memory(kind, size) ? Maze_new_of_kind(kind, size) : nullptr;
+  return fits_memory(kind, size, !options.picture.empty()) ? Maze_new_of_kind(kind, size) : nullptr;
 }
 
 // Prints a seed from the clock, so that the maze can be made again.

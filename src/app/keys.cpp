@@ -6,6 +6,7 @@
 #include "maze/attachment.h"
 #include "maze/attachment_names.h"
 #include "render/plot_switches.h"
+#include "world/roamer.h"
 
 namespace {
 
@@ -46,9 +47,10 @@ void keys_screenshot() {
   if (key_down(vk_control) && key_pressed('S')) screenshot_save("Vorel");
 }
 
-void keys_new_maze(World *world) {
+void keys_new_maze(Run *run) {
   if (!key_pressed('N')) return;
-  World_replace_maze(world, (key_down(vk_shift) ? 1 : 0) + (key_down(vk_control) ? 1 : 0));
+  World_replace_maze(&run->world, (key_down(vk_shift) ? 1 : 0) + (key_down(vk_control) ? 1 : 0));
+  World_set_roamers(&run->world, run->roamers);
 }
 
 bool keys_quit() {

@@ -9,8 +9,8 @@ void keys_switches(Run *run);
 // Ctrl+S saves a screenshot of the current frame.
 void keys_screenshot();
 
-// N replaces the tree of mazes. Shift and Ctrl each add 1 to the mode.
-void keys_new_maze(World *world);
+// N replaces the tree of mazes and its Roamers. Shift and Ctrl each add 1 to the mode.
+void keys_new_maze(Run *run);
 
 // Whether a key that ends the program is down.
 bool keys_quit();

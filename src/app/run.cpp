@@ -91,6 +91,7 @@ bool run_start(Run *run) {
   shader_procs_load(); // now, so that a lack of shaders is reported at once
   fonts_start();
   session_start(run);
+  World_set_roamers(&run->world, run->roamers);
   unsaved = run;
   memory_set_save(save_unsaved);
   std::atexit(save_at_exit);
@@ -120,7 +121,7 @@ bool run_frame(Run *run) {
   if (visible) World_apply_view(world);
   keys_switches(run);
   if (visible) draw_frame(run, dt);
-  keys_new_maze(world);
+  keys_new_maze(run);
   run->moved = relax_frame(&run->relaxation, world->cur.maze, dt, key_down('R'), key_down('E'));
   keys_screenshot();
   if (visible)

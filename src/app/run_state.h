@@ -18,6 +18,7 @@ struct Run {
   int32_t stereo_mode; // 0 to 8, but any number from the settings until a key changes it
   int32_t stereo_swap; // 0 or 1
   double stereo_depth;
+  uint32_t roamers; // number of Roamers, 0 to max_roamers
   World world;
   ViewControl control;
   Relaxation relaxation;

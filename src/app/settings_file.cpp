@@ -1,5 +1,6 @@
 #include "app/settings_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
@@ -9,6 +10,7 @@
 #include "gfx/display_settings.h"
 #include "gfx/window.h"
 #include "support/report.h"
+#include "world/roamer.h"
 
 namespace {
 
@@ -26,6 +28,12 @@ void save_settings(Run *run) {
                   settings_path, std::strerror(errno));
 }
 
+// 0 if there is no such setting, or no number in it.
+uint32_t roamer_count(const char *value) {
+  if (value == nullptr) return 0;
+  return static_cast<uint32_t>(std::clamp(std::strtol(value, nullptr, 10), 0L, long{max_roamers}));
+}
+
 } // namespace
 
 void settings_start(Run *run) {
@@ -40,6 +48,7 @@ void settings_start(Run *run) {
   Settings_default(&run->settings, "Stereo Depth", "0.05");
   const double depth = std::strtod(Settings_get(&run->settings, "Stereo Depth"), nullptr);
   run->stereo_depth = std::isfinite(depth) ? depth : 0.0;
+  run->roamers = roamer_count(Settings_get(&run->settings, "Roamers"));
   save_settings(run);
 }
 

@@ -2,8 +2,16 @@
 
 #include "world/world.h"
 
-// Walkers that leave their own times on the edges they cross. Nothing creates one yet. A new one
-// has a node without a submaze as `cur`, and Pos_null as `prev`.
+// Walkers that leave their own times on the edges they cross. `cur` is a node without a submaze;
+// `prev` is another one, or Pos_null before the first step.
+
+constexpr uint32_t max_roamers = 10000;    // that the program keeps
+constexpr double min_roamer_period = 0.15; // seconds
+constexpr double max_roamer_period = 0.6;  // seconds
+
+// Adds or removes Roamers until there are `count`. A new one gets a random node without a submaze,
+// any of them with the same probability, and a random period. The tree must have such a node.
+void World_set_roamers(World *world, uint32_t count);
 
 // Advances a Roamer's timer by dt seconds. When it runs out, takes a random step; goes straight
 // back only if fifty draws find no other way.

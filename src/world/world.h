@@ -5,7 +5,7 @@
 #include "support/mat3.h"
 #include "support/vec3.h"
 
-// A walker that moves by itself on the user's graph.
+// A walker that moves by itself on the user's graph, see world/roamer.h.
 struct Roamer {
   double timer;  // seconds to its next step
   double period; // seconds between steps

@@ -206,6 +206,9 @@ TEST_F(RunTest, ShiftAndCtrlSelectTheModeOfANewMaze) {
     EXPECT_EQ(run.world.roamers.count, 0u);
     frame(0.01);
   }
+  run.roamers = 5;
+  frame(0.01, {n});
+  EXPECT_EQ(run.world.roamers.count, 5u);
 }
 
 } // namespace

@@ -1,5 +1,8 @@
 #include "world/roamer.h"
 
+#include <map>
+#include <set>
+
 #include <gtest/gtest.h>
 
 #include "maze/pos.h"
@@ -42,6 +45,27 @@ TEST(Roamer, LastStepsFirstAfterFiftyDraws) {
     EXPECT_EQ(rows<Roamer>(world.roamers)[0].cur.node, 2 * rand_int(2));
     EXPECT_EQ(rows<Roamer>(world.roamers)[1].cur.node, 1); // straight back
   }
+}
+
+TEST(Roamer, NewOnesStartAtAnyPlaceWithTheirOwnPeriod) {
+  SmallWorld world(scenario_three_levels().root);
+  std::map<std::pair<Maze *, int32_t>, int> places;
+  std::set<double> periods;
+  World_set_roamers(&world, 4400);
+  for (uint32_t i = 0; i < 4400; i++) {
+    const Roamer &roamer = rows<Roamer>(world.roamers)[i];
+    places[{roamer.cur.maze, roamer.cur.node}]++;
+    periods.insert(roamer.period);
+  }
+  EXPECT_EQ(places.size(), 11U);
+  for (const auto &[place, count] : places) {
+    EXPECT_NEAR(count, 400, 80);
+    EXPECT_EQ(maze_nodes(place.first)[place.second].submaze, nullptr);
+  }
+  EXPECT_NEAR(*periods.begin(), 0.15, 0.01);
+  EXPECT_NEAR(*periods.rbegin(), 0.6, 0.01);
+  World_set_roamers(&world, 3);
+  EXPECT_EQ(world.roamers.count, 3U);
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 
 #include "gfx/display_settings.h"
 #include "gfx/window.h"
+#include "render/plot_switches.h"
 #include "support/report.h"
 #include "world/roamer.h"
 
@@ -49,6 +50,7 @@ void settings_start(Run *run) {
   const double depth = std::strtod(Settings_get(&run->settings, "Stereo Depth"), nullptr);
   run->stereo_depth = std::isfinite(depth) ? depth : 0.0;
   run->roamers = roamer_count(Settings_get(&run->settings, "Roamers"));
+  plot_roamers = run->roamers > 0 ? 1 : 0;
   save_settings(run);
 }
 

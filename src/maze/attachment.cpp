@@ -27,10 +27,18 @@ intptr_t Attachment_find(const Maze *maze, const char *name) {
   return i < 0 ? 0 : rows<Attachment>(maze->attachments)[i].data;
 }
 
-void Attachment_add(Maze *maze, const char *name, intptr_t data, AttachmentDestructor destructor) {
-  Attachment row = {nullptr, data, destructor};
+void Attachment_add(Maze *maze, const char *name, intptr_t data, AttachmentDestructor destructor,
+                    AttachmentTouch touch) {
+  Attachment row = {nullptr, data, destructor, touch};
   str_dup_into(&row.name, name);
   GrowList_append(&maze->attachments, &row);
+}
+
+void Attachment_touch(const Maze *maze, const char *name, int32_t node) {
+  const int32_t i = find_last(maze, name);
+  if (i < 0) return;
+  const Attachment &row = rows<Attachment>(maze->attachments)[i];
+  if (row.touch != nullptr) row.touch(row.data, node);
 }
 
 void Attachment_drop(Maze *maze, const char *name) {

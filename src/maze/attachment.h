@@ -10,17 +10,25 @@
 
 using AttachmentDestructor = void (*)(intptr_t data, Maze *maze);
 
+// Notes that times of a node or of its edges have changed.
+using AttachmentTouch = void (*)(intptr_t data, int32_t node);
+
 struct Attachment {
   char *name;                      // owned
   intptr_t data;                   // a pointer or a number
   AttachmentDestructor destructor; // frees the data and changes no other attachment; may be null
+  AttachmentTouch touch;           // may be null
 };
 
 // The data of the last attachment with that name; 0 if there is none.
 intptr_t Attachment_find(const Maze *maze, const char *name);
 
 // Appends an attachment with a copy of `name`. Older ones with that name stay.
-void Attachment_add(Maze *maze, const char *name, intptr_t data, AttachmentDestructor destructor);
+void Attachment_add(Maze *maze, const char *name, intptr_t data, AttachmentDestructor destructor,
+                    AttachmentTouch touch = nullptr);
+
+// Calls `touch` of the last attachment with that name, if there is one.
+void Attachment_touch(const Maze *maze, const char *name, int32_t node);
 
 // Calls the destructor of the last attachment with that name and removes it, if there is one.
 void Attachment_drop(Maze *maze, const char *name);

@@ -74,6 +74,12 @@ void Pos_mark_usertime(Maze *from_maze, int32_t from_node, Maze *to_maze, int32_
 
 void Pos_mark_roamertime(Maze *from_maze, int32_t from_node, Maze *to_maze, int32_t to_node,
                          double t) {
-  const Crossing crossing = find_crossing({from_maze, from_node}, {to_maze, to_node});
-  if (crossing.maze != nullptr) Maze_mark_roamertime(crossing.maze, crossing.a, crossing.b, t);
+  const Pos from = {from_maze, from_node}, to = {to_maze, to_node};
+  const Crossing crossing = find_crossing(from, to);
+  if (crossing.maze == nullptr) return;
+  Maze_mark_roamertime(crossing.maze, crossing.a, crossing.b, t);
+  for (const char *name : attachments_with_roamers) {
+    Attachment_touch(to.maze, name, to.node);
+    if (Pos_before(from, to)) Attachment_touch(from.maze, name, from.node); // it draws the edge
+  }
 }

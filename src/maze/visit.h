@@ -16,6 +16,6 @@ void Maze_mark_roamertime(Maze *maze, int32_t a, int32_t b, double t);
 void Pos_mark_usertime(Maze *from_maze, int32_t from_node, Maze *to_maze, int32_t to_node,
                        double t);
 
-// The same for a Roamer, but sets times only.
+// The same for a Roamer, but sets times only, and touches the attachments that show them.
 void Pos_mark_roamertime(Maze *from_maze, int32_t from_node, Maze *to_maze, int32_t to_node,
                          double t);

@@ -1,6 +1,7 @@
 #include "render/line_plot.h"
 
 #include <numbers>
+#include <string>
 
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
@@ -10,6 +11,7 @@
 #include "render/gl/immediate.h"
 #include "render/gl/shader_program.h"
 #include "render/gl/shaderprocs.h"
+#include "render/plot_switches.h"
 #include "render/shader_text.h"
 #include "support/colour.h"
 
@@ -20,23 +22,25 @@ constexpr int32_t chunk_nodes = 128; // more lists slow each frame, longer lists
 
 enum Stream { ribbons, discs, cross_level_ends };
 
-GLuint edge_program;
-GLuint node_program;
+GLuint edge_programs[2]; // without and with the trails of Roamers
+GLuint node_programs[2];
 
 // An edge that this maze draws, since its end p comes first (Pos_before).
 struct Ribbon {
   Vec3f p, q, to_p;
   float time; // of the user's last crossing; negative: never
   uint32_t colour;
+  float roamer; // the time of a Roamer
 };
 
 struct Disc {
   Vec3f centre;
   float time; // of the user's last arrival; negative: never
   uint32_t colour;
+  float roamer; // the time of a Roamer
 };
 
-static_assert(sizeof(Ribbon) == 44 && sizeof(Disc) == 20); // no padding
+static_assert(sizeof(Ribbon) == 48 && sizeof(Disc) == 24); // no padding
 
 void add(Box *box, Vec3f place) {
   box_add(box, {static_cast<double>(place.x), static_cast<double>(place.y),
@@ -51,9 +55,12 @@ void collect_ribbons(Pos here, bool all_levels, GrowList *streams, Box *box) {
        e--) {
     if (!Pos_before(here, ends[e])) continue;
     const Vec3 q = Pos_position(ends[e]);
-    const Ribbon ribbon = {rounded(p), rounded(q), rounded(p - q),
+    const Ribbon ribbon = {rounded(p),
+                           rounded(q),
+                           rounded(p - q),
                            static_cast<float>(edges[e].usertime),
-                           edge_colour(edges[e].colour, here, ends[e])};
+                           edge_colour(edges[e].colour, here, ends[e]),
+                           static_cast<float>(edges[e].roamertime)};
     GrowList_append(&streams[ribbons], &ribbon);
     if (ends[e].maze != here.maze) GrowList_append(&streams[cross_level_ends], &ends[e]);
     add(box, ribbon.p);
@@ -68,7 +75,8 @@ void collect(const CollectInput &input, GrowList *streams, Box *box) {
     const Pos here = {input.maze, i};
     collect_ribbons(here, input.all_levels, streams, box);
     const Disc disc = {rounded(node_position(node)), static_cast<float>(node.self.usertime),
-                       edge_colour(node.self.colour, here, Pos_null)};
+                       edge_colour(node.self.colour, here, Pos_null),
+                       static_cast<float>(node.self.roamertime)};
     GrowList_append(&streams[discs], &disc);
     add(box, disc.centre);
   }
@@ -84,7 +92,10 @@ void draw_ribbons(const GrowList &list, uint32_t first, uint32_t end, double hal
     const Ribbon &r = rows<Ribbon>(list)[i];
     gfx_set_colour(r.colour);
     send_normal(r.to_p);
-    glTexCoord2f(r.time, static_cast<float>(halfwidth));
+    if (plot_roamers != 0)
+      glTexCoord3f(r.time, static_cast<float>(halfwidth), r.roamer);
+    else
+      glTexCoord2f(r.time, static_cast<float>(halfwidth));
     send_corner(r.q, 0);
     send_corner(r.p, 2);
     send_corner(r.p, 3);
@@ -97,6 +108,7 @@ void draw_disc(const Disc &disc, double halfwidth) {
   glColor4f(static_cast<float>(colour_red(disc.colour)) / 255.0F,
             static_cast<float>(colour_green(disc.colour)) / 255.0F,
             static_cast<float>(colour_blue(disc.colour)) / 255.0F, disc.time);
+  if (plot_roamers != 0) send_normal({disc.roamer, 0, 0});
   send_shader_quad(disc.centre, halfwidth);
 }
 
@@ -111,14 +123,22 @@ double margin(const Box &box, double halfwidth, Vec3 camera) {
   return std::numbers::sqrt2 * (halfwidth + widening * box_max_distance(box, camera));
 }
 
-void begin_pass(GLuint program, const View &view) {
+// Builds the program when it is first used.
+GLuint begin_pass(GLuint *programs, const char *vertex, const char *fragment, const View &view) {
+  GLuint &program = programs[plot_roamers != 0 ? 1 : 0];
+  if (program == 0) {
+    const std::string shared = std::string(shader_agecolour) + (plot_roamers ? shader_roamers : "");
+    program = program_join(shared.c_str(), vertex, nullptr, fragment);
+  }
   program_use(program, view.projection);
   program_set_vec3(program, "o", view.camera);
   program_set_float(program, "t", view.world->time);
+  return program;
 }
 
 void draw_marker(const View &view) {
-  const Disc marker = {rounded(view.followed), static_cast<float>(view.world->time), colour_white};
+  const Disc marker = {rounded(view.followed), static_cast<float>(view.world->time), colour_white,
+                       static_cast<float>(time_never)};
   glBegin(GL_QUADS);
   draw_disc(marker, view.world->cur.maze->halfwidth);
   glEnd();
@@ -128,11 +148,12 @@ void draw_marker(const View &view) {
 
 const PlotBatch line_batch = {.name = attachment_lists,
                               .collect = collect,
-                              .streams = {{sizeof(Ribbon), GL_QUADS, draw_ribbons},
-                                          {sizeof(Disc), GL_QUADS, draw_discs},
-                                          {sizeof(Pos), 0, nullptr}},
+                              .streams = {{sizeof(Ribbon), GL_QUADS, draw_ribbons, sizeof(float)},
+                                          {sizeof(Disc), GL_QUADS, draw_discs, sizeof(float)},
+                                          {sizeof(Pos), 0, nullptr, 0}},
                               .passes = 2,
                               .chunk_nodes = chunk_nodes,
+                              .shows_roamers = true,
                               .end_stream = cross_level_ends,
                               .margin = margin};
 
@@ -154,22 +175,16 @@ void line_lists_call(Maze *maze, int32_t which, int32_t all_levels) {
 
 void line_edges_pass(Maze *root, const World *world, int32_t all_levels) {
   const View &view = view_of(world);
-  if (edge_program == 0)
-    edge_program =
-        program_join(shader_agecolour, shader_edge_vertex, nullptr, shader_edge_fragment);
-  begin_pass(edge_program, view);
-  program_set_float(edge_program, "r0", -root->halfwidth);
-  program_set_float(edge_program, "r1", root->halfwidth);
+  const GLuint program = begin_pass(edge_programs, shader_edge_vertex, shader_edge_fragment, view);
+  program_set_float(program, "r0", -root->halfwidth);
+  program_set_float(program, "r1", root->halfwidth);
   line_lists_call(root, ribbons, all_levels);
   gl.use_program(0);
 }
 
 void line_nodes_pass(Maze *root, const World *world, int32_t all_levels) {
   const View &view = view_of(world);
-  if (node_program == 0)
-    node_program =
-        program_join(shader_agecolour, shader_node_vertex, nullptr, shader_node_fragment);
-  begin_pass(node_program, view);
+  begin_pass(node_programs, shader_node_vertex, shader_node_fragment, view);
   line_lists_call(root, discs, all_levels);
   draw_marker(view);
   gl.use_program(0);

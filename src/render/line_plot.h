@@ -6,7 +6,8 @@
 
 // The plot that shows the history of the walk: edges as ribbons and nodes as discs that always face
 // the camera and look like tubes. The shaders do all that depends on the view or the time, so the
-// display lists of a maze stay valid until a step.
+// display lists of a maze stay valid until a step. With plot_roamers the trails of Roamers show
+// too, in the colours of visit_colour.
 
 // The attachment "lists": ribbons and discs, in two passes.
 extern const PlotBatch line_batch;

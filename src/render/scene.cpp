@@ -4,6 +4,7 @@
 #include "gfx/projection.h"
 #include "gfx/stereo.h"
 #include "gfx/window.h"
+#include "render/gl/draw_cache.h"
 #include "render/gl/view.h"
 #include "render/plot.h"
 #include "world/move.h"
@@ -35,6 +36,7 @@ void stereo_scene(const void *context) {
 
 void scene_draw(const World *world, int32_t stereo_mode, int32_t stereo_swap, double stereo_depth) {
   followed = World_follow_point(world);
+  draw_cache_begin_frame();
   stereo_render(stereo_scene, world, stereo_mode, stereo_swap, eye_separation(world, stereo_depth),
                 -stereo_depth);
 }

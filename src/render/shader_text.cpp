@@ -48,6 +48,12 @@ vec3 agecolour(float t)
 }
 )";
 
+// The mask 0x40FF80 of edge_colour.cpp.
+const char *const shader_roamers = R"(
+#define ROAMERS
+const vec3 roamer_tint=vec3(0.2510,1.0,0.5020);
+)";
+
 // Only the nearest copy of each repeating light counts. It fades to nothing at the faces of its
 // cell, so that no seam shows where the nearest copy changes.
 const char *const shader_lighting = R"(#version 120
@@ -92,6 +98,10 @@ void main()
   vec3 c=gl_Color.rgb;
   float ct=gl_MultiTexCoord0.x;
   if(ct>=0.0) c+=agecolour(t-ct);
+#ifdef ROAMERS
+  float rt=gl_MultiTexCoord0.z;
+  if(rt>=0.0) c+=roamer_tint*agecolour(t-rt);
+#endif
   gl_FrontColor=vec4(c,1.0);
   gl_TexCoord[0]=gl_MultiTexCoord0;
 }
@@ -139,6 +149,10 @@ void main()
   vec3 col=gl_Color.rgb;
   float ct=gl_Color.a;
   if(ct>=0.0) col+=agecolour(t-ct);
+#ifdef ROAMERS
+  float rt=gl_Normal.x;
+  if(rt>=0.0) col+=roamer_tint*agecolour(t-rt);
+#endif
   gl_FrontColor=vec4(col,1.0);
 }
 )";

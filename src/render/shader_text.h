@@ -7,17 +7,22 @@
 // "vec3 agecolour(float t)": the colour that an age of t seconds adds; see gl/age_colour.h.
 extern const char *const shader_agecolour;
 
+// Follows shader_agecolour in programs of ribbons and discs that show the trails of Roamers.
+extern const char *const shader_roamers;
+
 // "vec3 lighting(vec3 nv,vec3 ps)": the light on a surface with unit normal nv at the world
 // position ps, from four lights that repeat through all of space and from the user's light.
 extern const char *const shader_lighting;
 
 // Ribbons along edges. gl_Vertex: an end and a corner code 0 to 3; gl_Normal: the axis;
-// gl_MultiTexCoord0: the time of the last crossing and the half-width; gl_Color: the colour.
+// gl_MultiTexCoord0: the time of the last crossing, the half-width and, with shader_roamers, the
+// time of a Roamer's last crossing; gl_Color: the colour.
 extern const char *const shader_edge_vertex;
 extern const char *const shader_edge_fragment;
 
 // Discs on nodes. gl_Vertex: a corner, each -1 or 1; gl_MultiTexCoord0: centre and half-width;
-// gl_Color: the colour, and the time of the last arrival as alpha.
+// gl_Color: the colour, and the time of the last arrival as alpha; with shader_roamers,
+// gl_Normal.x: the time of a Roamer's last arrival.
 extern const char *const shader_node_vertex;
 extern const char *const shader_node_fragment;
 

@@ -91,21 +91,23 @@ void light_off() {
   glDisable(GL_LIGHTING);
 }
 
-constexpr PlotBatch mode_batch(PrimitiveStream first, PrimitiveStream second, bool lit) {
+constexpr PlotBatch mode_batch(PrimitiveStream first, PrimitiveStream second, bool lit,
+                               bool shows_ages) {
   return {.name = attachment_cell_list,
           .collect = collect,
           .streams = {first, second},
           .passes = second.size == 0 ? 1 : 2,
           .chunk_nodes = chunk_nodes,
+          .shows_roamers = shows_ages,
           .before = lit ? fixed_light_on : nullptr,
           .after = lit ? light_off : nullptr,
           .marker = draw_marker};
 }
 
 constexpr PlotBatch batches[] = {
-    mode_batch(lines, {}, false),    mode_batch(triangles, {}, false),
-    mode_batch(triangles, {}, true), mode_batch(triangles, {}, true),
-    mode_batch(triangles, {}, true), mode_batch(triangles, quads, true)};
+    mode_batch(lines, {}, false, true),    mode_batch(triangles, {}, false, true),
+    mode_batch(triangles, {}, true, true), mode_batch(triangles, {}, true, true),
+    mode_batch(triangles, {}, true, true), mode_batch(triangles, quads, true, false)};
 
 static_assert(std::size(batches) == std::size(layers));
 

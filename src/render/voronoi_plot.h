@@ -5,7 +5,7 @@
 
 // The maze as a landscape of cells, in one of the six modes of `voronoi_mode`, with the fixed
 // pipeline. The attachments "voronoi" and "voronoilist" keep a maze's cells and its draw cache,
-// which has the colours of the time when it was built.
+// which has the colours of the time when it was built; where Roamers walk, chunks are renewed.
 
 // Draws a tree of mazes and, after the user's maze, a marker, a little nearer to the camera than
 // the user's place.

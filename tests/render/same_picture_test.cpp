@@ -20,6 +20,7 @@
 #include "maze/pos.h"
 #include "maze/visit.h"
 #include "picture.h"
+#include "render/gl/draw_cache.h"
 #include "render/gl/view.h"
 #include "render/line_plot.h"
 #include "render/plot.h"
@@ -28,6 +29,7 @@
 #include "support/random.h"
 #include "world/camera.h"
 #include "world/move.h"
+#include "world/roamer.h"
 #include "world/small_world.h"
 
 namespace {
@@ -274,6 +276,37 @@ TEST(SamePicture, OfMazesThatChangeBeforeTheyAreVisible) {
     drop_all(world.root);
     EXPECT_FALSE(draw(world, plot) == before);
   }
+}
+
+// Chunks are renewed in turn, even if all are touched in every frame.
+TEST(SamePicture, WhereRoamersWalk) {
+  rand_seed(5);
+  World world = {};
+  world.showtrail = 1;
+  GrowList_init(&world.roamers, sizeof(Roamer));
+  world.root = Maze_plane_xy(24, 24);
+  Maze_carve(world.root);
+  look(&world, {world.root, 300}, 26, 0.3, -0.4);
+  plot_roamers = 1;
+  for (int turn = 0; turn < 60; turn++) {
+    const Plot &plot = turn < 45 ? lines : outlines;
+    world.time++;
+    const Slabs before = draw(world, plot);
+    World_set_roamers(&world, turn % 5 == 0 ? 999 : 2);
+    World_step_roamers(&world, 1);
+    if (turn % 5 == 1 && plot.mode < 0) step(&world, false);
+    for (int frame = 0; frame < 5; frame++) {
+      draw_cache_begin_frame();
+      draw(world, plot);
+      for (int32_t node = 0; turn % 5 == 0 && node < 24 * 24; node++)
+        Attachment_touch(world.root, plot.mode < 0 ? attachment_lists : attachment_cell_list,
+                           node);
+    }
+    EXPECT_FALSE(draw_and_compare(world, plot) == before) << turn;
+    if (plot.mode >= 0) Attachment_drop(world.root, attachment_cell_list); // it keeps ages
+  }
+  plot_roamers = 0;
+  World_free(&world);
 }
 
 // A step changes few of many primitives. Other changes move all of them, or add and remove some.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <cstring>
 #include <utility>
 
 #include "gfx/window.h"
@@ -22,6 +23,8 @@ struct Chunk {
   NodeRange nodes;
   uint32_t primitive_end[max_streams]; // primitives of this chunk and those before it
   bool compiled;
+  bool stale;     // touched since its primitives were collected or its list was compiled
+  uint32_t round; // in which it was last renewed
   Bounds bounds;
 };
 
@@ -54,6 +57,16 @@ struct DrawCache {
 // Caches whose attachment was dropped, newest first, kept for their display lists. Not kept as
 // attachments, since the statistics overlay lists those.
 DrawCache *retired;
+
+// Renewals are spread over frames, so that any number of Roamers costs a frame little time. A round
+// lasts until all stale chunks that were visible are renewed.
+constexpr int32_t renewals_per_frame = 1000; // primitives; the last chunk may exceed it
+
+struct {
+  uint32_t round = 1;
+  int32_t left = renewals_per_frame;
+  bool unfinished; // this frame left a stale chunk as it was
+} renewals;
 
 constexpr int32_t max_retired = 2; // per batch: a step drops the caches of two mazes at most
 
@@ -130,8 +143,20 @@ void destroy(intptr_t data, Maze *maze) {
   if (maze_count(maze) == 0) release_retired_of_destroyed();
 }
 
+void touch(intptr_t data, int32_t node) {
+  auto *cache = reinterpret_cast<DrawCache *>(data);
+  if (!cache->batch->shows_roamers) return;
+  const int32_t chunk = (maze_count(cache->maze) - 1 - node) / cache->batch->chunk_nodes;
+  rows<Chunk>(cache->chunks)[chunk].stale = true;
+}
+
 DrawCache *find(const Maze *maze, const PlotBatch &batch) {
   return reinterpret_cast<DrawCache *>(Attachment_find(maze, batch.name));
+}
+
+void init_streams(GrowList *streams, const PlotBatch &batch) {
+  for (int32_t k = 0; k < max_streams && batch.streams[k].size > 0; k++)
+    GrowList_init(&streams[k], batch.streams[k].size);
 }
 
 DrawCache *new_cache(Maze *maze, const PlotBatch &batch, bool all_levels) {
@@ -140,10 +165,9 @@ DrawCache *new_cache(Maze *maze, const PlotBatch &batch, bool all_levels) {
   cache->maze = maze;
   cache->all_levels = all_levels;
   cache->halfwidth = maze->halfwidth;
-  for (int32_t k = 0; k < max_streams && batch.streams[k].size > 0; k++) {
-    GrowList_init(&cache->streams[k], batch.streams[k].size);
-    if (k < batch.passes) GrowList_reserve(&cache->streams[k], maze->nodes.count);
-  }
+  init_streams(cache->streams, batch);
+  for (int32_t k = 0; k < batch.passes; k++)
+    GrowList_reserve(&cache->streams[k], maze->nodes.count);
   GrowList_init(&cache->chunks, sizeof(Chunk));
   GrowList_init(&cache->children, sizeof(Child));
   return cache;
@@ -177,7 +201,7 @@ void collect_chunks(DrawCache *cache, const World *world) {
     cache->own_nodes.low = cache->own_nodes.high = node_position(maze_nodes(cache->maze)[0]);
   for (NodeRange &nodes = input.nodes; nodes.end > 0; nodes.end = nodes.first) {
     nodes.first = std::max(nodes.end - cache->batch->chunk_nodes, 0);
-    Chunk chunk = {nodes, {}, false, {box_empty, cache->halfwidth}};
+    Chunk chunk = {nodes, {}, false, false, 0, {box_empty, cache->halfwidth}};
     cache->batch->collect(input, cache->streams, &chunk.bounds.box);
     for (int32_t k = 0; k < max_streams; k++)
       chunk.primitive_end[k] = cache->streams[k].count;
@@ -197,15 +221,34 @@ bool is_same_chunk(const DrawCache *a, const DrawCache *b, uint32_t chunk) {
   return true;
 }
 
+// Whether the chunks differ at most by the times of Roamers.
+bool is_same_but_for_roamers(const DrawCache *a, const DrawCache *b, uint32_t chunk) {
+  for (int32_t k = 0; k < a->batch->passes; k++) {
+    const size_t size = a->batch->streams[k].size;
+    const uint32_t begin_a = primitive_begin(a, chunk, k), begin_b = primitive_begin(b, chunk, k);
+    const uint32_t count = rows<Chunk>(a->chunks)[chunk].primitive_end[k] - begin_a;
+    if (count != rows<Chunk>(b->chunks)[chunk].primitive_end[k] - begin_b) return false;
+    const auto *row_a = static_cast<const uint8_t *>(a->streams[k].data) + begin_a * size;
+    const auto *row_b = static_cast<const uint8_t *>(b->streams[k].data) + begin_b * size;
+    for (uint32_t i = 0; i < count; i++, row_a += size, row_b += size)
+      if (std::memcmp(row_a, row_b, size - a->batch->streams[k].roamer_size) != 0) return false;
+  }
+  return true;
+}
+
 // Reuses the display lists of the previous version; a chunk whose primitives are unchanged stays
-// compiled.
+// compiled. So does a stale one that only Roamers have changed, to be renewed in its turn.
 void reuse_display_lists(DrawCache *cache, DrawCache *old) {
   if (cache->batch != old->batch || cache->chunks.count != old->chunks.count ||
       cache->halfwidth != old->halfwidth)
     return;
-  for (uint32_t k = 0; k < cache->chunks.count; k++)
-    rows<Chunk>(cache->chunks)[k].compiled =
-        rows<Chunk>(old->chunks)[k].compiled && is_same_chunk(cache, old, k);
+  for (uint32_t k = 0; k < cache->chunks.count; k++) {
+    Chunk &chunk = rows<Chunk>(cache->chunks)[k];
+    const Chunk &before = rows<Chunk>(old->chunks)[k];
+    chunk.round = before.round;
+    chunk.stale = before.compiled && before.stale && is_same_but_for_roamers(cache, old, k);
+    chunk.compiled = chunk.stale || (before.compiled && is_same_chunk(cache, old, k));
+  }
   std::swap(cache->first_list, old->first_list);
 }
 
@@ -218,7 +261,7 @@ DrawCache *find_or_build(Maze *maze, const PlotBatch &batch, bool all_levels, co
     reuse_display_lists(cache, old);
     release(old);
   }
-  Attachment_add(maze, batch.name, reinterpret_cast<intptr_t>(cache), destroy);
+  Attachment_add(maze, batch.name, reinterpret_cast<intptr_t>(cache), destroy, touch);
   return cache;
 }
 
@@ -293,6 +336,56 @@ void compile_chunk(DrawCache *cache, uint32_t k) {
   chunk.compiled = true;
 }
 
+// Grows the bounds of a cache and of its ancestors.
+void widen(DrawCache *cache, const Box &box) {
+  box_unite(&cache->subtree.box, box);
+  for (; cache->parent != nullptr; cache = cache->parent) {
+    box_unite(&rows<Child>(cache->parent->children)[cache->child_index].bounds.box, box);
+    box_unite(&cache->parent->subtree.box, box);
+  }
+}
+
+// Collects a chunk's primitives again. Their number is the same: only an attachment that was
+// dropped gets others.
+void renew_primitives(DrawCache *cache, uint32_t k, const World *world) {
+  Chunk &chunk = rows<Chunk>(cache->chunks)[k];
+  GrowList streams[max_streams];
+  init_streams(streams, *cache->batch);
+  chunk.bounds.box = box_empty;
+  cache->batch->collect({cache->maze, chunk.nodes, cache->all_levels, world}, streams,
+                        &chunk.bounds.box);
+  for (int32_t i = 0; i < max_streams && cache->batch->streams[i].size > 0; i++) {
+    const size_t size = cache->batch->streams[i].size;
+    const uint32_t begin = primitive_begin(cache, k, i);
+    assert(streams[i].count == chunk.primitive_end[i] - begin);
+    std::memcpy(static_cast<uint8_t *>(cache->streams[i].data) + begin * size, streams[i].data,
+                streams[i].count * size);
+    GrowList_free(&streams[i]);
+  }
+  widen(cache, chunk.bounds.box);
+}
+
+uint32_t drawn_primitives(const DrawCache *cache, uint32_t k) {
+  uint32_t count = 0;
+  for (int32_t pass = 0; pass < cache->batch->passes; pass++)
+    count += rows<Chunk>(cache->chunks)[k].primitive_end[pass] - primitive_begin(cache, k, pass);
+  return count;
+}
+
+// Renews a visible chunk if it is its turn.
+void renew_chunk(DrawCache *cache, uint32_t k, const World *world) {
+  Chunk &chunk = rows<Chunk>(cache->chunks)[k];
+  if (!chunk.stale || chunk.round == renewals.round) return;
+  if (renewals.left <= 0) {
+    renewals.unfinished = true;
+    return;
+  }
+  renew_primitives(cache, k, world);
+  renewals.left -= static_cast<int32_t>(drawn_primitives(cache, k));
+  chunk.round = renewals.round;
+  chunk.stale = chunk.compiled = false;
+}
+
 // What culling needs while one tree is drawn.
 struct CullState {
   const PlotBatch *batch;
@@ -311,6 +404,7 @@ bool is_visible(const CullState &cull, const Bounds &bounds) {
 void call_chunks(const CullState &cull, DrawCache *cache, int32_t pass) {
   for (uint32_t k = 0; k < cache->chunks.count; k++) {
     if (!is_visible(cull, rows<Chunk>(cache->chunks)[k].bounds)) continue;
+    renew_chunk(cache, k, cull.view->world);
     compile_chunk(cache, k);
     glCallList(list_name(cache, k, pass));
   }
@@ -372,6 +466,12 @@ Box current_bounds(const DrawCache *cache, uint32_t k) {
 }
 
 } // namespace
+
+void draw_cache_begin_frame() {
+  if (!renewals.unfinished) renewals.round++;
+  renewals.left = renewals_per_frame;
+  renewals.unfinished = false;
+}
 
 void draw_cache_draw(Maze *root, const PlotBatch &batch, int32_t pass, bool all_levels,
                      const View &view) {

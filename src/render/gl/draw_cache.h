@@ -12,7 +12,9 @@
 // were when the attachment was built, their bounds, and display lists. A list holds a chunk of
 // nodes and is compiled when the chunk is first visible. When an attachment was dropped and is
 // built again, chunks with unchanged primitives keep their lists: a step compares all primitives
-// but compiles few.
+// but compiles few. When a node was touched, the whole attachment stays and only its chunk is
+// renewed, as soon as it is visible. A frame renews few chunks; others stay as they are until their
+// turn comes.
 
 // Nodes of a maze from `first` to before `end`.
 struct NodeRange {
@@ -33,6 +35,8 @@ struct PrimitiveStream {
 
   // Sends primitives from `first` to before `end`, within glBegin and glEnd; null: never drawn.
   void (*draw)(const GrowList &primitives, uint32_t first, uint32_t end, double halfwidth);
+
+  uint32_t roamer_size = 0; // bytes at the end of a primitive that only Roamers change
 };
 
 constexpr int32_t max_streams = 3;
@@ -48,6 +52,7 @@ struct PlotBatch {
   PrimitiveStream streams[max_streams];
   int32_t passes = 1;                   // the first streams, each drawn in a pass of its own
   int32_t chunk_nodes;                  // nodes of a display list
+  bool shows_roamers = false;           // chunks are renewed when their nodes are touched
   int32_t end_stream = -1;              // stream of Pos: ends of edges in other mazes
   int32_t cull_planes = frustum_planes; // how many frustum planes to cull against
 
@@ -61,6 +66,10 @@ struct PlotBatch {
   // Draws the user's marker after the lists of the current maze, visible or not; may be null.
   void (*marker)(const View &view) = nullptr;
 };
+
+// Call before each frame: allows it to renew chunks. None is renewed twice while another that was
+// visible waits.
+void draw_cache_begin_frame();
 
 constexpr int32_t every_pass = -1; // one after another in each maze
 

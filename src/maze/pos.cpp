@@ -69,3 +69,8 @@ Vec3 Pos_position(Pos pos) {
   assert(pos.maze && pos.node >= 0 && pos.node < maze_count(pos.maze));
   return node_position(maze_nodes(pos.maze)[pos.node]);
 }
+
+bool Pos_is_place(Pos pos) {
+  if (pos.maze == nullptr || pos.node < 0 || pos.node >= maze_count(pos.maze)) return false;
+  return maze_nodes(pos.maze)[pos.node].submaze == nullptr;
+}

@@ -27,3 +27,6 @@ int32_t Pos_edges(Maze *maze, int32_t node, bool all_levels, Pos *out, MazeEdge 
 
 // World position of the node.
 Vec3 Pos_position(Pos pos);
+
+// Whether the user or a Roamer can be there: a node without a submaze. False for Pos_null.
+bool Pos_is_place(Pos pos);

@@ -10,10 +10,12 @@
 #include "maze/pos.h"
 #include "support/bytes.h"
 #include "support/file.h"
+#include "world/roamer_file.h"
 
 namespace {
 
-// The list header of the Roamers in the file, which does not depend on the list.
+// The list header of the Roamers in the block, which does not depend on the list. Their rows are in
+// a block of their own, see world/roamer_file.h.
 constexpr uint32_t header_data = 0, header_mirror = 0, header_count = 0, header_capacity = 1,
                    header_initial = 1, header_elemsize = 32;
 constexpr float header_growth = 60.0F;
@@ -62,12 +64,6 @@ void sanitise_numbers(World *world) {
   if (!is_finite(world->camera)) world->camera = {0.0, 0.0, world->zoom};
 }
 
-// Whether the user can be there.
-bool is_place(Pos pos) {
-  if (pos.maze == nullptr || pos.node < 0 || pos.node >= maze_count(pos.maze)) return false;
-  return maze_nodes(pos.maze)[pos.node].submaze == nullptr;
-}
-
 // False, with errno, on failure.
 bool save_once(const World *world, const char *path) {
   FileReplacement file;
@@ -91,6 +87,7 @@ void World_write(const World *world, ByteWriter *out) {
   Maze_write(world->root, out, world->cur.maze);
   write_number(out, world->cur.node);
   write_block(out, world);
+  Roamers_write(world, out);
   flush_bytes(out);
 }
 
@@ -114,11 +111,11 @@ bool World_read(World *world, ByteReader *in) {
   if (loaded.root == nullptr) return false;
   loaded.cur.node = read_number<int32_t>(in);
   read_block(in, &loaded);
-  if (in->failed || bytes_left(in) > 0 || !is_place(loaded.cur)) {
-    Maze_destroy(loaded.root, 1);
+  GrowList_init(&loaded.roamers, sizeof(Roamer));
+  if (in->failed || !Pos_is_place(loaded.cur) || !Roamers_read(&loaded, in)) {
+    World_free(&loaded);
     return false;
   }
-  GrowList_init(&loaded.roamers, sizeof(Roamer));
   sanitise_numbers(&loaded);
   *world = loaded;
   return true;

@@ -3,7 +3,8 @@
 #include "support/bytes.h"
 #include "world/world.h"
 
-// The session in a file: the tree of mazes, the user's node, clock, view, camera and zoom.
+// The session in a file: the tree of mazes, the user's node, clock, view, camera and zoom, and
+// the Roamers.
 
 // `unreadable`, with errno: the file exists, but can't be opened or read, or memory is too small.
 enum class SessionLoad { loaded, absent, damaged, unreadable };
@@ -17,9 +18,10 @@ bool World_save(const World *world, const char *path);
 void World_serialise(const World *world, GrowList *blocks);
 
 // Reads a session. Anything malformed, and a sparse file, gives `damaged`. `world` changes only on
-// `loaded`: it then has no offset and no Roamers, and all mazes have the default halfwidth. A clock
+// `loaded`: it then has no offset, and all mazes have the default halfwidth. A clock
 // that is negative or not finite, a zoom that is not positive and finite, and a view or camera that
-// is not finite get the values of a new session.
+// is not finite get the values of a new session. A
+// damaged Roamer removes all Roamers, and nothing else.
 SessionLoad World_load(World *world, const char *path);
 
 // Writes the bytes of the file.

@@ -18,6 +18,7 @@
 #include "own_folder.h"
 #include "scenarios.h"
 #include "tree_text.h"
+#include "world/roamer.h"
 #include "world/small_world.h"
 
 namespace {
@@ -87,8 +88,6 @@ TEST(Session, BytesMatchTheDescription) {
   ASSERT_NE(world.root, nullptr);
   EXPECT_EQ(text_of(world), file.text);
   // These are not saved.
-  const Roamer walker = {1, 1, world.cur, Pos_null};
-  GrowList_append(&world.roamers, &walker);
   world.offset = {1, 2, 3};
   world.root->halfwidth = 0.3;
   EXPECT_EQ(bytes_of(world), expected);
@@ -110,6 +109,36 @@ TEST(Session, TruncatedExtendedAndFlippedFilesAreRejected) {
       flipped[at] = static_cast<uint8_t>(flipped[at] ^ 1 << bit);
       EXPECT_EQ(read_world(flipped).root, nullptr) << "bit " << bit << " of byte " << at;
     }
+}
+
+// Any other byte in the rows gives another Roamer, or none at all.
+TEST(Session, RoamersAreKeptAndDamageRemovesOnlyThem) {
+  SmallWorld world(scenario_three_levels().root);
+  world.cur.node = 3;
+  World_set_roamers(&world, 2);
+  World_step_roamers(&world, 1);
+  World_set_roamers(&world, 3); // the last one has no `prev`
+  const Bytes with = bytes_of(world);
+  World_set_roamers(&world, 0);
+  const Bytes without = bytes_of(world);
+  ASSERT_EQ(with.size(), without.size() + 8 + 3 * 32);
+  int removed = 0;
+  for (size_t at = without.size(); at <= with.size(); at++) {
+    Bytes damaged = with;
+    damaged.resize(std::max(at + 1, damaged.size()));
+    damaged[at] ^= 0xC0;
+    World read = read_world(damaged);
+    EXPECT_EQ(read.root == nullptr, at < without.size() + 4) << at;
+    if (read.root == nullptr) continue;
+    const Bytes again = bytes_of(read);
+    removed += again == without;
+    EXPECT_TRUE(again == damaged || again == without) << at;
+    World_free(&read);
+  }
+  EXPECT_GT(removed, 48);
+  World read = read_world(with);
+  EXPECT_EQ(bytes_of(read), with);
+  World_free(&read);
 }
 
 TEST(Session, DeepTreesAndEmptyMazesSurvive) {

@@ -9,8 +9,10 @@
 
 #include "gfx/display_settings.h"
 #include "gfx/window.h"
+#include "render/gl/age_colour.h"
 #include "render/plot_switches.h"
 #include "support/report.h"
+#include "support/strings.h"
 #include "world/roamer.h"
 
 namespace {
@@ -51,6 +53,8 @@ void settings_start(Run *run) {
   run->stereo_depth = std::isfinite(depth) ? depth : 0.0;
   run->roamers = roamer_count(Settings_get(&run->settings, "Roamers"));
   plot_roamers = run->roamers > 0 ? 1 : 0;
+  const char *trail = Settings_get(&run->settings, "Trail");
+  age_colour_light = trail != nullptr && ascii_equal_nocase(trail, "light");
   save_settings(run);
 }
 

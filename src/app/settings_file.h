@@ -5,7 +5,9 @@
 // The settings of a run: "config.txt" in the working directory. Failures are reported to the user;
 // a file that can't be read is not replaced.
 
-// Reads the settings, adds missing ones, writes the file. Sets `windowed` and the coded resolution.
+// Reads the settings, adds missing ones and writes the file. Sets `windowed`, the coded
+// resolution and the switches that have no keys. "Roamers" and "Trail" count if they are there, and
+// are not added.
 void settings_start(Run *run);
 
 // Writes the file and frees the settings.

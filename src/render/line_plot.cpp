@@ -7,6 +7,7 @@
 #include "gfx/gl_util.h"
 #include "maze/attachment_names.h"
 #include "maze/pos.h"
+#include "render/gl/age_colour.h"
 #include "render/gl/edge_colour.h"
 #include "render/gl/immediate.h"
 #include "render/gl/shader_program.h"
@@ -22,8 +23,8 @@ constexpr int32_t chunk_nodes = 128; // more lists slow each frame, longer lists
 
 enum Stream { ribbons, discs, cross_level_ends };
 
-GLuint edge_programs[2]; // without and with the trails of Roamers
-GLuint node_programs[2];
+GLuint edge_programs[2][2]; // by age_colour_light and by plot_roamers
+GLuint node_programs[2][2];
 
 // An edge that this maze draws, since its end p comes first (Pos_before).
 struct Ribbon {
@@ -123,13 +124,17 @@ double margin(const Box &box, double halfwidth, Vec3 camera) {
   return std::numbers::sqrt2 * (halfwidth + widening * box_max_distance(box, camera));
 }
 
+// The text that the vertex shaders share.
+std::string shared_text() {
+  const std::string ages = age_colour_light ? shader_agecolour_light : shader_agecolour;
+  return plot_roamers != 0 ? ages + shader_roamers : ages;
+}
+
 // Builds the program when it is first used.
-GLuint begin_pass(GLuint *programs, const char *vertex, const char *fragment, const View &view) {
-  GLuint &program = programs[plot_roamers != 0 ? 1 : 0];
-  if (program == 0) {
-    const std::string shared = std::string(shader_agecolour) + (plot_roamers ? shader_roamers : "");
-    program = program_join(shared.c_str(), vertex, nullptr, fragment);
-  }
+GLuint begin_pass(GLuint programs[2][2], const char *vertex, const char *fragment,
+                  const View &view) {
+  GLuint &program = programs[age_colour_light ? 1 : 0][plot_roamers != 0 ? 1 : 0];
+  if (program == 0) program = program_join(shared_text().c_str(), vertex, nullptr, fragment);
   program_use(program, view.projection);
   program_set_vec3(program, "o", view.camera);
   program_set_float(program, "t", view.world->time);

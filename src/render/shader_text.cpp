@@ -48,6 +48,15 @@ vec3 agecolour(float t)
 }
 )";
 
+// In 1/255: 0.0667 is 17 and 0.0784 is 20.
+const char *const shader_agecolour_light = R"(#version 120
+vec3 agecolour(float t)
+{
+  t=log(max(1.0,t*100.0))/log(10.0);
+  return vec3(0.0667+0.0784*clamp(7.0-t,0.0,6.0));
+}
+)";
+
 // The mask 0x40FF80 of edge_colour.cpp.
 const char *const shader_roamers = R"(
 #define ROAMERS

@@ -6,6 +6,7 @@
 
 // "vec3 agecolour(float t)": the colour that an age of t seconds adds; see gl/age_colour.h.
 extern const char *const shader_agecolour;
+extern const char *const shader_agecolour_light; // with age_colour_light
 
 // Follows shader_agecolour in programs of ribbons and discs that show the trails of Roamers.
 extern const char *const shader_roamers;

@@ -19,29 +19,35 @@ constexpr const char *plain_fragment = "#version 120\n"
 
 // Within each decade and at its end. Computed by hand: at the ends of the decades from 0.01 s on
 // the grey is 123, 107, 91, 75, 59, 43, 27 and then 17, plus 0 or 36, or 18 at 1e7 s. The shader is
-// tested a little after each end, where rounding can't select another decade.
+// tested a little after each end, where rounding can't select another decade.  The light
+// grey is 137 up to 0.1 s and 20 less at the end of each decade from there to 1e5 s.
 TEST(AgeColour, ShaderAndProcessorAgreeInEachDecade) {
   const struct {
     double age;
-    uint32_t colour;
-  } ages[] = {{-5, 0x9F9F9F},     {0, 0x9F9F9F},       {0.01, 0x9F9F9F},  {0.032, 0x979797},
-              {0.1, 0x8F8F8F},    {0.32, 0x877587},    {1, 0x7F7F7F},     {3.2, 0x775365},
-              {10, 0x6F4B6F},     {32, 0x675543},      {100, 0x5F3B3B},   {320, 0x455733},
-              {1000, 0x4F4F2B},   {3200, 0x234735},    {10000, 0x1B3F1B}, {32000, 0x132537},
-              {100000, 0x113535}, {320000, 0x1A1A2C},  {1e+06, 0x111135}, {3.2e+06, 0x1A1A1A},
-              {1e+07, 0x232323},  {3.2e+07, 0x111111}, {1e+08, 0x111111}};
+    uint32_t colour, light;
+  } ages[] = {{-5, 0x9F9F9F, 0x89},      {0, 0x9F9F9F, 0x89},       {0.01, 0x9F9F9F, 0x89},
+              {0.032, 0x979797, 0x89},   {0.1, 0x8F8F8F, 0x89},     {0.32, 0x877587, 0x7E},
+              {1, 0x7F7F7F, 0x75},       {3.2, 0x775365, 0x6A},     {10, 0x6F4B6F, 0x61},
+              {32, 0x675543, 0x56},      {100, 0x5F3B3B, 0x4D},     {320, 0x455733, 0x42},
+              {1000, 0x4F4F2B, 0x39},    {3200, 0x234735, 0x2E},    {10000, 0x1B3F1B, 0x25},
+              {32000, 0x132537, 0x1A},   {100000, 0x113535, 0x11},  {320000, 0x1A1A2C, 0x11},
+              {1e+06, 0x111135, 0x11},   {3.2e+06, 0x1A1A1A, 0x11}, {1e+07, 0x232323, 0x11},
+              {3.2e+07, 0x111111, 0x11}, {1e+08, 0x111111, 0x11}};
   picture_begin();
   shader_procs_load();
-  const char *const vertex[] = {shader_agecolour,
-                                "void main() { gl_Position = gl_Vertex; gl_FrontColor = "
-                                "vec4(agecolour(gl_MultiTexCoord0.x), 1.0); }\n"};
-  gl.use_program(program_build(vertex, 2, &plain_fragment, 1, nullptr, nullptr, nullptr));
-  for (const auto &[age, colour] : ages) {
-    EXPECT_EQ(agecolour_rgb(age), colour) << age << std::hex << " 0x" << agecolour_rgb(age);
-    glTexCoord1d(age * 1.003);
-    glRecti(-1, -1, 1, 1);
-    const uint32_t seen = picture_colour(picture_take(), 9, 9);
-    EXPECT_LE(colour_distance(seen, agecolour_rgb(age * 1.003)), 3) << age << " in the shader";
+  for (const bool light : {true, false}) {
+    const char *const vertex[] = {light ? shader_agecolour_light : shader_agecolour,
+                                  "void main() { gl_Position = gl_Vertex; gl_FrontColor = "
+                                  "vec4(agecolour(gl_MultiTexCoord0.x), 1.0); }\n"};
+    gl.use_program(program_build(vertex, 2, &plain_fragment, 1, nullptr, nullptr, nullptr));
+    age_colour_light = light;
+    for (const auto &[age, colour, grey] : ages) {
+      EXPECT_EQ(agecolour_rgb(age), light ? grey * 0x010101 : colour) << age;
+      glTexCoord1d(age * 1.003);
+      glRecti(-1, -1, 1, 1);
+      const uint32_t seen = picture_colour(picture_take(), 9, 9);
+      EXPECT_LE(colour_distance(seen, agecolour_rgb(age * 1.003)), 3) << age << " in the shader";
+    }
   }
   gl.use_program(0);
 }

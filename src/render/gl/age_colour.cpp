@@ -24,10 +24,18 @@ Rgb ramp(double t, int32_t i) {
   return {0, 0, 0};
 }
 
+// A grey at t decades.
+uint32_t light_grey(double t) {
+  return 0x010101 * static_cast<uint32_t>(17.0 + 20.0 * std::clamp(7.0 - t, 0.0, 6.0));
+}
+
 } // namespace
+
+bool age_colour_light;
 
 uint32_t agecolour_rgb(double age) {
   const double t = std::log10(std::max(1.0, age * 100.0));
+  if (age_colour_light) return light_grey(t);
   const auto i = static_cast<int32_t>(std::fmod(t, 1.0) * 36.0);
   const auto grey = static_cast<int32_t>(std::max(6.638888888888889 - t, 0.0) * 16.0 + 17.0);
   const Rgb add = ramp(t, i);

@@ -3,12 +3,14 @@
 #include <cmath>
 #include <numbers>
 
+#include "gfx/anaglyph.h"
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
 #include "gfx/platform.h"
 #include "gfx/screen.h"
 #include "gfx/tile.h"
 #include "support/bits.h"
+#include "support/colour.h"
 
 namespace {
 
@@ -126,12 +128,18 @@ void draw_tinted(uint32_t texture, uint32_t colour) {
 
 void draw_tinted_eyes(uint32_t first_colour, uint32_t second_colour) {
   gfx_push_2d();
-  glEnable(GL_BLEND);
-  glBlendFunc(GL_ONE, GL_ONE);
   glEnable(GL_TEXTURE_2D);
   glDisable(GL_LIGHTING);
-  draw_tinted(stereo_eye_textures[0], first_colour);
-  draw_tinted(stereo_eye_textures[1], second_colour);
+  if (anaglyph_begin(first_colour, second_colour, stereo_eye_textures[1])) {
+    glDisable(GL_BLEND);
+    draw_tinted(stereo_eye_textures[0], colour_white);
+    anaglyph_end();
+  } else {
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_ONE, GL_ONE);
+    draw_tinted(stereo_eye_textures[0], first_colour);
+    draw_tinted(stereo_eye_textures[1], second_colour);
+  }
   glDisable(GL_BLEND);
   glDisable(GL_TEXTURE_2D);
   gfx_pop_2d();

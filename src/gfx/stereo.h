@@ -26,7 +26,8 @@ void stereo_split(StereoScene scene, const void *context, int32_t swap, double e
 void stereo_two_screen(StereoScene scene, const void *context, int32_t swap, int32_t vertical,
                        double eye_offset, double neg_depth);
 
-// Adds the pictures of both eyes, each tinted with one colour, 0xRRGGBB.
+// Adds the pictures of both eyes, each tinted with one colour, 0xRRGGBB, or multiplied by a matrix
+// (see gfx/anaglyph.h).
 void stereo_colour(StereoScene scene, const void *context, uint32_t first_colour,
                    uint32_t second_colour, double eye_offset, double neg_depth);
 

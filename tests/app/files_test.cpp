@@ -6,6 +6,7 @@
 
 #include "app/session_file.h"
 #include "app/settings_file.h"
+#include "gfx/anaglyph.h"
 #include "gfx/window.h"
 #include "own_folder.h"
 #include "render/gl/age_colour.h"
@@ -21,14 +22,14 @@ TEST_F(Files, SettingsAreReadAndSaved) {
   const std::string mode = "Stereo mode (0=none,1=top/bottom,2=side-by-side,3=interlace,4=two "
                            "screen SBS,5=two screen vertical,6-8=coloured): ";
   const std::string first = "Windowed (Y/N): n\nResolution: 801x7\nFullscreen offset: -40, 3\n";
-  const std::string extra = "Roamers: 10001\nTrail: Light\n";
+  const std::string extra = "Roamers: 10001\nTrail: Light\nAnaglyph: Dubois\n";
   write("config.txt",
         first + mode + "12\nSwap stereo (Y/N): t\nStereo Depth: inf\nHue: 7\n" + extra);
   settings_start(&run);
   EXPECT_EQ(std::tuple(windowed, screen_width, screen_height, fullscreen_offset_x,
                        fullscreen_offset_y, run.stereo_mode, run.stereo_swap, run.stereo_depth,
-                       run.roamers, age_colour_light),
-            std::tuple(0, 801, 7, -40, 3, 12, 1, 0.0, max_roamers, true));
+                       run.roamers, age_colour_light, anaglyph_dubois),
+            std::tuple(0, 801, 7, -40, 3, 12, 1, 0.0, max_roamers, true, true));
   run.stereo_mode = 3;
   run.stereo_depth = 0.1234567;
   settings_end(&run);

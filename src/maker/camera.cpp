@@ -34,7 +34,7 @@ Vec3 whole_camera(const Options &options, const World &world) {
   const Vec3 right = Mat3_row(world.view, 0), up = Mat3_row(world.view, 1),
              back = Mat3_row(world.view, 2);
   Axis across = {frame_share / projection[0]}, upward = {frame_share / projection[5]};
-  Maze_each_node(world.root, 1, [&](Maze *maze, int32_t i) {
+  Maze_each_node(world.root, true, [&](Maze *maze, int32_t i) {
     const Vec3 p = node_position(maze_nodes(maze)[i]);
     if (maze_nodes(maze)[i].submaze != nullptr || !is_finite(p)) return;
     across.add(dot(p, right), dot(p, back));

@@ -32,12 +32,12 @@ constexpr int32_t interlaced_mode = 3, split_mode = 1;
 void set_switches(const Options &options) {
   const PlotName &plot = *plot_find(options.plot);
   plot_type = plot.type;
-  plot_fixed = plot.fixed;
-  plot_voronoi = plot.landscape >= 0;
+  plot_fixed = plot.fixed ? 1 : 0;
+  plot_voronoi = plot.landscape >= 0 ? 1 : 0;
   if (plot.landscape >= 0) voronoi_mode = plot.landscape;
-  plot_light = options.lights;
-  plot_grid = options.grid;
-  plot_connected = options.reach;
+  plot_light = options.lights ? 1 : 0;
+  plot_grid = options.grid ? 1 : 0;
+  plot_connected = options.reach ? 1 : 0;
 }
 
 void build_fonts() {
@@ -72,12 +72,13 @@ int32_t tiles_along(int32_t length, int32_t side) {
 
 bool draw_tiles(const World &world, int32_t mode, Image *image) {
   const int32_t side = std::min(tile_side, std::max(image->width, image->height));
-  const int32_t columns = tiles_along(image->width, side), rows = tiles_along(image->height, side);
+  const int32_t columns = tiles_along(image->width, side);
+  const int32_t count = columns * tiles_along(image->height, side);
   Offscreen target;
   if (!offscreen_begin(&target, std::min(side, image->width), std::min(side, image->height), true))
     return false;
-  for (int32_t i = 0; i < columns * rows; i++) {
-    progress_show("drawing", i + 1, columns * rows);
+  for (int32_t i = 0; i < count; i++) {
+    progress_show("drawing", i + 1, count);
     draw_tile(world, mode, i % columns * side, i / columns * side, side, image);
   }
   tile_set(0, 0, 0, 0);

@@ -15,7 +15,7 @@
 #include "scenarios.h"
 #include "support/clock.h"
 #include "support/random.h"
-#include "text/fonts.h"
+#include "text/font.h"
 
 namespace {
 

@@ -10,7 +10,6 @@
 #include "gfx/gl_util.h"
 #include "gfx/window.h"
 #include "maze/edit.h"
-#include "picture.h"
 #include "render/gl/view.h"
 #include "render/plot_switches.h"
 #include "render/scene.h"

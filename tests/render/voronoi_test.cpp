@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <vector>
 
 #include "generate/new_tree.h"
 #include "generate/topologies.h"

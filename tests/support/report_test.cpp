@@ -3,7 +3,6 @@
 #include "support/report.h"
 
 #include <chrono>
-#include <cstdio>
 #include <iostream>
 #include <new>
 #include <string>

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "maze/edit.h"
-#include "maze/pos.h"
 #include "scenarios.h"
 #include "support/random.h"
 #include "world/small_world.h"

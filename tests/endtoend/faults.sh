@@ -1,16 +1,16 @@
-# What the program cannot do without is reported: the report's words on the standard output, one sentence
-# on the standard error, status 1.
+# What the program cannot do without is reported: a report on the standard output, one sentence on the
+# standard error, status 1.
 . "$(dirname "$0")/lib.sh"
 
-# expect_fault WHAT WORDS SENTENCE COMMAND...
+# expect_fault WHAT REPORT SENTENCE COMMAND...
 expect_fault() {
-  local what=$1 words=$2 sentence=$3 status=0
+  local what=$1 report=$2 sentence=$3 status=0
   shift 3
   on_windows && wineserver -k || true # which would keep the display of the last time
   timeout 30 "$@" >vorel.out 2>vorel.err || status=$?
   [ $status -eq 1 ] || fail "$what: status $status"
-  lines vorel.out | grep -qxF "[FATAL ERROR] $words" || fail "$what: the report was $(cat vorel.out)"
-  grep -q "^vorel: .*$sentence" vorel.err || fail "$what: no word of '$sentence'"
+  lines vorel.out | grep -qxF "[FATAL ERROR] $report" || fail "$what: the report was $(cat vorel.out)"
+  grep -q "^vorel: .*$sentence" vorel.err || fail "$what: '$sentence' is not in the error"
   [ "$(grep -c '^vorel: ' vorel.err)" -eq 1 ] || fail "$what: more than one sentence"
 }
 

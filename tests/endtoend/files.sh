@@ -3,10 +3,10 @@
 . "$(dirname "$0")/lib.sh"
 desktop_start
 
-# said WORDS: the program's one sentence has them.
-said() {
+# expect_sentence PATTERN: the program wrote one sentence, which matches.
+expect_sentence() {
   [ "$(grep -c '^vorel: ' vorel.err)" -eq 1 ] || fail "$(wc -l <vorel.err) sentences"
-  grep -q "$1" vorel.err || fail "no word of '$1'"
+  grep -q "$1" vorel.err || fail "'$1' is not in the error"
 }
 
 end_run() {
@@ -24,12 +24,14 @@ Stereo Depth: 0.05
 TEXT
 on_windows && sed -i 's/$/\r/' expected.txt
 cmp config.txt expected.txt || fail "the first run's settings are not complete"
-# To the first room and back to the start, where a push against the end leaves one on the node. The
-# rooms are out of sight: their corridors come back wider.
+# To the first submaze and back to the start, where the corridor ends: only the node is saved, not the
+# way from it. No submaze is in the picture, since corridors in them come back wider.
 ladder
-push 300 "the way to the first room" 1.2 Right
-hold 3 Left
-rest
+push 300 "the way to the first submaze" 1.2 Right
+xdotool keydown Left
+expect_change 300 "the way back"
+wait_still
+xdotool keyup Left
 push 100 "Z" 0.2 z
 cp last.ppm first.ppm
 end_run
@@ -37,26 +39,15 @@ cmp config.txt expected.txt || fail "the end changed the settings"
 [ "$(ls -A)" = "$(printf 'config.txt\nexpected.txt\nfirst.ppm\nfont_fmod.dat\nlast.ppm\nmaze_save.dat\nnow.ppm\nvorel.err\nvorel.out')" ] ||
   fail "other files than the program's are there: $(ls -A)"
 
-printf 'Colour: red\r\n' >>config.txt
-sed -i 's/^Windowed.*/Windowed: t/' config.txt
 vorel_start
-rest
+wait_still
 expect_same first.ppm "the session did not come back" 1000
-cp maze_save.dat first.dat
 quit_cleanly
-cmp -s maze_save.dat first.dat && fail "the clock stands in the second save"
-[ "$(stat -c %s maze_save.dat)" -eq "$(stat -c %s first.dat)" ] || fail "another tree was saved"
-vorel_start
-rest
-expect_same first.ppm "it did not come back twice" 1000
-quit_cleanly
-lines config.txt | grep -qx 'Colour: red' || fail "an unknown setting was lost"
-lines config.txt | grep -qx 'Windowed: t' || fail "a shortened setting was lost"
 
 truncate -s -1 maze_save.dat
 cp maze_save.dat damaged.dat
 vorel_start
-said "maze_save.damaged-1.dat"
+expect_sentence "maze_save.damaged-1.dat"
 cmp damaged.dat maze_save.damaged-1.dat || fail "the damaged session was changed"
 ladder
 end_run
@@ -66,7 +57,7 @@ sparse_session() {
   printf '\1\20\47\0\0' >maze_save.dat
   truncate -s 530162 maze_save.dat
   vorel_start
-  said "damaged"
+  expect_sentence "damaged"
   ladder
   end_run
 }
@@ -80,7 +71,7 @@ full_disk() {
   VOREL=./limited vorel_start
   leave q
   [ "$vorel_status" -eq 1 ] || fail "status $vorel_status without a place for the session"
-  said "could not be saved"
+  expect_sentence "could not be saved"
   cmp maze_save.dat whole.dat || fail "a failed save changed the old session"
 }
 on_windows || full_disk # the emulator itself does not survive it
@@ -88,40 +79,35 @@ on_windows || full_disk # the emulator itself does not survive it
 mkdir kept && mv config.txt maze_save.dat kept && mkdir config.txt
 vorel_start
 end_run
-said "config.txt.* left alone"
+expect_sentence "config.txt.* left alone"
 rmdir config.txt
-rm maze_save.dat && mkdir maze_save.dat
-vorel_start
-end_run
-[ -s maze_save.beside-1.dat ] || fail "a session beside a folder in its place was not saved"
-grep -q "maze_save.dat.*can't be read" vorel.err || fail "no word of the folder"
 if ! on_windows; then # a sentence must not go into the connection to the display
   printf '#!/bin/sh\nexec "%s" 2>&-\n' "$VOREL" >mute
   chmod +x mute
+  rm maze_save.dat
   VOREL=./mute vorel_start
   end_run
-  [ -s maze_save.beside-2.dat ] || fail "no session without a standard error"
+  [ -s maze_save.dat ] || fail "no session without a standard error"
 fi
-rmdir maze_save.dat
 
-# The font file is used as it stands, drawn anew where it is missing, and never written over.
+# The font file is used as it is, written if it is missing, and never replaced.
 cp font_fmod.dat font.dat
 truncate -s 1000 font_fmod.dat
 cp font_fmod.dat short.dat
 vorel_start
 quit_cleanly
-cmp font_fmod.dat short.dat || fail "a short font file was written over"
+cmp font_fmod.dat short.dat || fail "a short font file was replaced"
 rm font_fmod.dat
 vorel_start
 quit_cleanly
-cmp font_fmod.dat font.dat || fail "the font file drawn anew is another one"
+cmp font_fmod.dat font.dat || fail "the font file was written differently"
 rm font_fmod.dat
 for make in mkdir touch 'ln -s /proc/self/mem'; do # the last can be opened and not read
   $make font_fmod.dat
   vorel_start
   end_run
-  said 'font_fmod.dat" \(can.t be read\|is empty\)'
-  [ ! -f font_fmod.dat ] || [ ! -s font_fmod.dat ] || fail "the font file was written over"
+  expect_sentence 'font_fmod.dat" \(can.t be read\|is empty\)'
+  [ ! -f font_fmod.dat ] || [ ! -s font_fmod.dat ] || fail "the font file was replaced"
   rm -r font_fmod.dat
 done
 
@@ -130,5 +116,5 @@ for resolution in 800X600 -5x-5 'span 2'; do
   printf 'Resolution: %s\n' "$resolution" >config.txt
   timeout 30 "$VOREL" >vorel.out 2>vorel.err || status=$?
   [ $status -eq 1 ] || fail "status $status at $resolution"
-  said "no window"
+  expect_sentence "no window"
 done

@@ -29,14 +29,14 @@ pixels_changed() {
     -format '%[fx:round(mean*w*h)]' info:
 }
 
-# rest: waits until the picture stays the same, and keeps it for the next comparison.
-rest() {
+# wait_still: waits until the picture stops changing, and keeps it in last.ppm.
+wait_still() {
   desktop_wait "a picture" shot last.ppm # there is none while a window returns
-  desktop_wait "the picture to rest" picture_rests
+  desktop_wait "a still picture" picture_is_still
 }
 
 # The colours of a trail go on changing slowly.
-picture_rests() {
+picture_is_still() {
   local round
   for round in 1 2 3; do
     sleep 0.2
@@ -54,47 +54,50 @@ picture_differs() {
   [ "$changed" -gt "$1" ]
 }
 
-# expect_change LEAST WHAT: waits until more than so many pixels differ from the last look.
+# expect_change MINIMUM WHAT: waits until more than so many pixels differ from last.ppm.
 expect_change() {
   desktop_wait "$2 to change more than $1 pixels" picture_differs "$1"
 }
 
-# expect_same FILE WHAT: the last look is that picture, but for a few pixels.
+# expect_same FILE WHAT [LIMIT]: fewer pixels than the limit differ between that picture and last.ppm.
 expect_same() {
   changed=$(pixels_changed "$1" last.ppm)
   [ "$changed" -lt "${3:-1}" ] || fail "$changed pixels differ: $2"
 }
 
-# press LEAST WHAT KEY...: holds the keys of a switch down until they have changed more than so many
-# pixels, then waits until the picture rests.
+# press MINIMUM WHAT KEY...: holds the keys of a switch down until they have changed more than so many
+# pixels, then waits for a still picture.
 press() {
-  local least=$1 what=$2 key
+  local minimum=$1 what=$2 key
   shift 2
   for key in "$@"; do xdotool keydown "$key"; done
-  expect_change "$least" "$what"
+  expect_change "$minimum" "$what"
   for key in "$@"; do xdotool keyup "$key"; done
-  rest
+  wait_still
 }
 
-# push LEAST WHAT SECONDS KEY...: the same by keys that act as long as they are held: holds them for
-# so long, and again if a busy machine saw nothing of it.
+# push MINIMUM WHAT SECONDS KEY...: the same for keys that act as long as they are held. Holds them for
+# so long, and again only if the picture stays the same: a busy machine can miss a short press.
 push() {
-  local least=$1 what=$2
+  local minimum=$1 what=$2
   shift 2
-  desktop_wait "$what to change more than $least pixels" pushed "$least" "$@"
-  rest
+  desktop_wait "$what to change more than $minimum pixels" pushed "$minimum" "$@"
+  wait_still
 }
 
 pushed() {
   hold "${@:2}"
-  sleep 0.2
-  picture_differs "$1"
+  for _ in {1..20}; do
+    ! picture_differs "$1" || return 0
+    sleep 0.1
+  done
+  return 1
 }
 
 # A ladder instead of the random maze of the start: the same tree each time, and the same start at
 # the plain node at its left end, with a single corridor to the right.
 ladder() {
-  rest
+  wait_still
   press 300 "a ladder" Control_L Shift_L n
 }
 

@@ -25,7 +25,7 @@ save_picture
 desktop_wait "the PNG instead of the BMP" eval 'ls Vorel_*.png >/dev/null 2>&1 && ! ls Vorel_*.bmp >/dev/null 2>&1'
 [ "$(ls Vorel_* | wc -l)" -eq 1 ] || fail "one press made $(ls Vorel_*)"
 expect_same "$(ls Vorel_*.png)" "the file is another picture"
-rest
+wait_still
 expect_same "$(ls Vorel_*.png)" "Ctrl and S moved the user"
 # A converter that hangs is ended with all that it has started, and the program hears the end meanwhile.
 printf '#!/bin/sh\nsleep 100 &\necho $! >converter\nwait\n' >bin/magick
@@ -39,5 +39,5 @@ else
   ! grep -qs '^State:.[^Z]' "/proc/$(cat converter)/status" || fail "the converter still runs"
 fi
 [ "$vorel_status" -eq 0 ] || fail "status $vorel_status after a converter that hangs"
-grep -q '"magick" took longer' vorel.err || fail "no word of the converter"
+grep -q '"magick" took longer' vorel.err || fail "the converter is not named"
 [ -s "$(ls Vorel_*.bmp)" ] || fail "no BMP without a converter"

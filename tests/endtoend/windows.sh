@@ -1,31 +1,34 @@
-# What only the Windows program does: it tells in a box what nobody would read on a standard error, it
+# What only the Windows program does: it shows sentences in a box if there is no standard error, it
 # runs in folders with any name, its files are those of the other systems, and a fullscreen window
-# leaves the keys of the system their meaning.
+# leaves the system its keys.
 . "$(dirname "$0")/lib.sh"
 desktop_start
 
-box_stands() {
-  box=$(xdotool search --onlyvisible --name '^Vorel$' 2>/dev/null | head -n 1)
+boxes() {
+  xdotool search --onlyvisible --name '^Vorel$' 2>/dev/null
+}
+
+box_shown() {
+  box=$(boxes | head -n 1)
   [ -n "$box" ]
 }
 
-no_box_stands() {
-  ! box_stands
+box_gone() {
+  ! boxes | grep -qx "$box"
 }
 
-# answer KEY: waits for a box and answers it.
+# answer KEY: waits for a box and holds the key until the box is gone.
 answer() {
-  desktop_wait "a box" box_stands
-  sleep 0.5
-  xdotool windowactivate --sync "$box"
-  hold 0.3 "$1"
-  desktop_wait "the box to go" no_box_stands
+  desktop_wait "a box" box_shown
+  xdotool windowactivate --sync "$box" keydown "$1"
+  desktop_wait "the box to go" box_gone
+  xdotool keyup "$1"
 }
 
-# start_unheard FOLDER: starts the program in a folder, without standard streams.
-start_unheard() {
+# start_without_streams FOLDER: starts the program in a folder, without standard streams.
+start_without_streams() {
   # shellcheck disable=SC2016
-  bash -c 'cd "$0" && exec "$@"' "$1" "$VOREL_UNHEARD" "$VOREL_EXE" >vorel.out 2>vorel.err &
+  bash -c 'cd "$0" && exec "$@"' "$1" "$VOREL_WITHOUT_STREAMS" "$VOREL_EXE" >vorel.out 2>vorel.err &
   vorel_job=$!
 }
 
@@ -40,7 +43,7 @@ folder="Зоя Müller"
 mkdir "$folder"
 printf 'Windowed: Y\r\n' >"$folder/config.txt"
 chmod a-w "$folder/config.txt"
-start_unheard "$folder"
+start_without_streams "$folder"
 answer Escape
 window_takes_keys
 ladder
@@ -52,14 +55,14 @@ cd "$folder"
 [ -s maze_save.dat ] && [ -s font_fmod.dat ] || fail "no files in a folder with such a name"
 chmod u+w config.txt
 
-# Nothing can be written at all: settings, font and session are each told of.
-start_unheard /sys
+# Nothing can be written at all: settings, font and session each get a box.
+start_without_streams /sys
 answer Return
 answer space
 window_takes_keys
 hold 0.5 Right
 xdotool keydown q
-desktop_wait "a box" box_stands
+desktop_wait "a box" box_shown
 xdotool keyup q
 answer Return
 vorel_wait_end
@@ -91,8 +94,8 @@ vorel_start
 eval "$(xdotool getwindowgeometry --shell "$vorel_window")"
 [ "$X $Y $WIDTH $HEIGHT" = "0 0 1280 960" ] || fail "the window is $WIDTH by $HEIGHT at $X, $Y"
 ladder
-xdotool key alt+space
-xdotool key F10
+hold 0.5 Alt_L space
+hold 0.5 F10
 push 1000 "zooming out after Alt+Space and F10" 0.5 x
 xdotool keydown Alt_L keydown Tab
 desktop_wait "the window to go" vorel_minimised

@@ -17,12 +17,21 @@ box_gone() {
   ! boxes | grep -qx "$box"
 }
 
-# answer KEY: waits for a box and holds the key until the box is gone.
+# answer KEY: waits for a box and presses the key until the box is gone. A space acts when it is
+# released.
 answer() {
   desktop_wait "a box" box_shown
-  xdotool windowactivate --sync "$box" keydown "$1"
-  desktop_wait "the box to go" box_gone
-  xdotool keyup "$1"
+  xdotool windowactivate --sync "$box"
+  desktop_wait "the box to go" answered "$1"
+}
+
+answered() {
+  hold 0.3 "$1"
+  for _ in {1..20}; do
+    ! box_gone || return 0
+    sleep 0.1
+  done
+  return 1
 }
 
 # start_without_streams FOLDER: starts the program in a folder, without standard streams.

@@ -288,14 +288,14 @@ TEST(SamePicture, WhereRoamersWalk) {
   Maze_carve(world.root);
   look(&world, {world.root, 300}, 26, 0.3, -0.4);
   plot_roamers = 1;
-  for (int turn = 0; turn < 60; turn++) {
+  for (int turn = 0; turn < 50; turn++) {
     const Plot &plot = turn < 45 ? lines : outlines;
     world.time++;
     const Slabs before = draw(world, plot);
     World_set_roamers(&world, turn % 5 == 0 ? 999 : 2);
     World_step_roamers(&world, 1);
     if (turn % 5 == 1 && plot.mode < 0) step(&world, false);
-    for (int frame = 0; frame < 5; frame++) {
+    for (int frame = 0; frame < (plot.mode < 0 ? 5 : 24); frame++) {
       draw_cache_begin_frame();
       draw(world, plot);
       for (int32_t node = 0; turn % 5 == 0 && node < 24 * 24; node++)

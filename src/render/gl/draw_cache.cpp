@@ -60,7 +60,7 @@ DrawCache *retired;
 
 // Renewals are spread over frames, so that any number of Roamers costs a frame little time. A round
 // lasts until all stale chunks that were visible are renewed.
-constexpr int32_t renewals_per_frame = 1000; // primitives; the last chunk may exceed it
+constexpr int32_t renewals_per_frame = 350; // primitives; the next frames pay what exceeds it
 
 struct {
   uint32_t round = 1;
@@ -351,6 +351,8 @@ void renew_primitives(DrawCache *cache, uint32_t k, const World *world) {
   Chunk &chunk = rows<Chunk>(cache->chunks)[k];
   GrowList streams[max_streams];
   init_streams(streams, *cache->batch);
+  for (int32_t pass = 0; pass < cache->batch->passes; pass++)
+    GrowList_reserve(&streams[pass], chunk.primitive_end[pass] - primitive_begin(cache, k, pass));
   chunk.bounds.box = box_empty;
   cache->batch->collect({cache->maze, chunk.nodes, cache->all_levels, world}, streams,
                         &chunk.bounds.box);
@@ -469,7 +471,7 @@ Box current_bounds(const DrawCache *cache, uint32_t k) {
 
 void draw_cache_begin_frame() {
   if (!renewals.unfinished) renewals.round++;
-  renewals.left = renewals_per_frame;
+  renewals.left = std::min(renewals.left, 0) + renewals_per_frame;
   renewals.unfinished = false;
 }
 

@@ -202,8 +202,7 @@ TEST_F(RunTest, ShiftAndCtrlSelectTheModeOfANewMaze) {
     frame(0.01, keys);
     const int32_t drawn = rand_int(1 << 30);
     EXPECT_EQ(drawn, random_after_maze(mode));
-    EXPECT_EQ(run.world.time, 0);
-    EXPECT_EQ(run.world.roamers.count, 0u);
+    EXPECT_EQ(std::pair(run.world.time, run.world.roamers.count), std::pair(0.0, 0u));
     frame(0.01);
   }
   run.roamers = 5;

@@ -102,9 +102,10 @@ void draw_pass(GLuint program, const PlotBatch &batch, Maze *root, const View &v
   draw_cache_draw(root, batch, 0, true, view);
 }
 
-// The marker is the user's light itself, or is lit by the fixed lights alone.
+// The marker is the user's light itself, or is lit by the fixed lights alone. The program of the
+// balls is current before.
 void draw_marker(const View &view, bool light) {
-  program_use(light ? ball_unlit_program : ball_program, view.projection);
+  if (light) program_use(ball_unlit_program, view.projection);
   glBegin(GL_QUADS);
   glColor3f(1, 1, 1);
   send_shader_quad(rounded(view.followed), marker_size * view.world->cur.maze->halfwidth);

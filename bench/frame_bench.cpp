@@ -47,7 +47,7 @@ void make_world() {
   world.view = mat3_identity;
   double pitch = -0.5;
   World_turn_view(&world, 0.3, &pitch);
-  World_chase(&world, 1.0);
+  World_chase(&world, World_follow_point(&world), 1.0);
 }
 
 void make_bare() {
@@ -100,7 +100,7 @@ template <typename Draw> void frames(benchmark::State &state, Draw draw) {
 }
 
 void frame_vorel(benchmark::State &state) {
-  frames(state, [] { scene_draw(&world, 0, 0, 0); });
+  frames(state, [] { scene_draw(&world, World_follow_point(&world), 0, 0, 0); });
 }
 BENCHMARK(frame_vorel)->Name("frame/vorel")->Unit(benchmark::kMillisecond);
 
@@ -125,7 +125,7 @@ GLuint recorded[2];
 
 // 0 for the far depth slab, 1 for the near one.
 void load_slab(int slab) {
-  view_use(view_read(&world, World_follow_point(&world),
+  view_use(view_make(&world, World_follow_point(&world), eye_matrices_read(),
                      slab == 0 ? projection_far_slab : projection_near_slab));
 }
 
@@ -150,7 +150,7 @@ void recorded_frame() {
 
 void plot_vorel(benchmark::State &state, const Plot &plot) {
   choose(plot);
-  frames(state, [] { scene_draw(&world, 0, 0, 0); });
+  frames(state, [] { scene_draw(&world, World_follow_point(&world), 0, 0, 0); });
   choose({"", 0, 0});
 }
 

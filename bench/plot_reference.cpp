@@ -376,7 +376,7 @@ void own_fixed_plot(const World *world) {
 }
 
 void plot_slab(const World *world, PlotDraw draw, void (*set_slab)(float matrix[16])) {
-  view_use(view_read(world, World_follow_point(world), set_slab));
+  view_use(view_make(world, World_follow_point(world), eye_matrices_read(), set_slab));
   glClear(GL_DEPTH_BUFFER_BIT);
   draw(world);
 }

@@ -47,8 +47,8 @@ void apply_input(Run *run, double dt) {
   view_keys(&run->control, world->zoom, dt);
 }
 
-void draw_frame(Run *run, double dt) {
-  scene_draw(&run->world, run->stereo_mode, run->stereo_swap, run->stereo_depth);
+void draw_frame(Run *run, Vec3 followed, double dt) {
+  scene_draw(&run->world, followed, run->stereo_mode, run->stereo_swap, run->stereo_depth);
   overlay_draw(&run->world, run->helpstate, dt);
 }
 
@@ -117,10 +117,11 @@ bool run_frame(Run *run) {
   World_turn_view(world, run->control.yaw, &run->control.pitch);
   World_step_roamers(world, dt);
   World_move(world, run->control.mx, run->control.my);
-  World_chase(world, dt);
+  const Vec3 followed = World_follow_point(world);
+  World_chase(world, followed, dt);
   if (visible) World_apply_view(world);
   keys_switches(run);
-  if (visible) draw_frame(run, dt);
+  if (visible) draw_frame(run, followed, dt);
   keys_new_maze(run);
   run->moved = relax_frame(&run->relaxation, world->cur.maze, dt, key_down('R'), key_down('E'));
   keys_screenshot();

@@ -22,6 +22,7 @@
 #include "text/fmod_table.h"
 #include "text/font.h"
 #include "text/normal_font.h"
+#include "world/move.h"
 
 namespace {
 
@@ -57,7 +58,7 @@ void draw_tile(const World &world, int32_t mode, int32_t x, int32_t y, int32_t s
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   glLoadIdentity();
   World_apply_view(&world);
-  scene_draw(&world, mode, 0, stereo_depth);
+  scene_draw(&world, World_follow_point(&world), mode, 0, stereo_depth);
   glPixelStorei(GL_PACK_ALIGNMENT, 1);
   for (int32_t row = 0; row < height; row++) {
     const auto line = static_cast<size_t>(image->height - 1 - y - row);

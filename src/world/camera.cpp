@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <numbers>
 
-#include "world/move.h"
-
 namespace {
 
 constexpr double chase_rate = 10.0; // per second
@@ -22,8 +20,8 @@ void World_turn_view(World *world, double yaw, double *pitch) {
   world->camera = world->camera + world->zoom * (Mat3_row(world->view, 2) - old_direction);
 }
 
-void World_chase(World *world, double dt) {
-  const Vec3 ideal = World_follow_point(world) + world->zoom * Mat3_row(world->view, 2);
+void World_chase(World *world, Vec3 followed, double dt) {
+  const Vec3 ideal = followed + world->zoom * Mat3_row(world->view, 2);
   const double s = std::min(1.0, chase_rate * dt);
   if (s < 1.0 && is_finite(world->camera))
     world->camera = world->camera + s * (ideal - world->camera);

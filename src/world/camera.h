@@ -10,6 +10,6 @@ Mat3 camera_orientation(double yaw, double pitch);
 // Clamps the pitch to -pi..0, sets `view`, and moves the eye around the followed point.
 void World_turn_view(World *world, double yaw, double *pitch);
 
-// Moves the eye by the fraction min(1, 10 dt) of the distance to its ideal position; dt is in
-// seconds. An eye whose position is not finite moves there at once.
-void World_chase(World *world, double dt);
+// Moves the eye by the fraction min(1, 10 dt) of the distance to its ideal position; `followed` is
+// World_follow_point, dt is in seconds. An eye whose position is not finite moves there at once.
+void World_chase(World *world, Vec3 followed, double dt);

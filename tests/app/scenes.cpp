@@ -19,6 +19,7 @@
 #include "text/style.h"
 #include "text/text.h"
 #include "world/camera.h"
+#include "world/move.h"
 #include "world/small_world.h"
 
 namespace {
@@ -102,7 +103,7 @@ void draw_world(const Scene &scene) {
   plot_fixed = number("fixed");
   plot_connected = number("connected");
   World_apply_view(&world);
-  scene_draw(&world, number("stereo"), number("swap"), real("depth"));
+  scene_draw(&world, World_follow_point(&world), number("stereo"), number("swap"), real("depth"));
   overlay_draw(&world, number("help"), 0.016);
 }
 

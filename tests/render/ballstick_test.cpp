@@ -61,7 +61,7 @@ struct Scene {
     world.camera = eye;
     picture_begin();
     World_apply_view(&world);
-    view_use(view_read(&world, World_follow_point(&world), nullptr));
+    view_use(view_make(&world, World_follow_point(&world), eye_matrices_read(), nullptr));
     ballstick_plot(root, &world, 0);
     return picture_take();
   }

@@ -28,7 +28,7 @@ TEST(Context, MazesMayOutliveItAndClosingTwiceIsSafe) {
   for (auto &world : worlds) {
     world.emplace(scenario_path(2));
     picture_begin();
-    view_use(view_read(&*world, {}, nullptr));
+    view_use(view_make(&*world, {}, eye_matrices_read(), nullptr));
     plot_world(&*world);
   }
   worlds[0].reset();

@@ -61,12 +61,13 @@ Slabs draw(const World &world, const Plot &plot, double eye = 0, bool culls = tr
   gfx_resize(width, height);
   glTranslated(eye, 0, 0);
   World_apply_view(&world);
+  EyeMatrices matrices = eye_matrices_read();
+  matrices.projection[8] = static_cast<float>(0.2 * eye);
   Slabs slabs(4 * pixels);
   for (size_t k = 0; k < 2; k++) {
-    View view = view_read(&world, World_follow_point(&world),
+    View view = view_make(&world, World_follow_point(&world), matrices,
                           k == 0 ? projection_far_slab : projection_near_slab);
-    view.projection[8] = static_cast<float>(0.2 * eye);
-    view.frustum = culls ? frustum_of(view.projection, view.modelview) : Frustum{};
+    if (!culls) view.frustum = {};
     view_use(view);
     glClear(GL_DEPTH_BUFFER_BIT);
     plot_world(&world);
@@ -299,8 +300,7 @@ TEST(SamePicture, WhereRoamersWalk) {
       draw_cache_begin_frame();
       draw(world, plot);
       for (int32_t node = 0; turn % 5 == 0 && node < 24 * 24; node++)
-        Attachment_touch(world.root, plot.mode < 0 ? attachment_lists : attachment_cell_list,
-                           node);
+        Attachment_touch(world.root, plot.mode < 0 ? attachment_lists : attachment_cell_list, node);
     }
     EXPECT_FALSE(draw_and_compare(world, plot) == before) << turn;
     if (plot.mode >= 0) Attachment_drop(world.root, attachment_cell_list); // it keeps ages

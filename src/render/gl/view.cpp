@@ -1,5 +1,6 @@
 #include "render/gl/view.h"
 
+#include <algorithm>
 #include <cassert>
 
 #include "gfx/gl.h"
@@ -11,12 +12,19 @@ View current;
 
 } // namespace
 
-View view_read(const World *world, Vec3 followed, void (*set_slab)(float projection[16])) {
-  View view = {world, world->camera, followed, {}, {}, {}};
-  glGetFloatv(GL_PROJECTION_MATRIX, view.projection);
-  glGetFloatv(GL_MODELVIEW_MATRIX, view.modelview);
+EyeMatrices eye_matrices_read() {
+  EyeMatrices eye;
+  glGetFloatv(GL_PROJECTION_MATRIX, eye.projection);
+  glGetFloatv(GL_MODELVIEW_MATRIX, eye.modelview);
+  return eye;
+}
+
+View view_make(const World *world, Vec3 followed, const EyeMatrices &eye,
+               void (*set_slab)(float projection[16])) {
+  View view = {world, world->camera, followed, {}, {}};
+  std::copy_n(eye.projection, 16, view.projection);
   if (set_slab != nullptr) set_slab(view.projection);
-  view.frustum = frustum_of(view.projection, view.modelview);
+  view.frustum = frustum_of(view.projection, eye.modelview);
   return view;
 }
 

@@ -12,6 +12,7 @@
 #include "render/gl/immediate.h"
 #include "render/gl/shader_program.h"
 #include "render/gl/shaderprocs.h"
+#include "render/maze_label.h"
 #include "render/plot_switches.h"
 #include "render/shader_text.h"
 #include "support/colour.h"
@@ -193,4 +194,10 @@ void line_nodes_pass(Maze *root, const World *world, int32_t all_levels) {
   line_lists_call(root, discs, all_levels);
   draw_marker(view);
   gl.use_program(0);
+}
+
+void line_plot(const World *world) {
+  if (world->root->name != nullptr) maze_label(world->root);
+  line_edges_pass(world->root, world, 1);
+  line_nodes_pass(world->root, world, 1);
 }

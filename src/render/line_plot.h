@@ -12,6 +12,9 @@
 // The attachment "lists": ribbons and discs, in two passes.
 extern const PlotBatch line_batch;
 
+// Draws the whole tree, and the name of its root if it has one.
+void line_plot(const World *world);
+
 // The two passes over a tree, edges first, with the current View. With `all_levels` they include
 // all submazes. The node pass ends with the user's marker.
 void line_edges_pass(Maze *root, const World *world, int32_t all_levels);

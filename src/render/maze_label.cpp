@@ -4,7 +4,8 @@
 
 #include "generate/transform.h"
 #include "gfx/gl.h"
-#include "render/line_plot.h"
+#include "maze/attachment_names.h"
+#include "render/gl/draw_cache.h"
 #include "text/font.h"
 #include "text/layout.h"
 #include "text/style.h"
@@ -26,7 +27,7 @@ void print(double x, double y, double z, const std::string &text, double cell) {
 } // namespace
 
 void maze_label(const Maze *maze) {
-  const Box *known = draw_cache_node_bounds(maze, line_batch);
+  const Box *known = draw_cache_node_bounds(maze, attachment_lists);
   if (known != nullptr) return maze_label_at(maze->name, known->low, known->high);
   Vec3 low, high;
   Maze_bounds(maze, &low, &high);

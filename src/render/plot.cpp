@@ -6,19 +6,8 @@
 #include "render/gantry_plot.h"
 #include "render/grid.h"
 #include "render/line_plot.h"
-#include "render/maze_label.h"
 #include "render/plot_switches.h"
 #include "render/voronoi_plot.h"
-
-namespace {
-
-void line_plot(const World *world) {
-  if (world->root->name != nullptr) maze_label(world->root);
-  line_edges_pass(world->root, world, 1);
-  line_nodes_pass(world->root, world, 1);
-}
-
-} // namespace
 
 void plot_world(const World *world) {
   if (plot_voronoi != 0)

@@ -150,8 +150,8 @@ void touch(intptr_t data, int32_t node) {
   rows<Chunk>(cache->chunks)[chunk].stale = true;
 }
 
-DrawCache *find(const Maze *maze, const PlotBatch &batch) {
-  return reinterpret_cast<DrawCache *>(Attachment_find(maze, batch.name));
+DrawCache *find(const Maze *maze, const char *attachment) {
+  return reinterpret_cast<DrawCache *>(Attachment_find(maze, attachment));
 }
 
 void init_streams(GrowList *streams, const PlotBatch &batch) {
@@ -254,7 +254,7 @@ void reuse_display_lists(DrawCache *cache, DrawCache *old) {
 
 // The cache of one maze, without those below it.
 DrawCache *find_or_build(Maze *maze, const PlotBatch &batch, bool all_levels, const World *world) {
-  if (DrawCache *found = find(maze, batch)) return found;
+  if (DrawCache *found = find(maze, batch.name)) return found;
   DrawCache *cache = new_cache(maze, batch, all_levels);
   collect_chunks(cache, world);
   if (DrawCache *old = take_retired(maze, batch)) {
@@ -421,7 +421,7 @@ void call_passes(const CullState &cull, DrawCache *cache, int32_t pass) {
 // Sets `has_user` on the user's cache and its ancestors.
 void set_has_user(const CullState &cull, bool has_user) {
   if (cull.batch->marker == nullptr) return;
-  for (DrawCache *cache = find(cull.view->world->cur.maze, *cull.batch); cache != nullptr;
+  for (DrawCache *cache = find(cull.view->world->cur.maze, cull.batch->name); cache != nullptr;
        cache = cache->parent)
     cache->has_user = has_user;
 }
@@ -505,14 +505,14 @@ void draw_cache_compile(Maze *maze, const PlotBatch &batch, bool all_levels, con
     compile_chunk(cache, k);
 }
 
-const Box *draw_cache_node_bounds(const Maze *maze, const PlotBatch &batch) {
-  const DrawCache *cache = find(maze, batch);
+const Box *draw_cache_node_bounds(const Maze *maze, const char *attachment) {
+  const DrawCache *cache = find(maze, attachment);
   return cache != nullptr && cache->complete ? &cache->subtree_nodes : nullptr;
 }
 
 bool draw_cache_cull(const Maze *maze, const PlotBatch &batch, const Frustum &frustum,
                      double margin, CullResult *result) {
-  const DrawCache *cache = find(maze, batch);
+  const DrawCache *cache = find(maze, batch.name);
   if (cache == nullptr || !cache->all_levels) return false;
   for (uint32_t k = 0; k < cache->chunks.count; k++)
     if (!frustum_culls(frustum, current_bounds(cache, k), margin, frustum_planes))

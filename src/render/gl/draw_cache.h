@@ -87,8 +87,8 @@ void draw_cache_draw_immediate(Maze *maze, const PlotBatch &batch, int32_t pass,
 void draw_cache_compile(Maze *maze, const PlotBatch &batch, bool all_levels, const World *world);
 
 // The bounds that Maze_bounds gives for a maze; null unless the caches of the maze and of all mazes
-// below it are built.
-const Box *draw_cache_node_bounds(const Maze *maze, const PlotBatch &batch);
+// below it are built, as attachments of that name.
+const Box *draw_cache_node_bounds(const Maze *maze, const char *attachment);
 
 struct CullResult {
   std::vector<NodeRange> nodes; // that may be visible, last nodes first

@@ -60,11 +60,11 @@ void collect_layer(const CollectInput &input, const Layer &layer, GrowList *face
   }
 }
 
-void collect(const CollectInput &input, GrowList *streams, Box *box) {
-  if (voronoi_cells(input.maze) == nullptr) // whatever moves nodes drops the lists too
+template <int mode> void collect(const CollectInput &input, GrowList *streams, Box *box) {
+  if (voronoi_cells(input.maze) == nullptr) // whatever drops the cells also drops this cache
     voronoi_build_missing(input.maze, 1);
-  for (int32_t k = 0; k < max_layers && layers[voronoi_mode][k].shape != nullptr; k++)
-    collect_layer(input, layers[voronoi_mode][k], &streams[k], box);
+  for (int32_t k = 0; k < max_layers && layers[mode][k].shape != nullptr; k++)
+    collect_layer(input, layers[mode][k], &streams[k], box);
 }
 
 template <int corners>
@@ -91,10 +91,11 @@ void light_off() {
   glDisable(GL_LIGHTING);
 }
 
+template <int mode>
 constexpr PlotBatch mode_batch(PrimitiveStream first, PrimitiveStream second, bool lit,
                                bool shows_ages) {
   return {.name = attachment_cell_list,
-          .collect = collect,
+          .collect = collect<mode>,
           .streams = {first, second},
           .passes = second.size == 0 ? 1 : 2,
           .chunk_nodes = chunk_nodes,
@@ -105,9 +106,9 @@ constexpr PlotBatch mode_batch(PrimitiveStream first, PrimitiveStream second, bo
 }
 
 constexpr PlotBatch batches[] = {
-    mode_batch(lines, {}, false, true),    mode_batch(triangles, {}, false, true),
-    mode_batch(triangles, {}, true, true), mode_batch(triangles, {}, true, true),
-    mode_batch(triangles, {}, true, true), mode_batch(triangles, quads, true, false)};
+    mode_batch<0>(lines, {}, false, true),    mode_batch<1>(triangles, {}, false, true),
+    mode_batch<2>(triangles, {}, true, true), mode_batch<3>(triangles, {}, true, true),
+    mode_batch<4>(triangles, {}, true, true), mode_batch<5>(triangles, quads, true, false)};
 
 static_assert(std::size(batches) == std::size(layers));
 

@@ -5,6 +5,7 @@
 #include "generate/transform.h"
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
+#include "maze/attachment_names.h"
 #include "maze/pos.h"
 #include "render/disc.h"
 #include "render/gl/draw_cache.h"
@@ -164,8 +165,9 @@ void plot_maze(Maze *maze, const std::vector<NodeRange> &ranges, const View &vie
   line_pass(maze, ranges, view, all_levels);
 }
 
-// Labels the mazes of a tree, which are passed in the order of Maze_next. The first name computes
-// the bounds of all mazes below it at once.
+// Labels the mazes of a tree, which are passed in the order of Maze_next. A name takes the bounds
+// from the line plot's caches. Where they are not built, the first name computes the bounds of all
+// mazes below it at once.
 struct Labels {
   std::vector<TreeBounds> bounds;
   size_t next; // row of the next maze
@@ -173,7 +175,11 @@ struct Labels {
 
 void label(Labels *labels, const Maze *maze) {
   if (labels->next == labels->bounds.size()) *labels = {{}, 0};
-  if (labels->bounds.empty() && maze->name != nullptr) labels->bounds = Maze_tree_bounds(maze);
+  if (labels->bounds.empty() && maze->name != nullptr) {
+    const Box *known = draw_cache_node_bounds(maze, attachment_lists);
+    if (known != nullptr) return maze_label_at(maze->name, known->low, known->high);
+    labels->bounds = Maze_tree_bounds(maze);
+  }
   if (labels->bounds.empty()) return;
   const TreeBounds &box = labels->bounds[labels->next++];
   if (maze->name != nullptr) maze_label_at(maze->name, box.min, box.max);

@@ -12,6 +12,7 @@
 #include "gfx/gl.h"
 #include "gfx/projection.h"
 #include "gfx/window.h"
+#include "large_world.h"
 #include "maze/pos.h"
 #include "maze/walk.h"
 #include "plot_reference.h"
@@ -21,7 +22,6 @@
 #include "render/line_plot.h"
 #include "render/shader_text.h"
 #include "support/random.h"
-#include "town.h"
 #include "world/camera.h"
 
 namespace {
@@ -88,7 +88,7 @@ void bare_draw(const World *world) {
 
 void look(const Pose &pose) {
   gfx_resize(pose.width, pose.height);
-  town_look(pose.world, pose.world->cur, pose.zoom, 0.3, pose.pitch);
+  large_world_look(pose.world, pose.world->cur, pose.zoom, 0.3, pose.pitch);
 }
 
 void frames(benchmark::State &state, const Pose &pose, PlotDraw draw, PlotDraw prepare) {
@@ -107,7 +107,7 @@ void compile_ours() {
 void step_ours(benchmark::State &state) {
   compile_ours();
   for (auto _ : state) {
-    town_walk(&disc, 1);
+    large_world_walk(&disc, 1);
     compile_ours();
   }
 }
@@ -115,7 +115,7 @@ void step_ours(benchmark::State &state) {
 void step_reference(benchmark::State &state) {
   const GLuint names[] = {glGenLists(1), glGenLists(1)};
   for (auto _ : state) {
-    town_walk(&disc, 1);
+    large_world_walk(&disc, 1);
     for (int which = 0; which < 2; which++)
       reference_line_compile(disc.root, which, names[which]);
   }
@@ -173,11 +173,11 @@ int32_t count(const Maze *maze, int32_t *mazes) {
 
 void make_worlds() {
   rand_seed(2020);
-  tree.root = town(65, 9.0, 1);
+  tree.root = large_world(65, 9.0, 1);
   tree.cur = {maze_nodes(tree.root)[32 * 65 + 32].submaze, 0};
   for (int32_t i = 32 * 65 + 32; tree.cur.maze == nullptr; i++)
     tree.cur.maze = maze_nodes(tree.root)[i].submaze;
-  plain.root = town(50, 1.0, 0);
+  plain.root = large_world(50, 1.0, 0);
   plain.cur = {plain.root, 25 * 50 + 25};
   disc.root = Maze_polar(50, 1);
   Maze_carve(disc.root);

@@ -47,27 +47,27 @@ void landscape_marker() {
   fan_disc(p + 0.3 * unit(shown->camera - p), 0.12, colour_white, shown->camera);
 }
 
-void call_tree(Maze *maze, Kind kind, void (*body)(Maze *)) {
+void call_tree(Maze *maze, Kind kind, void (*compile)(Maze *)) {
   const char *name = reference_name[kind];
   auto list = static_cast<GLuint>(Attachment_find(maze, name));
   if (list == 0) {
     list = glGenLists(1);
     glNewList(list, GL_COMPILE);
-    body(maze);
+    compile(maze);
     glEndList();
     Attachment_add(maze, name, static_cast<intptr_t>(list), list_destroy);
   }
   glCallList(list);
   if (kind == cells && maze == shown->cur.maze) landscape_marker();
   for (int32_t i = maze_count(maze); i-- > 0;)
-    if (maze_nodes(maze)[i].submaze) call_tree(maze_nodes(maze)[i].submaze, kind, body);
+    if (maze_nodes(maze)[i].submaze) call_tree(maze_nodes(maze)[i].submaze, kind, compile);
 }
 
 void vertex4(Vec3 p, float w) {
   glVertex4f(static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z), w);
 }
 
-void edges_body(Maze *maze) {
+void compile_edges(Maze *maze) {
   glBegin(GL_QUADS);
   for (int32_t i = maze_count(maze); i-- > 0;) {
     if (maze_nodes(maze)[i].submaze) continue;
@@ -90,7 +90,7 @@ void edges_body(Maze *maze) {
   glEnd();
 }
 
-void body(Vec3 p, double radius) {
+void quad(Vec3 p, double radius) {
   glTexCoord4f(static_cast<float>(p.x), static_cast<float>(p.y), static_cast<float>(p.z),
                static_cast<float>(radius));
   glVertex2f(-1, -1);
@@ -103,10 +103,10 @@ void disc(Vec3 p, uint32_t colour, double time, double halfwidth) {
   glColor4f(static_cast<float>(colour_red(colour)) / 255.0F,
             static_cast<float>(colour_green(colour)) / 255.0F,
             static_cast<float>(colour_blue(colour)) / 255.0F, static_cast<float>(time));
-  body(p, halfwidth);
+  quad(p, halfwidth);
 }
 
-void nodes_body(Maze *maze) {
+void compile_nodes(Maze *maze) {
   glBegin(GL_QUADS);
   for (int32_t i = maze_count(maze); i-- > 0;) {
     const MazeNode &node = maze_nodes(maze)[i];
@@ -140,18 +140,18 @@ void opaque(uint32_t colour) {
   glColor4ub(colour_red(colour), colour_green(colour), colour_blue(colour), 255);
 }
 
-void balls_body(Maze *maze) {
+void compile_balls(Maze *maze) {
   glBegin(GL_QUADS);
   for (int32_t i = maze_count(maze); i-- > 0;) {
     const MazeNode &node = maze_nodes(maze)[i];
     if (node.submaze) continue;
     opaque(edge_colour(node.self.colour, {maze, i}, Pos_null));
-    body(node_position(node), maze->halfwidth);
+    quad(node_position(node), maze->halfwidth);
   }
   glEnd();
 }
 
-void sticks_body(Maze *maze) {
+void compile_sticks(Maze *maze) {
   glBegin(GL_QUADS);
   for (int32_t i = maze_count(maze); i-- > 0;) {
     if (maze_nodes(maze)[i].submaze) continue;
@@ -163,7 +163,7 @@ void sticks_body(Maze *maze) {
       opaque(edge_colour(rows[e].colour, {maze, i}, ends[e]));
       glNormal3f(static_cast<float>(axis.x), static_cast<float>(axis.y),
                  static_cast<float>(axis.z));
-      body(p, maze->halfwidth);
+      quad(p, maze->halfwidth);
     }
   }
   glEnd();
@@ -217,7 +217,7 @@ void hub(Pos here) {
   }
 }
 
-void plates_body(Maze *maze) {
+void compile_plates(Maze *maze) {
   for (const auto draw : {roads, hub}) {
     glBegin(draw == hub ? GL_TRIANGLES : GL_QUADS);
     for (int32_t i = maze_count(maze); i-- > 0;)
@@ -228,7 +228,7 @@ void plates_body(Maze *maze) {
 
 using Shape = void (*)(ShapeList *out, Maze *maze, int32_t node, const World *world);
 
-void shape_body(Maze *maze, GLenum primitive, Shape shape) {
+void compile_shape(Maze *maze, GLenum primitive, Shape shape) {
   ShapeList vertices;
   for (int32_t i = maze_count(maze); i-- > 0;)
     if (!maze_nodes(maze)[i].submaze) shape(&vertices, maze, i, shown);
@@ -241,27 +241,27 @@ void shape_body(Maze *maze, GLenum primitive, Shape shape) {
   glEnd();
 }
 
-void cells_body(Maze *maze) {
+void compile_cells(Maze *maze) {
   constexpr Shape shapes[] = {voronoi_outline, voronoi_box,      voronoi_box,
                               voronoi_terrain, voronoi_delaunay, voronoi_ground};
   if (!voronoi_cells(maze)) voronoi_build(maze, 1);
   if (voronoi_mode > 1) fixed_light_on();
-  shape_body(maze, voronoi_mode == 0 ? GL_LINES : GL_TRIANGLES, shapes[voronoi_mode]);
-  if (voronoi_mode == 5) shape_body(maze, GL_QUADS, voronoi_walls);
+  compile_shape(maze, voronoi_mode == 0 ? GL_LINES : GL_TRIANGLES, shapes[voronoi_mode]);
+  if (voronoi_mode == 5) compile_shape(maze, GL_QUADS, voronoi_walls);
   if (voronoi_mode > 1) glDisable(GL_LIGHTING);
 }
 
 // A lit program, and its uniforms with the user's light off.
-GLuint body_program(const char *vertex, const char *fragment) {
+GLuint solid_program(const char *vertex, const char *fragment) {
   const char *const strings[] = {shader_lighting, fragment};
   return program_build(&vertex, 1, strings, 2, nullptr, nullptr, nullptr);
 }
 
-void use_body(GLuint program, Vec3 lamp) {
+void use_solid(GLuint program, Vec3 light) {
   gl.use_program(program);
   gl.uniform_matrix_4fv(gl.get_uniform_location(program, "proj"), 1, 0, view_current().projection);
-  gl.uniform_3f(gl.get_uniform_location(program, "lpos0"), static_cast<float>(lamp.x),
-                static_cast<float>(lamp.y), static_cast<float>(lamp.z));
+  gl.uniform_3f(gl.get_uniform_location(program, "lpos0"), static_cast<float>(light.x),
+                static_cast<float>(light.y), static_cast<float>(light.z));
   gl.uniform_3f(gl.get_uniform_location(program, "lcol0"), 0, 0, 0);
 }
 
@@ -345,9 +345,9 @@ void reference_line_plot(const World *world) {
   static const GLuint edge_program = line_program(shader_edge_vertex, shader_edge_fragment);
   static const GLuint node_program = line_program(shader_node_vertex, shader_node_fragment);
   use(edge_program, world);
-  call_tree(world->root, edges, edges_body);
+  call_tree(world->root, edges, compile_edges);
   use(node_program, world);
-  call_tree(world->root, nodes, nodes_body);
+  call_tree(world->root, nodes, compile_nodes);
   glBegin(GL_QUADS);
   disc(World_follow_point(world), colour_white, world->time, world->cur.maze->halfwidth);
   glEnd();
@@ -384,30 +384,30 @@ void plot_slab(const World *world, PlotDraw draw, void (*set_slab)(float matrix[
 void reference_line_compile(Maze *maze, int32_t which, uint32_t name) {
   glNewList(name, GL_COMPILE);
   if (which == 0) {
-    edges_body(maze);
+    compile_edges(maze);
   } else {
-    nodes_body(maze);
+    compile_nodes(maze);
   }
   glEndList();
 }
 
 void reference_ballstick_plot(const World *world) {
-  static const GLuint ball_program = body_program(shader_ball_vertex, shader_ball_fragment);
-  static const GLuint stick_program = body_program(shader_stick_vertex, shader_stick_fragment);
+  static const GLuint ball_program = solid_program(shader_ball_vertex, shader_ball_fragment);
+  static const GLuint stick_program = solid_program(shader_stick_vertex, shader_stick_fragment);
   const Vec3 user = World_follow_point(world);
-  use_body(ball_program, user);
-  call_tree(world->root, balls, balls_body);
+  use_solid(ball_program, user);
+  call_tree(world->root, balls, compile_balls);
   glBegin(GL_QUADS);
   glColor3f(1, 1, 1);
-  body(user, 1.5 * world->cur.maze->halfwidth);
+  quad(user, 1.5 * world->cur.maze->halfwidth);
   glEnd();
-  use_body(stick_program, user);
-  call_tree(world->root, sticks, sticks_body);
+  use_solid(stick_program, user);
+  call_tree(world->root, sticks, compile_sticks);
   gl.use_program(0);
 }
 
 void reference_gantry_plot(const World *world) {
-  static const GLuint program = body_program(shader_gantry_vertex, shader_gantry_fragment);
+  static const GLuint program = solid_program(shader_gantry_vertex, shader_gantry_fragment);
   static const GLuint textures[] = {gantry_texture(0), gantry_texture(1)};
   glEnable(GL_BLEND);
   glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
@@ -415,17 +415,17 @@ void reference_gantry_plot(const World *world) {
     gl.active_texture(GL_TEXTURE0 + unit);
     glBindTexture(GL_TEXTURE_2D, textures[unit]);
   }
-  use_body(program, World_follow_point(world) + Vec3{0, 0, 1});
+  use_solid(program, World_follow_point(world) + Vec3{0, 0, 1});
   gl.uniform_1i(gl.get_uniform_location(program, "tex"), 0);
   gl.uniform_1i(gl.get_uniform_location(program, "tnorm"), 1);
-  call_tree(world->root, plates, plates_body);
+  call_tree(world->root, plates, compile_plates);
   gl.use_program(0);
   glDisable(GL_BLEND);
 }
 
 void reference_voronoi_plot(const World *world) {
   shown = world;
-  call_tree(world->root, cells, cells_body);
+  call_tree(world->root, cells, compile_cells);
 }
 
 void reference_drop_tree(Maze *maze) {

@@ -1,4 +1,4 @@
-#include "town.h"
+#include "large_world.h"
 
 #include "generate/carve.h"
 #include "generate/topologies.h"
@@ -10,7 +10,7 @@
 #include "support/random.h"
 #include "world/camera.h"
 
-Maze *town(int32_t side, double extent, int32_t passes) {
+Maze *large_world(int32_t side, double extent, int32_t passes) {
   Maze *root = Maze_plane_xy(side, side);
   Maze_carve(root);
   for (int32_t pass = 0; pass < passes; pass++)
@@ -20,14 +20,14 @@ Maze *town(int32_t side, double extent, int32_t passes) {
   return root;
 }
 
-void town_look(World *world, Pos cur, double zoom, double yaw, double pitch) {
+void large_world_look(World *world, Pos cur, double zoom, double yaw, double pitch) {
   world->cur = cur;
   world->zoom = zoom;
   world->view = camera_orientation(yaw, pitch);
   World_place_camera(world);
 }
 
-void town_walk(World *world, int32_t steps) {
+void large_world_walk(World *world, int32_t steps) {
   for (int32_t step = 0; step < steps; step++) {
     Pos ways[pos_max_edges];
     const int32_t count = Pos_alledges(world->cur.maze, world->cur.node, ways, nullptr);

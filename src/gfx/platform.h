@@ -91,7 +91,7 @@ DisplayPoint platform_relative_motion();
 
 void platform_show_cursor(bool shown);
 
-// Allowed at the start.
+// Initially allowed.
 void platform_allow_screen_saver(bool allowed);
 
 // Shows a box with an error sign and one button, and returns when the user has answered.

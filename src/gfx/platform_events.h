@@ -4,9 +4,9 @@
 
 #include "gfx/input_codes.h"
 
-// The events that a platform file reports, the only functions of gfx that it may call. It calls
-// them inside platform_messages or, where the system sends messages by itself, inside any other
-// function of the seam. gfx/window.cpp and gfx/input.cpp implement them.
+// The events that a platform file reports, the only functions of gfx that it may call besides
+// display.h. It calls them inside platform_messages or, where the system sends messages by itself,
+// inside any other function of the seam. gfx/window.cpp and gfx/input.cpp implement them.
 
 // The client area has a new size in pixels, 0 by 0 while minimised.
 void event_resize(int32_t width, int32_t height);

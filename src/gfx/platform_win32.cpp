@@ -238,7 +238,7 @@ void wait(int32_t milliseconds) {
 
 // Shows a sentence in a box if there is no standard error, which a program with windows has only if
 // its parent passed one. Capitalises the sentence.
-void tell(const char *sentence) {
+void show_sentence(const char *sentence) {
   if (GetFileType(GetStdHandle(STD_ERROR_HANDLE)) != FILE_TYPE_UNKNOWN) return;
   std::string text = sentence;
   if (!text.empty() && text[0] >= 'a' && text[0] <= 'z')
@@ -271,7 +271,7 @@ void platform_dpi_aware() {
 void platform_begin() {
   clock_set_source({counter_frequency, counter_reading, ticks});
   report_set_hooks({wait, thread_number});
-  report_set_show(tell);
+  report_set_show(show_sentence);
 }
 
 bool platform_connect(bool) {

@@ -60,7 +60,7 @@ constexpr OpenFailure open_failures[] = {
 constexpr const char *report_source = "gfx_opengl";
 
 [[noreturn]] void open_failed(const OpenFailure &failure, const char *missing, const char *remedy) {
-  report_sentence("%s (%s): %s.", missing, platform_error(), remedy);
+  report_sentence("%s (%s): %s", missing, platform_error(), remedy);
   report_fatal(report_source, failure.line, failure.words);
 }
 

@@ -9,12 +9,13 @@
 #include "maker/output.h"
 #include "maker/picture.h"
 #include "maker/progress.h"
+#include "maker/random_walk.h"
 #include "maker/statistics.h"
-#include "maker/walk.h"
 #include "support/clock.h"
 #include "support/file.h"
 #include "support/memory.h"
 #include "support/random.h"
+#include "support/sentence.h"
 #include "world/session.h"
 
 namespace {
@@ -29,11 +30,11 @@ bool load(const std::string &path, World *world) {
   case SessionLoad::loaded:
     return true;
   case SessionLoad::absent:
-    return complain(path, "cannot be read", std::strerror(ENOENT));
+    return report_file_error(path, "can't be read", std::strerror(ENOENT));
   case SessionLoad::damaged:
-    return complain(path, "cannot be read", "it is damaged or no session");
+    return report_file_error(path, "can't be read", "it is damaged or no session");
   default:
-    return complain(path, "cannot be read", std::strerror(errno));
+    return report_file_error(path, "can't be read", std::strerror(errno));
   }
 }
 
@@ -80,7 +81,7 @@ bool save(const Options &options, const World &world) {
   if (!may_write(options, options.save)) return false;
   progress_show("saving", 0, 0);
   return World_save(&world, options.save.c_str()) ||
-         complain(options.save, "cannot be written", std::strerror(errno));
+         report_file_error(options.save, "can't be written", std::strerror(errno));
 }
 
 bool use(const Options &options, World *world) {
@@ -105,6 +106,7 @@ int run(const Options &options) {
 } // namespace
 
 int main(int argc, char **argv) {
+  report_set_program("vorel-maze");
   Options options;
   switch (Options_read(&options, argc, argv)) {
   case OptionsResult::run:

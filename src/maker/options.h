@@ -8,14 +8,14 @@ constexpr int32_t picture_max_side = 16384; // pixels
 // What the command line asks for.
 struct Options {
   // The maze.
-  std::string kind; // empty: what the program makes by itself
-  int32_t side = 0; // size parameter of the kind; 0: what the program uses
+  std::string kind; // empty: a random kind, as in Vorel
+  int32_t side = 0; // size parameter of the kind; 0: the default of the kind
   uint32_t seed = 0;
   bool seeded = false; // whether a seed was given
-  std::string load;    // a session that is taken instead; empty for none
+  std::string load;    // a session to load instead; empty for none
   int32_t walk = 0;    // steps
 
-  // What becomes of it; empty paths for nothing.
+  // Output; an empty path for none.
   std::string save, picture;
   bool force = false; // replace an existing file
   bool statistics = false;
@@ -31,8 +31,8 @@ struct Options {
   int32_t turntable = 0; // pictures of one turn; 0: one picture
 };
 
-enum class OptionsResult { run, done, wrong };
+enum class OptionsResult { run, done, invalid };
 
 // Reads the command line. `done` after --help and --version, which are then on the standard output;
-// `wrong` after one sentence on the standard error.
+// `invalid` after one sentence on the standard error.
 OptionsResult Options_read(Options *options, int argc, char **argv);

@@ -1,17 +1,16 @@
 #include "maker/output.h"
 
-#include <cstdio>
-
 #include "maker/progress.h"
 #include "support/file.h"
+#include "support/sentence.h"
 
-bool complain(const std::string &path, const char *words, const char *cause) {
+bool report_file_error(const std::string &path, const char *words, const char *cause) {
   progress_end();
-  std::fprintf(stderr, "vorel-maze: \"%s\" %s (%s)\n", path.c_str(), words, cause);
+  report_sentence("\"%s\" %s (%s)", path.c_str(), words, cause);
   return false;
 }
 
 bool may_write(const Options &options, const std::string &path) {
   return options.force || !file_identity(path).exists ||
-         complain(path, "exists", "--force replaces it");
+         report_file_error(path, "exists", "--force replaces it");
 }

@@ -7,7 +7,7 @@
 // Files that the program writes.
 
 // Reports one sentence about a file on the standard error. Always false.
-bool complain(const std::string &path, const char *words, const char *cause);
+bool report_file_error(const std::string &path, const char *words, const char *cause);
 
 // Whether the file may be written: it does not exist, or the options allow to replace it. Otherwise
 // reports a sentence.

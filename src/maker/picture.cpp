@@ -10,8 +10,8 @@
 #include "gfx/stereo.h"
 #include "gfx/tile.h"
 #include "gfx/window.h"
-#include "maker/camera.h"
 #include "maker/output.h"
+#include "maker/picture_camera.h"
 #include "maker/plot_names.h"
 #include "maker/png.h"
 #include "maker/progress.h"
@@ -103,11 +103,13 @@ bool save_frame(const Options &options, const World &world, const std::string &p
                    static_cast<size_t>(image.height));
   const bool interlaced = options.stereo == interlaced_mode;
   if (!draw_tiles(world, interlaced ? split_mode : options.stereo, &image))
-    return complain(path, "cannot be drawn", "the driver has no framebuffer objects of that size");
+    return report_file_error(path, "can't be drawn",
+                             "the driver has no framebuffer objects of that size");
   if (interlaced) interlace(&image);
   progress_show("writing", 0, 0);
   std::string error;
-  return png_save(image, path, &error) || complain(path, "cannot be written", error.c_str());
+  return png_save(image, path, &error) ||
+         report_file_error(path, "can't be written", error.c_str());
 }
 
 // "name.png" becomes "name-007.png".
@@ -139,7 +141,8 @@ bool picture_draw(const Options &options, World *world) {
   gfx_open_hidden("vorel-maze");
   projection_is_2d = 0;
   if (!viewport_is_possible(options))
-    return complain(options.picture, "cannot be drawn", "the driver draws no picture of that size");
+    return report_file_error(options.picture, "can't be drawn",
+                             "the driver draws no picture of that size");
   shader_procs_load();
   build_fonts();
   set_switches(options);

@@ -6,7 +6,7 @@
 
 // What can be counted in a tree of mazes.
 struct Statistics {
-  int64_t nodes;        // of all mazes, containers included
+  int64_t nodes;        // of all mazes, holders included
   int64_t mazes;        // the root included
   int64_t levels;       // of nesting; 1 without submazes
   int64_t dead_ends;    // plain nodes with a single way out

@@ -10,22 +10,25 @@ namespace {
 
 constexpr size_t reserve_size = size_t{4} << 20; // bytes
 
-void *reserve;
-bool ending;
-uint32_t main_thread;
-void (*save_work)();
+struct ExitState {
+  void *reserve; // released before the work is saved
+  bool exiting;
+  uint32_t main_thread;
+  void (*save_work)();
+};
+ExitState exit_state;
 
 // Other threads, which are the graphics driver's, get an exception: they must not save the session.
 void new_failed() {
-  if (clock_thread() == main_thread) memory_exhausted();
+  if (clock_thread() == exit_state.main_thread) memory_exhausted();
   std::set_new_handler(nullptr);
 }
 
 } // namespace
 
 void memory_begin() {
-  reserve = std::malloc(reserve_size);
-  main_thread = clock_thread();
+  exit_state.reserve = std::malloc(reserve_size);
+  exit_state.main_thread = clock_thread();
   std::set_new_handler(new_failed);
 }
 
@@ -42,20 +45,20 @@ void *memory_zeroed(size_t bytes) {
 }
 
 void memory_set_save(void (*save)()) {
-  save_work = save;
+  exit_state.save_work = save;
 }
 
 void memory_exhausted() {
-  if (ending) std::_Exit(1);
-  ending = true;
-  std::free(reserve);
-  if (save_work != nullptr) save_work();
+  if (exit_state.exiting) std::_Exit(1);
+  exit_state.exiting = true;
+  std::free(exit_state.reserve);
+  if (exit_state.save_work != nullptr) exit_state.save_work();
   report_sentence("there is no memory left, so the program ends: close other programs and start it "
                   "again");
   std::exit(1);
 }
 
 void memory_forbid_exit() {
-  std::free(ending ? nullptr : reserve);
-  ending = true;
+  std::free(exit_state.exiting ? nullptr : exit_state.reserve);
+  exit_state.exiting = true;
 }

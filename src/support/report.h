@@ -34,7 +34,7 @@ struct report_frame {
 // Where reports go; null for nowhere.
 extern void (*report_handler)(report_frame *frame);
 
-// Whether warnings go on without a key.
+// Not 0: warnings don't wait for a key.
 extern int32_t report_no_wait;
 
 // What a platform does in its own way.

@@ -8,7 +8,11 @@ namespace {
 
 constexpr size_t sentence_size = 1024;
 
-void (*show_sentence)(const char *sentence);
+struct SentenceOutput {
+  const char *program = "vorel";
+  void (*show)(const char *sentence) = nullptr;
+};
+SentenceOutput output;
 
 } // namespace
 
@@ -18,10 +22,14 @@ void report_sentence(const char *format, ...) {
   va_start(arguments, format);
   std::vsnprintf(sentence, sizeof sentence, format, arguments);
   va_end(arguments);
-  std::fprintf(stderr, "vorel: %s\n", sentence);
-  if (show_sentence != nullptr) show_sentence(sentence);
+  std::fprintf(stderr, "%s: %s\n", output.program, sentence);
+  if (output.show != nullptr) output.show(sentence);
+}
+
+void report_set_program(const char *name) {
+  output.program = name;
 }
 
 void report_set_show(void (*show)(const char *sentence)) {
-  show_sentence = show;
+  output.show = show;
 }

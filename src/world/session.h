@@ -18,10 +18,9 @@ bool World_save(const World *world, const char *path);
 void World_serialise(const World *world, GrowList *blocks);
 
 // Reads a session. Anything malformed, and a sparse file, gives `damaged`. `world` changes only on
-// `loaded`: it then has no offset, and all mazes have the default halfwidth. A clock
-// that is negative or not finite, a zoom that is not positive and finite, and a view or camera that
-// is not finite get the values of a new session. A
-// damaged Roamer removes all Roamers, and nothing else.
+// `loaded`: it then has no offset, and all mazes have the default halfwidth. A clock that is
+// negative or not finite, a zoom that is not positive and finite, and a view or camera that is not
+// finite get the values of a new session. A damaged Roamer removes all Roamers, and nothing else.
 SessionLoad World_load(World *world, const char *path);
 
 // Writes the bytes of the file.

@@ -24,7 +24,7 @@ void shader_procs_load() {
                   "OpenGL version 2.0 or higher required for shaders; you have version %g",
                   version);
     report_sentence("the display's OpenGL is of version %g, and 2.0 is needed: install a newer "
-                    "graphics driver, or Mesa's software driver.",
+                    "graphics driver, or Mesa's software driver",
                     version);
     report_fatal("shaderprocs", 41, text);
   }

@@ -1,4 +1,4 @@
-#include "maker/camera.h"
+#include "maker/picture_camera.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "maker/walk.h"
+#include "maker/random_walk.h"
 
 #include "maze/pos.h"
 #include "maze/visit.h"

@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <cstring>
-#include <iterator>
 
 #include "generate/carve.h"
 #include "generate/composition.h"
@@ -71,23 +70,20 @@ Maze *ladder(double) {
 }
 
 constexpr MazeKind kinds[] = {
-    {"plane", random_plane, 50.0, 0, 1.0, 2},
-    {"hexagon", hexagon, 25.0, 0, 3.1, 2},
-    {"honeycomb", honeycomb, 50.0, 0, 2.1, 2},
-    {"grid", random_block, 10.0, 0, 1.0, 3},
-    {"polar", polar, 50.0, 0, 3.2, 2},
-    {"sphere", Maze_sphere, 20.0, 0, 12.6, 2},
-    {"nested", Maze_random_topology, 20.0, 1, 2.5, 2},
-    {"nested-twice", Maze_random_topology, 10.0, 2, 2.5, 2},
-    {"torus", torus, 20.0, 0, 19.8, 2},
-    {"band", mobius, 20.0, 0, 12.6, 2},
-    {"box", box, 20.0, 0, 6.0, 2}, // not drawn by itself
-    {"patchwork", patchwork, 0.0, 0, 0.0, 0},
-    {"ladder", ladder, 0.0, 0, 0.0, 0},
+    {"plane", random_plane, 50.0, 0, 1.0, 2, 3, true},
+    {"hexagon", hexagon, 25.0, 0, 3.1, 2, 1, true},
+    {"honeycomb", honeycomb, 50.0, 0, 2.1, 2, 1, true},
+    {"grid", random_block, 10.0, 0, 1.0, 3, 1, true},
+    {"polar", polar, 50.0, 0, 3.2, 2, 1, true},
+    {"sphere", Maze_sphere, 20.0, 0, 12.6, 2, 1, true},
+    {"nested", Maze_random_topology, 20.0, 1, 2.5, 2, 1, true},
+    {"nested-twice", Maze_random_topology, 10.0, 2, 2.5, 2, 1, true},
+    {"torus", torus, 20.0, 0, 19.8, 2, 1, true},
+    {"band", mobius, 20.0, 0, 12.6, 2, 1, true},
+    {"box", box, 20.0, 0, 6.0, 2, 0, true},
+    {"patchwork", patchwork, 0.0, 0, 0.0, 0, 0, true},
+    {"ladder", ladder, 0.0, 0, 0.0, 0, 0, false},
 };
-
-// What a draw from 0 to 11 makes.
-constexpr size_t drawn_kinds[] = {0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
 
 void colour_randomly(Maze *root) {
   if (rand_int(2) != 0) {
@@ -100,27 +96,30 @@ void colour_randomly(Maze *root) {
   Maze_paint(root, rgb_colour(red, green, blue), 1);
 }
 
-// One topology, carved, nested, coloured and perhaps bent.
-Maze *single_topology(const MazeKind &kind, double size) {
-  Maze *root = kind.build(size);
-  // Nesting needs the final slots of the holders, so carve first.
-  Maze_carve(root);
+// Nests and colours one topology, and perhaps bends it.
+void decorate(Maze *root, const MazeKind &kind, double size) {
   for (int32_t pass = 0; pass < kind.nesting_passes; pass++)
     Maze_nest(root, nesting_probability, size, Maze_random_topology);
   // Colour before bending, so that colours follow the straight lattice.
   colour_randomly(root);
   if (rand_int(6) == 0) Maze_height_wave(root, 1);
   if (rand_int(3) == 0) Maze_map_positions(root, warp_position, 1);
-  return root;
 }
 
-// A tree that is coloured by its builder.
-Maze *composition(const MazeKind &kind) {
-  Maze *root = kind.build(0);
-  if (kind.build == patchwork) Maze_carve(root);
+void name_tree(Maze *root) {
   string_assign(&root->name, "1.01");
   Maze_label_tree(root);
-  return root;
+}
+
+const MazeKind &drawn_kind() {
+  int32_t all = 0;
+  for (const MazeKind &kind : kinds)
+    all += kind.draws;
+  int32_t draw = rand_int(all);
+  size_t kind = 0;
+  for (; draw >= kinds[kind].draws; kind++)
+    draw -= kinds[kind].draws;
+  return kinds[kind];
 }
 
 } // namespace
@@ -140,7 +139,12 @@ double MazeKind_nodes(const MazeKind &kind, double size) {
 }
 
 Maze *Maze_new_of_kind(const MazeKind &kind, double size) {
-  Maze *root = kind.size > 0 ? single_topology(kind, size) : composition(kind);
+  Maze *root = kind.build(size);
+  if (kind.carve) Maze_carve(root); // before nesting, which needs the final slots of the holders
+  if (kind.size > 0)
+    decorate(root, kind, size);
+  else
+    name_tree(root);
   Maze_scale(root, final_spacing, 1);
   return root;
 }
@@ -148,6 +152,6 @@ Maze *Maze_new_of_kind(const MazeKind &kind, double size) {
 Maze *Maze_new_tree(int32_t mode) {
   if (mode == 1) return Maze_new_of_kind(*MazeKind_find("patchwork"), 0);
   if (mode == 2) return Maze_new_of_kind(*MazeKind_find("ladder"), 0);
-  const MazeKind &kind = kinds[drawn_kinds[rand_int(std::size(drawn_kinds))]];
+  const MazeKind &kind = drawn_kind();
   return Maze_new_of_kind(kind, kind.size);
 }

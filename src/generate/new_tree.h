@@ -11,6 +11,8 @@ struct MazeKind {
   int32_t nesting_passes; // of mazes of the same size
   double node_factor;     // about so many nodes, times a power of the size
   int32_t node_power;
+  int32_t draws; // how many of the draws of Maze_new_tree make it
+  bool carve;    // its builder makes an uncarved graph
 };
 
 // The kind of that name: plane, grid, hexagon, honeycomb, polar, sphere, box, torus, band, nested,
@@ -26,5 +28,5 @@ double MazeKind_nodes(const MazeKind &kind, double size);
 Maze *Maze_new_of_kind(const MazeKind &kind, double size);
 
 // The same of a kind by mode: 1 for a patchwork, 2 for a ladder, any other for a random kind among
-// the rest but for box.
+// those with draws.
 Maze *Maze_new_tree(int32_t mode);

@@ -6,7 +6,7 @@
 #include "maze/attachment.h"
 #include "maze/attachment_names.h"
 #include "render/plot_switches.h"
-#include "world/roamer.h"
+#include "world/new_maze.h"
 
 namespace {
 
@@ -49,8 +49,8 @@ void keys_screenshot() {
 
 void keys_new_maze(Run *run) {
   if (!key_pressed('N')) return;
-  World_replace_maze(&run->world, (key_down(vk_shift) ? 1 : 0) + (key_down(vk_control) ? 1 : 0));
-  World_set_roamers(&run->world, run->roamers);
+  World_replace_maze(&run->world, (key_down(vk_shift) ? 1 : 0) + (key_down(vk_control) ? 1 : 0),
+                     run->roamers);
 }
 
 bool keys_quit() {

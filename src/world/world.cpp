@@ -35,15 +35,6 @@ void World_new_maze(World *world, int32_t mode) {
   enter(world, Maze_new_tree(mode));
 }
 
-void World_replace_maze(World *world, int32_t mode) {
-  Maze *old = world->root;
-  world->root = nullptr; // an end of the program now must not save a tree that is half destroyed
-  Maze_destroy(old, 1);
-  World_new_maze(world, mode);
-  world->time = 0.0;
-  GrowList_clear(&world->roamers);
-}
-
 Pos World_first_place(Maze *root) {
   Pos pos = {root, 0};
   for (;;) {

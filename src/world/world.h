@@ -39,10 +39,6 @@ void World_begin(World *world, Maze *root);
 // destroy the old tree. Clock, view, camera, zoom and Roamers stay.
 void World_new_maze(World *world, int32_t mode);
 
-// Destroys the tree, then makes a new one. Sets the clock to 0 and removes the Roamers, since their
-// places are gone.
-void World_replace_maze(World *world, int32_t mode);
-
 // Moves the camera to the distance of the zoom from the user's node, without a transition.
 void World_place_camera(World *world);
 

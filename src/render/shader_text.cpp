@@ -26,6 +26,19 @@
   "  if(k<=0.0) discard;\n"                                                                        \
   "  vec3 ecpos=epos*k;\n"
 
+// A colour plus those of the ages of the user's and a Roamer's last visit; a negative time means
+// never. Goes after the text of agecolour.
+#define WITH_AGES                                                                                  \
+  "\n"                                                                                             \
+  "vec3 with_ages(vec3 c,float t,float user,float roamer)\n"                                       \
+  "{\n"                                                                                            \
+  "  if(user>=0.0) c+=agecolour(t-user);\n"                                                        \
+  "#ifdef ROAMERS\n"                                                                               \
+  "  if(roamer>=0.0) c+=roamer_tint*agecolour(t-roamer);\n"                                        \
+  "#endif\n"                                                                                       \
+  "  return c;\n"                                                                                  \
+  "}\n"
+
 // In 1/255: 0.1412 is 36, 0.0706 is 18, 0.0667 is 17 and 0.0627 is 16. t becomes the logarithm of
 // the age in hundredths of a second.
 const char *const shader_agecolour = R"(#version 120
@@ -91,7 +104,7 @@ vec3 lighting(vec3 nv,vec3 ps)
 
 // The ribbon faces the camera. It widens with the distance to leave room for its rim of one pixel.
 // r is the signed distance from the axis, oz the z in eye space.
-const char *const shader_edge_vertex = R"(
+const char *const shader_edge_vertex = WITH_AGES R"(
 uniform vec3 o;
 uniform float t,r0,r1;
 varying float r,oz;
@@ -104,13 +117,7 @@ void main()
   r=r0-0.005*d+(r1-r0+0.01*d)*(gl_Vertex.w>=2.0?gl_Vertex.w-2.0:gl_Vertex.w);
   gl_Position=gl_ModelViewProjectionMatrix*vec4(p1+pr*r,1.0);
   oz=gl_Position.w/gl_ProjectionMatrix[2][3];
-  vec3 c=gl_Color.rgb;
-  float ct=gl_MultiTexCoord0.x;
-  if(ct>=0.0) c+=agecolour(t-ct);
-#ifdef ROAMERS
-  float rt=gl_MultiTexCoord0.z;
-  if(rt>=0.0) c+=roamer_tint*agecolour(t-rt);
-#endif
+  vec3 c=with_ages(gl_Color.rgb,t,gl_MultiTexCoord0.x,gl_MultiTexCoord0.z);
   gl_FrontColor=vec4(c,1.0);
   gl_TexCoord[0]=gl_MultiTexCoord0;
 }
@@ -139,7 +146,7 @@ void main()
 )" WRITE_DEPTH;
 
 // A square that faces the camera and widens with the distance, as ribbons do.
-const char *const shader_node_vertex = R"(
+const char *const shader_node_vertex = WITH_AGES R"(
 uniform vec3 o;
 uniform float t;
 varying vec3 pos,c;
@@ -155,14 +162,7 @@ void main()
   pos=c+(r+0.005*d)*(gl_Vertex.x*u+gl_Vertex.y*v);
   gl_Position=gl_ModelViewProjectionMatrix*vec4(pos,1.0);
   oz=gl_Position.w/gl_ProjectionMatrix[2][3];
-  vec3 col=gl_Color.rgb;
-  float ct=gl_Color.a;
-  if(ct>=0.0) col+=agecolour(t-ct);
-#ifdef ROAMERS
-  float rt=gl_Normal.x;
-  if(rt>=0.0) col+=roamer_tint*agecolour(t-rt);
-#endif
-  gl_FrontColor=vec4(col,1.0);
+  gl_FrontColor=vec4(with_ages(gl_Color.rgb,t,gl_Color.a,gl_Normal.x),1.0);
 }
 )";
 

@@ -5,10 +5,10 @@
 #include "maze/maze.h"
 #include "world/world.h"
 
-// The plot that is computed in each frame, for what it shows and not for speed: its colours are up
-// to date and include the trails of the Roamers. Edges near the camera are ribbons of three bands
-// and nodes a large disc behind a small one; from a distance of 100 on edges are lines, and nodes
-// are not drawn. The distance is that of the node that draws the edge (Pos_before).
+// The plot that is recomputed every frame: slow, but always current. Its colours include the trails
+// of the Roamers. Edges near the camera are ribbons of three bands and nodes a large disc behind a
+// small one; from a distance of 100 on edges are lines, and nodes are not drawn. The distance is
+// that of the node that draws the edge (Pos_before).
 
 // Draws a maze, and with `all_levels` all below it, each with its name above it. Without it, edges
 // are those of the maze's own table. Culls nodes with the bounds of the line plot's caches, where

@@ -17,7 +17,6 @@ uint32_t border_colour(const Maze *maze, uint32_t fallback);
 uint32_t edge_colour(uint32_t colour, Pos a, Pos b);
 
 // The same plus the colours of the ages of the user's and the Roamers' last crossings, unless
-// `world` is null or hides its trail. Roamers have the user's colours with little red and half the
-// blue, so their trail is green. Where both have been, both are added: the younger trail, which is
-// brighter, shows most.
+// `world` is null or hides its trail. A Roamer's trail is the age colour times 0x40FF80. Both
+// trails add.
 uint32_t visit_colour(const MazeEdge &row, Pos a, Pos b, const World *world);

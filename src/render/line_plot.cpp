@@ -159,7 +159,7 @@ const PlotBatch line_batch = {.name = attachment_lists,
                                           {sizeof(Pos), 0, nullptr, 0}},
                               .passes = 2,
                               .chunk_nodes = chunk_nodes,
-                              .shows_roamers = true,
+                              .renews_touched = true,
                               .end_stream = cross_level_ends,
                               .margin = margin};
 

@@ -99,7 +99,7 @@ constexpr PlotBatch mode_batch(PrimitiveStream first, PrimitiveStream second, bo
           .streams = {first, second},
           .passes = second.size == 0 ? 1 : 2,
           .chunk_nodes = chunk_nodes,
-          .shows_roamers = shows_ages,
+          .renews_touched = shows_ages,
           .before = lit ? fixed_light_on : nullptr,
           .after = lit ? light_off : nullptr,
           .marker = draw_marker};

@@ -58,8 +58,8 @@ struct DrawCache {
 // attachments, since the statistics overlay lists those.
 DrawCache *retired;
 
-// Renewals are spread over frames, so that any number of Roamers costs a frame little time. A round
-// lasts until all stale chunks that were visible are renewed.
+// Renewals are spread over frames, so that any number of touched nodes costs a frame little time. A
+// round lasts until all stale chunks that were visible are renewed.
 constexpr int32_t renewals_per_frame = 350; // primitives; the next frames pay what exceeds it
 
 struct {
@@ -145,7 +145,7 @@ void destroy(intptr_t data, Maze *maze) {
 
 void touch(intptr_t data, int32_t node) {
   auto *cache = reinterpret_cast<DrawCache *>(data);
-  if (!cache->batch->shows_roamers) return;
+  if (!cache->batch->renews_touched) return;
   const int32_t chunk = (maze_count(cache->maze) - 1 - node) / cache->batch->chunk_nodes;
   rows<Chunk>(cache->chunks)[chunk].stale = true;
 }
@@ -210,34 +210,33 @@ void collect_chunks(DrawCache *cache, const World *world) {
   }
 }
 
-bool is_same_chunk(const DrawCache *a, const DrawCache *b, uint32_t chunk) {
+// Compares the first `compared` bytes of rows.
+bool is_same_start(const GrowList &a, uint32_t begin_a, const GrowList &b, uint32_t begin_b,
+                   uint32_t count, size_t compared) {
+  if (compared == a.elemsize) return GrowList_same_rows(&a, begin_a, &b, begin_b, count);
+  const auto *row_a = static_cast<const uint8_t *>(a.data) + begin_a * a.elemsize;
+  const auto *row_b = static_cast<const uint8_t *>(b.data) + begin_b * b.elemsize;
+  for (uint32_t i = 0; i < count; i++, row_a += a.elemsize, row_b += b.elemsize)
+    if (std::memcmp(row_a, row_b, compared) != 0) return false;
+  return true;
+}
+
+// Whether the primitives of a chunk are the same, but for their renewable bytes unless `whole`.
+bool is_same_chunk(const DrawCache *a, const DrawCache *b, uint32_t chunk, bool whole) {
   for (int32_t k = 0; k < a->batch->passes; k++) {
+    const PrimitiveStream &stream = a->batch->streams[k];
     const uint32_t begin_a = primitive_begin(a, chunk, k), begin_b = primitive_begin(b, chunk, k);
     const uint32_t count = rows<Chunk>(a->chunks)[chunk].primitive_end[k] - begin_a;
     if (count != rows<Chunk>(b->chunks)[chunk].primitive_end[k] - begin_b ||
-        !GrowList_same_rows(&a->streams[k], begin_a, &b->streams[k], begin_b, count))
+        !is_same_start(a->streams[k], begin_a, b->streams[k], begin_b, count,
+                       stream.size - (whole ? 0 : stream.renewable_bytes)))
       return false;
   }
   return true;
 }
 
-// Whether the chunks differ at most by the times of Roamers.
-bool is_same_but_for_roamers(const DrawCache *a, const DrawCache *b, uint32_t chunk) {
-  for (int32_t k = 0; k < a->batch->passes; k++) {
-    const size_t size = a->batch->streams[k].size;
-    const uint32_t begin_a = primitive_begin(a, chunk, k), begin_b = primitive_begin(b, chunk, k);
-    const uint32_t count = rows<Chunk>(a->chunks)[chunk].primitive_end[k] - begin_a;
-    if (count != rows<Chunk>(b->chunks)[chunk].primitive_end[k] - begin_b) return false;
-    const auto *row_a = static_cast<const uint8_t *>(a->streams[k].data) + begin_a * size;
-    const auto *row_b = static_cast<const uint8_t *>(b->streams[k].data) + begin_b * size;
-    for (uint32_t i = 0; i < count; i++, row_a += size, row_b += size)
-      if (std::memcmp(row_a, row_b, size - a->batch->streams[k].roamer_size) != 0) return false;
-  }
-  return true;
-}
-
 // Reuses the display lists of the previous version; a chunk whose primitives are unchanged stays
-// compiled. So does a stale one that only Roamers have changed, to be renewed in its turn.
+// compiled. So does a stale one of which only renewable bytes changed, to be renewed in its turn.
 void reuse_display_lists(DrawCache *cache, DrawCache *old) {
   if (cache->batch != old->batch || cache->chunks.count != old->chunks.count ||
       cache->halfwidth != old->halfwidth)
@@ -246,8 +245,8 @@ void reuse_display_lists(DrawCache *cache, DrawCache *old) {
     Chunk &chunk = rows<Chunk>(cache->chunks)[k];
     const Chunk &before = rows<Chunk>(old->chunks)[k];
     chunk.round = before.round;
-    chunk.stale = before.compiled && before.stale && is_same_but_for_roamers(cache, old, k);
-    chunk.compiled = chunk.stale || (before.compiled && is_same_chunk(cache, old, k));
+    chunk.stale = before.compiled && before.stale && is_same_chunk(cache, old, k, false);
+    chunk.compiled = chunk.stale || (before.compiled && is_same_chunk(cache, old, k, true));
   }
   std::swap(cache->first_list, old->first_list);
 }
@@ -345,8 +344,8 @@ void widen(DrawCache *cache, const Box &box) {
   }
 }
 
-// Collects a chunk's primitives again. Their number is the same: only an attachment that was
-// dropped gets others.
+// Collects a chunk's primitives again. Their number is the same: whatever changes the count drops
+// the attachment.
 void renew_primitives(DrawCache *cache, uint32_t k, const World *world) {
   Chunk &chunk = rows<Chunk>(cache->chunks)[k];
   GrowList streams[max_streams];

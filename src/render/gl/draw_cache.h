@@ -12,9 +12,8 @@
 // were when the attachment was built, their bounds, and display lists. A list holds a chunk of
 // nodes and is compiled when the chunk is first visible. When an attachment was dropped and is
 // built again, chunks with unchanged primitives keep their lists: a step compares all primitives
-// but compiles few. When a node was touched, the whole attachment stays and only its chunk is
-// renewed, as soon as it is visible. A frame renews few chunks; others stay as they are until their
-// turn comes.
+// but compiles few. Touching a node marks its chunk stale. Stale visible chunks are collected and
+// compiled again within a budget per frame.
 
 // Nodes of a maze from `first` to before `end`.
 struct NodeRange {
@@ -36,7 +35,7 @@ struct PrimitiveStream {
   // Sends primitives from `first` to before `end`, within glBegin and glEnd; null: never drawn.
   void (*draw)(const GrowList &primitives, uint32_t first, uint32_t end, double halfwidth);
 
-  uint32_t roamer_size = 0; // bytes at the end of a primitive that only Roamers change
+  uint32_t renewable_bytes = 0; // at the end of a primitive: changes of them may show late
 };
 
 constexpr int32_t max_streams = 3;
@@ -52,7 +51,7 @@ struct PlotBatch {
   PrimitiveStream streams[max_streams];
   int32_t passes = 1;                   // the first streams, each drawn in a pass of its own
   int32_t chunk_nodes;                  // nodes of a display list
-  bool shows_roamers = false;           // chunks are renewed when their nodes are touched
+  bool renews_touched = false;          // chunks are renewed when their nodes are touched
   int32_t end_stream = -1;              // stream of Pos: ends of edges in other mazes
   int32_t cull_planes = frustum_planes; // how many frustum planes to cull against
 
@@ -67,8 +66,8 @@ struct PlotBatch {
   void (*marker)(const View &view) = nullptr;
 };
 
-// Call before each frame: allows it to renew chunks. None is renewed twice while another that was
-// visible waits.
+// Call before each frame. Resets the budget. No chunk is renewed again before all stale visible
+// ones were.
 void draw_cache_begin_frame();
 
 constexpr int32_t every_pass = -1; // one after another in each maze

@@ -6,8 +6,6 @@ GlProcs gl;
 
 namespace {
 
-bool loaded;
-
 template <typename Proc> void bind(Proc *slot, const char *name) {
   *slot = reinterpret_cast<Proc>(platform_gl_proc(name));
 }
@@ -57,8 +55,7 @@ void bind_framebuffers() {
 } // namespace
 
 void gl_procs_load() {
-  if (loaded) return;
-  loaded = true;
+  if (gl.create_shader != nullptr) return;
   bind_shaders();
   bind_framebuffers();
   bind(&gl.generate_mipmap, "glGenerateMipmap");

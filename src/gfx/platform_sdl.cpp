@@ -14,11 +14,14 @@
 
 namespace {
 
-SDL_Window *window;
-SDL_GLContext context;
-char last_error[512];
-DisplayPoint reported_size; // of the latest event_resize
-bool frame_placed;          // the window has no frame, or one that was moved onto the desktop
+struct SdlState {
+  SDL_Window *window;
+  SDL_GLContext context;
+  char last_error[512];
+  DisplayPoint reported_size; // of the latest event_resize
+  bool frame_placed;          // the window has no frame, or one that was moved onto the desktop
+};
+SdlState sdl;
 
 struct PixelFormat {
   int depth_bits, alpha_bits;
@@ -30,15 +33,15 @@ constexpr PixelFormat formats[] = {{32, 8}, {24, 8}, {32, 0}, {24, 0}};
 
 void keep_error() {
   const char *error = SDL_GetError();
-  std::snprintf(last_error, sizeof last_error, "%s",
+  std::snprintf(sdl.last_error, sizeof sdl.last_error, "%s",
                 error[0] != '\0' ? error : "no reason was given");
 }
 
 // A display mode outlives the program that set it, so every way out restores it.
 void restore_display_mode() {
-  if (window == nullptr) return;
-  uint32_t flags = SDL_GetWindowFlags(window) & SDL_WINDOW_FULLSCREEN_DESKTOP;
-  if (flags == SDL_WINDOW_FULLSCREEN) SDL_SetWindowFullscreen(window, 0);
+  if (sdl.window == nullptr) return;
+  uint32_t flags = SDL_GetWindowFlags(sdl.window) & SDL_WINDOW_FULLSCREEN_DESKTOP;
+  if (flags == SDL_WINDOW_FULLSCREEN) SDL_SetWindowFullscreen(sdl.window, 0);
 }
 
 MonitorRect edges(const SDL_Rect &rect) {
@@ -52,7 +55,7 @@ MonitorRect monitor(int index) {
 }
 
 bool is_whole_monitor(const MonitorRect &area) {
-  for (int i = SDL_GetNumVideoDisplays() - 1; i >= 0; i--) {
+  for (int i = SDL_GetNumVideoDisplays(); i-- > 0;) {
     const MonitorRect rect = monitor(i);
     if (rect.left == area.left && rect.top == area.top && rect.right == area.right &&
         rect.bottom == area.bottom)
@@ -73,7 +76,7 @@ int corner_display() {
 // SDL replaces a mode that the display lacks by a larger one.
 bool has_mode(int32_t width, int32_t height) {
   const int display = corner_display();
-  for (int i = SDL_GetNumDisplayModes(display) - 1; i >= 0; i--) {
+  for (int i = SDL_GetNumDisplayModes(display); i-- > 0;) {
     SDL_DisplayMode mode = {};
     if (SDL_GetDisplayMode(display, i, &mode) == 0 && mode.w == width && mode.h == height)
       return true;
@@ -123,15 +126,16 @@ PlatformOpen why_no_window(const PlatformWindowRequest &request) {
 
 PlatformOpen try_open(const PlatformWindowRequest &request, const PixelFormat &format) {
   request_context(format);
-  window = make_window(request, window_flags(request));
-  if (window == nullptr) return why_no_window(request);
-  context = SDL_GL_CreateContext(window);
-  if (context != nullptr && SDL_GL_MakeCurrent(window, context) == 0) return PlatformOpen::ok;
+  sdl.window = make_window(request, window_flags(request));
+  if (sdl.window == nullptr) return why_no_window(request);
+  sdl.context = SDL_GL_CreateContext(sdl.window);
+  if (sdl.context != nullptr && SDL_GL_MakeCurrent(sdl.window, sdl.context) == 0)
+    return PlatformOpen::ok;
   keep_error();
-  PlatformOpen stage = context == nullptr ? PlatformOpen::no_context : PlatformOpen::no_current;
+  PlatformOpen stage = sdl.context == nullptr ? PlatformOpen::no_context : PlatformOpen::no_current;
   platform_close();
-  SDL_DestroyWindow(window);
-  window = nullptr;
+  SDL_DestroyWindow(sdl.window);
+  sdl.window = nullptr;
   return stage;
 }
 
@@ -174,9 +178,9 @@ PlatformOpen try_formats_on_x11(const PlatformWindowRequest &request) {
 // round of messages.
 void report_client_size() {
   DisplayPoint size = {0, 0};
-  if (!platform_is_minimised()) SDL_GL_GetDrawableSize(window, &size.x, &size.y);
-  if (size.x == reported_size.x && size.y == reported_size.y) return;
-  reported_size = size;
+  if (!platform_is_minimised()) SDL_GL_GetDrawableSize(sdl.window, &size.x, &size.y);
+  if (size.x == sdl.reported_size.x && size.y == sdl.reported_size.y) return;
+  sdl.reported_size = size;
   event_resize(size.x, size.y);
 }
 
@@ -187,14 +191,15 @@ DisplayPoint centre(const MonitorRect &rect) {
 // The size of the frame is known only some time after the window was opened.
 void keep_frame_on_desktop() {
   int top = 0, left = 0, bottom = 0, right = 0;
-  if (frame_placed || SDL_GetWindowBordersSize(window, &top, &left, &bottom, &right) != 0) return;
+  if (sdl.frame_placed || SDL_GetWindowBordersSize(sdl.window, &top, &left, &bottom, &right) != 0)
+    return;
   if (top + left + bottom + right == 0) return; // not yet known
-  frame_placed = true;
+  sdl.frame_placed = true;
   const MonitorRect now = platform_window_rect(); // with the frame, so the metrics need none
   const MonitorRect kept = display_framed_outer({now.right - now.left, now.bottom - now.top},
                                                 platform_metrics(), centre(now));
   if (kept.left != now.left || kept.top != now.top)
-    SDL_SetWindowPosition(window, kept.left + left, kept.top + top);
+    SDL_SetWindowPosition(sdl.window, kept.left + left, kept.top + top);
 }
 
 uint32_t button_bits(uint32_t sdl_mask) {
@@ -225,7 +230,7 @@ void button_message(const SDL_MouseButtonEvent &button) {
 
 // Polls the buttons: SDL drops a press if it missed the release before.
 void report_buttons() {
-  if (SDL_GetMouseFocus() != window) return;
+  if (SDL_GetMouseFocus() != sdl.window) return;
   const uint32_t held = buttons_held();
   const MouseEvent latest = event_latest_mouse();
   if (held != latest.buttons) event_mouse({held, latest.x, latest.y});
@@ -320,7 +325,7 @@ bool platform_connect(bool hidden) {
   }
   if (is_headless_driver(SDL_GetCurrentVideoDriver())) {
     SDL_Quit();
-    std::snprintf(last_error, sizeof last_error, "%s",
+    std::snprintf(sdl.last_error, sizeof sdl.last_error, "%s",
                   "neither DISPLAY nor WAYLAND_DISPLAY names one");
     return false;
   }
@@ -353,22 +358,22 @@ void platform_monitors(GrowList *out) {
 }
 
 PlatformOpen platform_open(const PlatformWindowRequest *request) {
-  reported_size = {request->client_width, request->client_height};
-  frame_placed = !request->framed;
+  sdl.reported_size = {request->client_width, request->client_height};
+  sdl.frame_placed = !request->framed;
   const bool on_x11 = std::strcmp(SDL_GetCurrentVideoDriver(), "x11") == 0;
   return on_x11 ? try_formats_on_x11(*request) : try_formats(*request);
 }
 
 const char *platform_error() {
-  return last_error;
+  return sdl.last_error;
 }
 
 void platform_close() {
   restore_display_mode();
-  if (context == nullptr) return;
-  SDL_GL_MakeCurrent(window, nullptr);
-  SDL_GL_DeleteContext(context);
-  context = nullptr;
+  if (sdl.context == nullptr) return;
+  SDL_GL_MakeCurrent(sdl.window, nullptr);
+  SDL_GL_DeleteContext(sdl.context);
+  sdl.context = nullptr;
 }
 
 void *platform_gl_proc(const char *name) {
@@ -376,7 +381,7 @@ void *platform_gl_proc(const char *name) {
 }
 
 void platform_swap_buffers() {
-  SDL_GL_SwapWindow(window);
+  SDL_GL_SwapWindow(sdl.window);
 }
 
 const char *platform_swap_extension() {
@@ -408,29 +413,29 @@ void platform_wait(int32_t milliseconds) {
 }
 
 bool platform_is_minimised() {
-  return (SDL_GetWindowFlags(window) & SDL_WINDOW_MINIMIZED) != 0;
+  return (SDL_GetWindowFlags(sdl.window) & SDL_WINDOW_MINIMIZED) != 0;
 }
 
 void platform_minimise() {
-  SDL_MinimizeWindow(window);
+  SDL_MinimizeWindow(sdl.window);
 }
 
 // The window is created always on top; window managers keep it there.
 void platform_keep_on_top() {}
 
 bool platform_has_focus() {
-  return (SDL_GetWindowFlags(window) & SDL_WINDOW_INPUT_FOCUS) != 0;
+  return (SDL_GetWindowFlags(sdl.window) & SDL_WINDOW_INPUT_FOCUS) != 0;
 }
 
 MonitorRect platform_window_rect() {
   SDL_Rect client = {};
-  SDL_GetWindowPosition(window, &client.x, &client.y);
-  SDL_GetWindowSize(window, &client.w, &client.h);
+  SDL_GetWindowPosition(sdl.window, &client.x, &client.y);
+  SDL_GetWindowSize(sdl.window, &client.w, &client.h);
   int top = 0;
   int left = 0;
   int bottom = 0;
   int right = 0;
-  SDL_GetWindowBordersSize(window, &top, &left, &bottom, &right);
+  SDL_GetWindowBordersSize(sdl.window, &top, &left, &bottom, &right);
   return {client.x - left, client.y - top, client.x + client.w + right,
           client.y + client.h + bottom};
 }
@@ -475,7 +480,7 @@ void platform_allow_screen_saver(bool allowed) {
 }
 
 void platform_message_box(const char *caption, const char *text) {
-  if (SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, caption, text, window) != 0)
+  if (SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, caption, text, sdl.window) != 0)
     report_sentence("%s: %s", caption, text);
 }
 

@@ -248,7 +248,7 @@ void stereo_interlace(int32_t parity) {
   glDisable(GL_BLEND);
   glColor3f(1, 1, 1);
   glBegin(GL_LINES);
-  for (int32_t y = screen_height - 1; y >= 0; y--)
+  for (int32_t y = screen_height; y-- > 0;)
     interlace_line(y, parity);
   glEnd();
   glDisable(GL_TEXTURE_2D);

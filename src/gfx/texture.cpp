@@ -13,10 +13,12 @@ int32_t textures_keep_component_count;
 
 namespace {
 
-// What the driver offers, as gl_has_extension keeps it.
-int32_t has_generate_mipmap = -1;
-int32_t has_anisotropy = -1;
-float max_anisotropy; // 0 until first read
+// What the driver offers.
+struct TextureSupport {
+  int32_t generate_mipmap = -1, anisotropy = -1; // as gl_has_extension keeps them
+  float max_anisotropy = 0;                      // 0 until first read
+};
+TextureSupport support;
 
 constexpr uint32_t formats[5] = {0, GL_LUMINANCE, GL_LUMINANCE_ALPHA, GL_RGB, GL_RGBA};
 
@@ -85,7 +87,7 @@ int32_t components_of(int32_t format) {
 
 // Tests for the old extension, but calls the later entry point.
 bool driver_makes_mipmaps() {
-  if (!gl_has_extension(&has_generate_mipmap, "GL_SGIS_generate_mipmap")) return false;
+  if (!gl_has_extension(&support.generate_mipmap, "GL_SGIS_generate_mipmap")) return false;
   gl_procs_load();
   return gl.generate_mipmap != nullptr;
 }
@@ -156,7 +158,8 @@ uint32_t texture_capture(int32_t x, int32_t y, int32_t width, int32_t height, in
 void texture_max_anisotropy() {
   // Software drivers offer it too, but then take seconds for a frame.
   if (gl_is_software()) return;
-  if (!gl_has_extension(&has_anisotropy, "GL_EXT_texture_filter_anisotropic")) return;
-  if (max_anisotropy == 0) glGetFloatv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &max_anisotropy);
-  glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT, max_anisotropy);
+  if (!gl_has_extension(&support.anisotropy, "GL_EXT_texture_filter_anisotropic")) return;
+  if (support.max_anisotropy == 0)
+    glGetFloatv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &support.max_anisotropy);
+  glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT, support.max_anisotropy);
 }

@@ -101,10 +101,9 @@ void Maze_delete_node(Maze *maze, int32_t i) {
   while (nodes[i].degree > 0)
     Maze_cut(maze, i, nodes[i].nbr[nodes[i].degree - 1]);
   const int32_t last = maze_count(maze) - 1;
-  if (last != i) {
+  if (last != i)
     for (uint32_t r = nodes[last].degree; r-- > 0;)
       renumber_slots(nodes[nodes[last].nbr[r]], last, i);
-  }
   GrowList_remove(&maze->nodes, static_cast<uint32_t>(i));
 }
 

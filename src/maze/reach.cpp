@@ -97,7 +97,7 @@ Maze *Maze_reachable_copy(const Maze *maze, int32_t start) {
   uint8_t *reached = Maze_reach(maze, start);
   Maze *copy = Maze_copy(maze, 0);
   for (int32_t i = maze_count(copy); i-- > 0;)
-    if (reached[i] == 0u) Maze_delete_node(copy, i);
+    if (reached[i] == 0) Maze_delete_node(copy, i);
   std::free(reached);
   return copy;
 }

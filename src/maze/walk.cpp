@@ -9,7 +9,7 @@ Maze *Maze_last_child_before(const Maze *maze, int32_t end) {
 
 Maze *Maze_next(const Maze *root, const Maze *maze) {
   Maze *next = Maze_last_child_before(maze, maze_count(maze));
-  for (; (next == nullptr) && maze != root; maze = maze->parent)
+  for (; next == nullptr && maze != root; maze = maze->parent)
     next = Maze_last_child_before(maze->parent, maze->parentnode);
   return next;
 }

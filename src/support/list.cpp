@@ -75,9 +75,8 @@ uint32_t GrowList_append_many(GrowList *list, const void *row_block, uint32_t m)
   assert(m <= UINT32_MAX - list->count);
   const uint32_t first = list->count;
   void *old = nullptr;
-  if (first + m > list->capacity) {
+  if (first + m > list->capacity)
     old = change_capacity(list, capacity_for(list, static_cast<double>(first) + m));
-  }
   std::memcpy(row_address(list, first), row_block, static_cast<size_t>(m) * list->elemsize);
   list->count += m;
   std::free(old); // after the copy, since `row_block` may be in it
@@ -100,9 +99,8 @@ void GrowList_remove(GrowList *list, uint32_t index) {
   assert(list->count > 0);
   const uint32_t last = list->count - 1;
   if (index > last) return;
-  if (index != last) {
+  if (index != last)
     std::memcpy(row_address(list, index), row_address(list, last), list->elemsize);
-  }
   list->count = last;
   shrink_if_sparse(list);
 }

@@ -17,11 +17,17 @@ double cofactor(const Mat3 &a, int i, int j) {
 // The matrix with entry(i, j) at (i, j).
 template <typename Entry> Mat3 each_entry(Entry entry) {
   Mat3 result;
-  for (int i = 0; i < 3; i++) {
+  for (int i = 0; i < 3; i++)
     for (int j = 0; j < 3; j++)
       result.m[i][j] = entry(i, j);
-  }
   return result;
+}
+
+// Entry (i, j) is a[i] * b[j].
+Mat3 Mat3_outer(Vec3 a, Vec3 b) {
+  return {{{a.x * b.x, a.x * b.y, a.x * b.z},
+           {a.y * b.x, a.y * b.y, a.y * b.z},
+           {a.z * b.x, a.z * b.y, a.z * b.z}}};
 }
 
 } // namespace
@@ -57,9 +63,8 @@ Vec3 operator*(const Mat3 &a, Vec3 v) {
 }
 
 bool operator==(const Mat3 &a, const Mat3 &b) {
-  for (int i = 2; i >= 0; i--) {
+  for (int i = 3; i-- > 0;)
     if (!std::equal(a.m[i], a.m[i] + 3, b.m[i])) return false;
-  }
   return true;
 }
 
@@ -79,12 +84,6 @@ double Mat3_determinant(const Mat3 &a) {
 Mat3 Mat3_inverse(const Mat3 &a) {
   const double determinant = Mat3_determinant(a);
   return each_entry([&](int i, int j) { return cofactor(a, j, i) / determinant; });
-}
-
-Mat3 Mat3_outer(Vec3 a, Vec3 b) {
-  return {{{a.x * b.x, a.x * b.y, a.x * b.z},
-           {a.y * b.x, a.y * b.y, a.y * b.z},
-           {a.z * b.x, a.z * b.y, a.z * b.z}}};
 }
 
 Mat3 Mat3_rotation_x(double angle) {
@@ -116,12 +115,11 @@ Mat3 Mat3_rotation(Vec3 v) {
 
 double Mat3_max_abs(const Mat3 &a) {
   double largest = 0.0;
-  for (int i = 2; i >= 0; i--) {
-    for (int j = 2; j >= 0; j--) {
+  for (int i = 3; i-- > 0;)
+    for (int j = 3; j-- > 0;) {
       const double size = std::fabs(a.m[i][j]);
       if (size > largest || std::isnan(size)) largest = size;
     }
-  }
   return largest;
 }
 

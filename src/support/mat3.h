@@ -25,9 +25,6 @@ double Mat3_determinant(const Mat3 &a);
 // By cofactors. A determinant of 0 gives entries that are not finite.
 Mat3 Mat3_inverse(const Mat3 &a);
 
-// Entry (i, j) is a[i] * b[j].
-Mat3 Mat3_outer(Vec3 a, Vec3 b);
-
 // Right-handed rotations by an angle in radians.
 Mat3 Mat3_rotation_x(double angle);
 Mat3 Mat3_rotation_y(double angle);

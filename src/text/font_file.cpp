@@ -78,6 +78,40 @@ bool in_dot(const Point &p, float radius) {
   return x * x + y * y < radius * radius;
 }
 
+// Returns 1 if the point (x, y) of a tile's unit square, y downward, is inside a stroke, otherwise
+// 0. Bit 2 of the code swaps the axes, bits 0 and 1 mirror x and y, and bits 3 and up are the
+// shape; a shape above 7 gives 2. a and b are half the stroke width along x and y, c and d shift
+// the centres of curves, e is the radius of a dot as a multiple of a.
+int32_t font_tile_shape(uint8_t code, float x, float y, float a, float b, float c, float d,
+                        float e) {
+  Point p = {x, y, a, b, c, d};
+  if ((code & swap_axes) != 0) p = {y, x, b, a, d, c};
+  if ((code & mirror_x) != 0) p.x = 1.0F - p.x;
+  if ((code & mirror_y) != 0) p.y = 1.0F - p.y;
+  const bool vertical = std::fabs(p.x - 0.5F) < p.half_width_x;
+  const bool horizontal = std::fabs(p.y - 0.5F) < p.half_width_y;
+  switch (code >> 3) {
+  case empty:
+    return 0;
+  case bar:
+    return vertical ? 1 : 0;
+  case quarter_ring:
+    return in_quarter_ring(p) ? 1 : 0;
+  case tee:
+    return horizontal || (p.y > 0.5F && vertical) ? 1 : 0;
+  case dot:
+    return in_dot(p, p.half_width_x * e) ? 1 : 0;
+  case stub:
+    return vertical && p.y > 0.5F - p.half_width_y ? 1 : 0;
+  case corner:
+    return in_corner(p) ? 1 : 0;
+  case fork:
+    return in_fork(p) ? 1 : 0;
+  default:
+    return 2;
+  }
+}
+
 // The strokes of a font.
 struct Strokes {
   float half_width_x, half_width_y;
@@ -130,36 +164,6 @@ void put_glyph(std::vector<uint8_t> *out, const uint8_t *codes, size_t across, s
 }
 
 } // namespace
-
-int32_t font_tile_shape(uint8_t code, float x, float y, float a, float b, float c, float d,
-                        float e) {
-  Point p = {x, y, a, b, c, d};
-  if ((code & swap_axes) != 0) p = {y, x, b, a, d, c};
-  if ((code & mirror_x) != 0) p.x = 1.0F - p.x;
-  if ((code & mirror_y) != 0) p.y = 1.0F - p.y;
-  const bool vertical = std::fabs(p.x - 0.5F) < p.half_width_x;
-  const bool horizontal = std::fabs(p.y - 0.5F) < p.half_width_y;
-  switch (code >> 3) {
-  case empty:
-    return 0;
-  case bar:
-    return vertical ? 1 : 0;
-  case quarter_ring:
-    return in_quarter_ring(p) ? 1 : 0;
-  case tee:
-    return horizontal || (p.y > 0.5F && vertical) ? 1 : 0;
-  case dot:
-    return in_dot(p, p.half_width_x * e) ? 1 : 0;
-  case stub:
-    return vertical && p.y > 0.5F - p.half_width_y ? 1 : 0;
-  case corner:
-    return in_corner(p) ? 1 : 0;
-  case fork:
-    return in_fork(p) ? 1 : 0;
-  default:
-    return 2;
-  }
-}
 
 uint8_t *font_generate(const uint8_t *table, uint32_t table_size, float tile_width,
                        float tile_height, float a, float b, float c, float d, float e,

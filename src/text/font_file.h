@@ -11,18 +11,12 @@ constexpr uint8_t glyph_transparent = 255;
 constexpr uint32_t glyph_header = 2; // bytes before a record's pixels
 constexpr uint32_t font_codes = 512; // character codes of a font, and maximum records of a file
 
-// Returns 1 if the point (x, y) of a tile's unit square, y downward, is inside a stroke, otherwise
-// 0. Bit 2 of the code swaps the axes, bits 0 and 1 mirror x and y, and bits 3 and up are the
-// shape; a shape above 7 gives 2. a and b are half the stroke width along x and y, c and d shift
-// the centres of curves, e is the radius of a dot as a multiple of a.
-int32_t font_tile_shape(uint8_t code, float x, float y, float a, float b, float c, float d,
-                        float e);
-
 // Draws a glyph table and returns its font file of *out_size bytes, which the caller frees with
 // free. A record of the table is a width and a height in tiles, then the codes of the tiles, row by
 // row; a truncated record is left out. A tile has `tile_width` by `tile_height` pixels (truncated
 // to whole numbers), each of `samples` by `samples` points. A pixel with any coverage is 16 to 39.
-// a to e are those of font_tile_shape; `flag` has no effect.
+// a and b are half the stroke width along x and y, as parts of a tile, c and d shift the centres of
+// curves, e is the radius of a dot as a multiple of a. `flag` has no effect.
 uint8_t *font_generate(const uint8_t *table, uint32_t table_size, float tile_width,
                        float tile_height, float a, float b, float c, float d, float e,
                        int32_t samples, uint8_t flag, uint32_t *out_size);

@@ -74,9 +74,8 @@ constexpr bool accept(size_t *at, char wanted) {
 }
 
 constexpr bool row_is_valid(size_t at, uint32_t width) {
-  for (uint32_t x = 0; x < width; x++) {
+  for (uint32_t x = 0; x < width; x++)
     if (pixel_of(art_at(at + x)) == not_a_mark) return false;
-  }
   return art_at(at + width) == '\n';
 }
 
@@ -110,9 +109,8 @@ constexpr bool read_entry(ArtGlyphs *glyphs, size_t *at) {
   const GlyphArt glyph = {*at, static_cast<uint8_t>(width), static_cast<uint8_t>(height)};
   if (!assign_codes(glyphs, codes, glyph)) return false;
   glyphs->line++;
-  for (uint32_t y = 0; y < height; y++, glyphs->line++, *at += width + 1) {
+  for (uint32_t y = 0; y < height; y++, glyphs->line++, *at += width + 1)
     if (!row_is_valid(*at, width)) return false;
-  }
   return true;
 }
 
@@ -127,9 +125,8 @@ constexpr ArtGlyphs read_art() {
       return glyphs;
     }
   }
-  for (const GlyphArt &glyph : glyphs.of_code) {
+  for (const GlyphArt &glyph : glyphs.of_code)
     if (glyph.height == 0) glyphs.bad_line = glyphs.line;
-  }
   return glyphs;
 }
 

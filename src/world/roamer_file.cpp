@@ -1,7 +1,6 @@
 #include "world/roamer_file.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <functional>
 #include <vector>
 
@@ -20,40 +19,30 @@ struct NumberedMaze {
   uint32_t number;
 };
 
-// All mazes of a tree, in the order of their addresses.
-struct MazeNumbers {
-  NumberedMaze *rows; // released with std::free
-  uint32_t count, capacity;
-};
-
 bool is_before(const NumberedMaze &a, const NumberedMaze &b) {
   return std::less<>{}(a.maze, b.maze);
 }
 
-// False if there is no memory.
-bool append_maze(MazeNumbers *numbers, const Maze *maze) {
-  if (numbers->count == numbers->capacity) {
-    const uint32_t capacity = 2 * numbers->capacity + 16;
-    void *moved = std::realloc(numbers->rows, capacity * sizeof(NumberedMaze));
-    if (moved == nullptr) return false;
-    numbers->rows = static_cast<NumberedMaze *>(moved);
-    numbers->capacity = capacity;
-  }
-  numbers->rows[numbers->count] = {maze, numbers->count};
-  numbers->count++;
-  return true;
-}
-
-bool number_mazes(MazeNumbers *numbers, const Maze *root) {
+// Fills a list of NumberedMaze with all mazes of a tree, in the order of their addresses. False if
+// there is no memory.
+bool number_mazes(GrowList *numbers, const Maze *root) {
+  uint32_t count = 0;
   for (const Maze *maze = root; maze != nullptr; maze = Maze_next(root, maze))
-    if (!append_maze(numbers, maze)) return false;
-  std::sort(numbers->rows, numbers->rows + numbers->count, is_before);
+    count++;
+  if (!GrowList_try_reserve(numbers, count)) return false;
+  for (const Maze *maze = root; maze != nullptr; maze = Maze_next(root, maze)) {
+    const NumberedMaze row = {maze, numbers->count};
+    GrowList_append(numbers, &row);
+  }
+  NumberedMaze *first = rows<NumberedMaze>(*numbers);
+  std::sort(first, first + count, is_before);
   return true;
 }
 
-void write_place(const MazeNumbers &numbers, Pos place, ByteWriter *out) {
-  const NumberedMaze *at = std::lower_bound(numbers.rows, numbers.rows + numbers.count,
-                                            NumberedMaze{place.maze, 0}, is_before);
+void write_place(const GrowList &numbers, Pos place, ByteWriter *out) {
+  const NumberedMaze *first = rows<NumberedMaze>(numbers);
+  const NumberedMaze *at =
+      std::lower_bound(first, first + numbers.count, NumberedMaze{place.maze, 0}, is_before);
   write_number(out, place.maze != nullptr ? at->number : no_maze);
   write_number(out, place.node);
 }
@@ -91,7 +80,8 @@ void read_rows(World *world, ByteReader *in, uint32_t count) {
 
 void Roamers_write(const World *world, ByteWriter *out) {
   if (world->roamers.count == 0) return;
-  MazeNumbers numbers = {};
+  GrowList numbers;
+  GrowList_init(&numbers, sizeof(NumberedMaze));
   if (number_mazes(&numbers, world->root)) {
     write_number(out, block_mark);
     write_number(out, world->roamers.count);
@@ -103,7 +93,7 @@ void Roamers_write(const World *world, ByteWriter *out) {
       write_place(numbers, roamer.prev, out);
     }
   }
-  std::free(numbers.rows);
+  GrowList_free(&numbers);
 }
 
 bool Roamers_read(World *world, ByteReader *in) {

@@ -56,8 +56,7 @@ TEST(Shaders, FailuresAreAppendedToTheLogFile) {
   picture_begin();
   const std::string path = testing::TempDir() + "vorel_shader_test.log";
   std::remove(path.c_str());
-  const char *const default_log = shader_error_log;
-  shader_error_log = path.c_str();
+  const char *const default_log = shader_set_error_log(path.c_str());
   EXPECT_NE(fragment_program_build(plain_fragment, nullptr, nullptr), 0u);
   EXPECT_FALSE(std::ifstream(path).good()) << "a valid program must leave no log";
   char *shader_log = nullptr, *program_log = nullptr;
@@ -69,7 +68,7 @@ TEST(Shaders, FailuresAreAppendedToTheLogFile) {
   EXPECT_EQ(text.str(), std::string(shader_log) + "\n" + program_log + "\n");
   std::free(shader_log);
   std::free(program_log);
-  shader_error_log = default_log;
+  shader_set_error_log(default_log);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include "render/gl/shaderprocs.h"
 #include "support/file.h"
@@ -10,7 +11,15 @@
 #include "support/report.h"
 #include "support/strings.h"
 
-const char *shader_error_log = "shader_error.log";
+namespace {
+
+const char *error_log = "shader_error.log";
+
+} // namespace
+
+const char *shader_set_error_log(const char *path) {
+  return std::exchange(error_log, path);
+}
 
 GLuint shader_compile(GLenum kind, const char *const *strings, int32_t count) {
   const GLuint shader = gl.create_shader(kind);
@@ -41,7 +50,7 @@ char *shader_info_log(GLuint object, int32_t is_program) {
 }
 
 void shader_log_failure(GLuint object, int32_t is_program) {
-  if (shader_error_log == nullptr) return;
+  if (error_log == nullptr) return;
   GLint good = 0;
   if (is_program != 0) {
     gl.get_program_iv(object, GL_LINK_STATUS, &good);
@@ -50,8 +59,8 @@ void shader_log_failure(GLuint object, int32_t is_program) {
   }
   if (good != 0) return;
   char *log = shader_info_log(object, is_program);
-  if (!file_append_line(shader_error_log, log))
-    report_sentence("a shader failed, and \"%s\" could not be written (%s)", shader_error_log,
+  if (!file_append_line(error_log, log))
+    report_sentence("a shader failed, and \"%s\" could not be written (%s)", error_log,
                     std::strerror(errno));
   std::free(log);
 }

@@ -8,8 +8,9 @@
 // GLSL programs: building them from strings, and their uniforms. A failure to compile or link
 // doesn't stop the program: the log goes to a file, and the handle is used as it is.
 
-// The file to which the logs of failures are appended; null: none is written.
-extern const char *shader_error_log;
+// Sets the file to which the logs of failures are appended, null for none, and returns the one set
+// before. "shader_error.log" at first. The name must outlive all programs.
+const char *shader_set_error_log(const char *path);
 
 // Compiles a shader of the given kind from strings that are joined in order.
 GLuint shader_compile(GLenum kind, const char *const *strings, int32_t count);

@@ -8,65 +8,15 @@
 #include "gfx/window.h"
 #include "maze/attachment.h"
 #include "maze/pos.h"
+#include "render/gl/draw_cache_records.h"
+#include "render/gl/draw_cache_renewal.h"
 #include "support/strings.h"
 
 namespace {
 
-struct DrawCache;
-
-struct Bounds {
-  Box box;
-  double max_halfwidth;
-};
-
-struct Chunk {
-  NodeRange nodes;
-  uint32_t primitive_end[max_streams]; // primitives of this chunk and those before it
-  bool compiled;
-  bool stale;     // touched since its primitives were collected or its list was compiled
-  uint32_t round; // in which it was last renewed
-  Bounds bounds;
-};
-
-// A maze held by a node.
-struct Child {
-  Maze *maze;
-  DrawCache *cache; // null: not built yet, or dropped
-  Bounds bounds;    // of its subtree
-};
-
-struct DrawCache {
-  const PlotBatch *batch;
-  Maze *maze;
-  bool all_levels;
-  double halfwidth;
-  GLuint first_list; // display lists, those of a chunk side by side; 0 until one is compiled
-  GrowList streams[max_streams];
-  GrowList chunks;   // of Chunk, last nodes first
-  GrowList children; // of Child, last holder first
-  DrawCache *parent; // the cache that has this one as a child; null if none has
-  uint32_t child_index;
-  bool complete;           // the caches of the whole subtree are built and in its bounds
-  bool has_user;           // the user is in the subtree; valid only while a tree is drawn
-  Bounds subtree;          // bounds of all primitives
-  Box own_nodes;           // of the plain nodes, and of the first node in any case
-  Box subtree_nodes;       // of those of the whole subtree
-  DrawCache *next_retired; // an older one
-};
-
 // Caches whose attachment was dropped, newest first, kept for their display lists. Not kept as
 // attachments, since the statistics overlay lists those.
 DrawCache *retired;
-
-// Renewals are spread over frames, so that any number of touched nodes costs a frame little time. A
-// round lasts until all stale chunks that were visible are renewed.
-constexpr int32_t renewals_per_frame = 350; // primitives; the next frames pay what exceeds it
-
-struct {
-  uint32_t round = 1;
-  int32_t left = renewals_per_frame;
-  bool unfinished; // this frame left a stale chunk as it was
-} renewals;
 
 constexpr int32_t max_retired = 2; // per batch: a step drops the caches of two mazes at most
 
@@ -154,11 +104,6 @@ DrawCache *find(const Maze *maze, const char *attachment) {
   return reinterpret_cast<DrawCache *>(Attachment_find(maze, attachment));
 }
 
-void init_streams(GrowList *streams, const PlotBatch &batch) {
-  for (int32_t k = 0; k < max_streams && batch.streams[k].size > 0; k++)
-    GrowList_init(&streams[k], batch.streams[k].size);
-}
-
 DrawCache *new_cache(Maze *maze, const PlotBatch &batch, bool all_levels) {
   auto *cache = new DrawCache{};
   cache->batch = &batch;
@@ -171,10 +116,6 @@ DrawCache *new_cache(Maze *maze, const PlotBatch &batch, bool all_levels) {
   GrowList_init(&cache->chunks, sizeof(Chunk));
   GrowList_init(&cache->children, sizeof(Child));
   return cache;
-}
-
-uint32_t primitive_begin(const DrawCache *cache, uint32_t chunk, int32_t stream) {
-  return chunk == 0 ? 0 : rows<Chunk>(cache->chunks)[chunk - 1].primitive_end[stream];
 }
 
 // Appends the children, and grows the bounds of the nodes.
@@ -335,58 +276,6 @@ void compile_chunk(DrawCache *cache, uint32_t k) {
   chunk.compiled = true;
 }
 
-// Grows the bounds of a cache and of its ancestors.
-void widen(DrawCache *cache, const Box &box) {
-  box_unite(&cache->subtree.box, box);
-  for (; cache->parent != nullptr; cache = cache->parent) {
-    box_unite(&rows<Child>(cache->parent->children)[cache->child_index].bounds.box, box);
-    box_unite(&cache->parent->subtree.box, box);
-  }
-}
-
-// Collects a chunk's primitives again. Their number is the same: whatever changes the count drops
-// the attachment.
-void renew_primitives(DrawCache *cache, uint32_t k, const World *world) {
-  Chunk &chunk = rows<Chunk>(cache->chunks)[k];
-  GrowList streams[max_streams];
-  init_streams(streams, *cache->batch);
-  for (int32_t pass = 0; pass < cache->batch->passes; pass++)
-    GrowList_reserve(&streams[pass], chunk.primitive_end[pass] - primitive_begin(cache, k, pass));
-  chunk.bounds.box = box_empty;
-  cache->batch->collect({cache->maze, chunk.nodes, cache->all_levels, world}, streams,
-                        &chunk.bounds.box);
-  for (int32_t i = 0; i < max_streams && cache->batch->streams[i].size > 0; i++) {
-    const size_t size = cache->batch->streams[i].size;
-    const uint32_t begin = primitive_begin(cache, k, i);
-    assert(streams[i].count == chunk.primitive_end[i] - begin);
-    std::memcpy(static_cast<uint8_t *>(cache->streams[i].data) + begin * size, streams[i].data,
-                streams[i].count * size);
-    GrowList_free(&streams[i]);
-  }
-  widen(cache, chunk.bounds.box);
-}
-
-uint32_t drawn_primitives(const DrawCache *cache, uint32_t k) {
-  uint32_t count = 0;
-  for (int32_t pass = 0; pass < cache->batch->passes; pass++)
-    count += rows<Chunk>(cache->chunks)[k].primitive_end[pass] - primitive_begin(cache, k, pass);
-  return count;
-}
-
-// Renews a visible chunk if it is its turn.
-void renew_chunk(DrawCache *cache, uint32_t k, const World *world) {
-  Chunk &chunk = rows<Chunk>(cache->chunks)[k];
-  if (!chunk.stale || chunk.round == renewals.round) return;
-  if (renewals.left <= 0) {
-    renewals.unfinished = true;
-    return;
-  }
-  renew_primitives(cache, k, world);
-  renewals.left -= static_cast<int32_t>(drawn_primitives(cache, k));
-  chunk.round = renewals.round;
-  chunk.stale = chunk.compiled = false;
-}
-
 // What culling needs while one tree is drawn.
 struct CullState {
   const PlotBatch *batch;
@@ -405,7 +294,7 @@ bool is_visible(const CullState &cull, const Bounds &bounds) {
 void call_chunks(const CullState &cull, DrawCache *cache, int32_t pass) {
   for (uint32_t k = 0; k < cache->chunks.count; k++) {
     if (!is_visible(cull, rows<Chunk>(cache->chunks)[k].bounds)) continue;
-    renew_chunk(cache, k, cull.view->world);
+    renewal_visit(cache, k, cull.view->world);
     compile_chunk(cache, k);
     glCallList(list_name(cache, k, pass));
   }
@@ -469,9 +358,7 @@ Box current_bounds(const DrawCache *cache, uint32_t k) {
 } // namespace
 
 void draw_cache_begin_frame() {
-  if (!renewals.unfinished) renewals.round++;
-  renewals.left = std::min(renewals.left, 0) + renewals_per_frame;
-  renewals.unfinished = false;
+  renewal_begin_frame();
 }
 
 void draw_cache_draw(Maze *root, const PlotBatch &batch, int32_t pass, bool all_levels,

@@ -13,6 +13,7 @@
 #include "gfx/gl.h"
 #include "gfx/projection.h"
 #include "gfx/window.h"
+#include "maze/lifetime.h"
 #include "render/gl/shader_program.h"
 #include "render/gl/shaderprocs.h"
 #include "render/gl/view.h"

@@ -23,6 +23,7 @@
 #include "generate/composition.h"
 #include "generate/repulsion_kernel.h"
 #include "generate_reference.h"
+#include "maze/lifetime.h"
 #include "support/random.h"
 
 namespace {

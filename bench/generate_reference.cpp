@@ -7,6 +7,7 @@
 #include "generate/paint.h"
 #include "generate/transform.h"
 #include "maze/edit.h"
+#include "maze/lifetime.h"
 #include "maze/pos.h"
 #include "maze/reach.h"
 #include "support/colour.h"

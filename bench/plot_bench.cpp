@@ -13,6 +13,7 @@
 #include "gfx/projection.h"
 #include "gfx/window.h"
 #include "large_world.h"
+#include "maze/lifetime.h"
 #include "maze/pos.h"
 #include "maze/walk.h"
 #include "plot_reference.h"

@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 #include "maze/edit.h"
+#include "maze/lifetime.h"
 #include "maze/pos.h"
 #include "support/random.h"
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "maze/edit.h"
+#include "maze/lifetime.h"
 #include "maze/pos.h"
 #include "support/random.h"
 

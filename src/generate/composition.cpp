@@ -5,6 +5,7 @@
 #include "generate/topologies.h"
 #include "generate/transform.h"
 #include "maze/edit.h"
+#include "maze/lifetime.h"
 #include "maze/reach.h"
 #include "support/random.h"
 

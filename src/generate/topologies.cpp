@@ -6,6 +6,7 @@
 
 #include "generate/transform.h"
 #include "maze/edit.h"
+#include "maze/lifetime.h"
 #include "support/bits.h"
 #include "support/random.h"
 

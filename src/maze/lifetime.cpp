@@ -1,9 +1,8 @@
-// The lifetime of mazes: creation, destruction, copies. Declared in maze/maze.h.
+#include "maze/lifetime.h"
 
 #include <cstdlib>
 
 #include "maze/attachment.h"
-#include "maze/maze.h"
 #include "maze/walk.h"
 #include "support/strings.h"
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "maze/lifetime.h"
 #include "maze/pos.h"
 #include "support/strings.h"
 

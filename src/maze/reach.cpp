@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "maze/edit.h"
+#include "maze/lifetime.h"
 #include "support/memory.h"
 
 namespace {

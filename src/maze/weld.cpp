@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "maze/lifetime.h"
 #include "maze/pos.h"
 #include "support/point_grid.h"
 

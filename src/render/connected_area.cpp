@@ -2,6 +2,7 @@
 
 #include "generate/paint.h"
 #include "gfx/gl.h"
+#include "maze/lifetime.h"
 #include "maze/reach.h"
 #include "render/fixed_plot.h"
 

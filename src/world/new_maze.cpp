@@ -1,6 +1,7 @@
 #include "world/new_maze.h"
 
 #include "world/roamer.h"
+#include "maze/lifetime.h"
 
 void World_replace_maze(World *world, int32_t mode, uint32_t roamers) {
   Maze *old = world->root;

@@ -1,6 +1,7 @@
 #include "world/world.h"
 
 #include "generate/new_tree.h"
+#include "maze/lifetime.h"
 #include "maze/pos.h"
 
 namespace {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "maze/lifetime.h"
 #include "scenarios.h"
 
 namespace {

@@ -10,6 +10,7 @@
 #include "gfx/window.h"
 #include "maze/attachment.h"
 #include "maze/attachment_names.h"
+#include "maze/lifetime.h"
 #include "own_folder.h"
 #include "render/plot_switches.h"
 #include "scenarios.h"

@@ -10,6 +10,7 @@
 #include "gfx/gl_util.h"
 #include "gfx/window.h"
 #include "maze/edit.h"
+#include "maze/lifetime.h"
 #include "render/gl/view.h"
 #include "render/plot_switches.h"
 #include "render/scene.h"

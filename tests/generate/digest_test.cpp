@@ -14,6 +14,7 @@
 #include "generate/nest.h"
 #include "generate/relax.h"
 #include "generate/transform.h"
+#include "maze/lifetime.h"
 #include "maze/walk.h"
 #include "support/random.h"
 

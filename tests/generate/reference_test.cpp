@@ -9,6 +9,7 @@
 #include "generate/carve.h"
 #include "generate/repulsion_kernel.h"
 #include "maze/edit.h"
+#include "maze/lifetime.h"
 #include "scenarios.h"
 #include "support/random.h"
 #include "tree_text.h"

@@ -9,6 +9,7 @@
 
 #include "maze/attachment.h"
 #include "maze/edit.h"
+#include "maze/lifetime.h"
 #include "maze/pos.h"
 #include "maze/reach.h"
 #include "scenarios.h"

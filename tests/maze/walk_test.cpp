@@ -9,6 +9,7 @@
 
 #include "maze/attachment.h"
 #include "maze/attachment_names.h"
+#include "maze/lifetime.h"
 #include "maze/pos.h"
 #include "maze/visit.h"
 #include "scenarios.h"

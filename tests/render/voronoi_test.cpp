@@ -11,6 +11,7 @@
 #include "generate/relax.h"
 #include "generate/transform.h"
 #include "maze/edit.h"
+#include "maze/lifetime.h"
 #include "maze/pos.h"
 #include "picture.h"
 #include "render/disc.h"

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "maze/edit.h"
+#include "maze/lifetime.h"
 #include "scenarios.h"
 #include "support/random.h"
 #include "world/small_world.h"

@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include "maze/edit.h"
+#include "maze/lifetime.h"
 #include "maze/pos.h"
 #include "own_folder.h"
 #include "scenarios.h"

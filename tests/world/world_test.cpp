@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "maze/lifetime.h"
 #include "maze/pos.h"
 #include "scenarios.h"
 #include "support/random.h"

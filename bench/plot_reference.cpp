@@ -33,8 +33,9 @@ enum Kind { edges, nodes, balls, sticks, plates, cells };
 constexpr const char *reference_name[] = {"reference edges",  "reference nodes",
                                           "reference balls",  "reference sticks",
                                           "reference plates", "reference cells"};
-constexpr const char *plot_name[] = {attachment_lists,  attachment_lists,  attachment_balls,
-                                     attachment_sticks, attachment_gantry, attachment_cell_list};
+constexpr const char *plot_name[] = {attachment_line_lists, attachment_line_lists,
+                                     attachment_balls,      attachment_sticks,
+                                     attachment_gantry,     attachment_cell_list};
 
 void list_destroy(intptr_t name, Maze *) {
   glDeleteLists(static_cast<GLuint>(name), 1);

@@ -176,7 +176,7 @@ struct Labels {
 void label(Labels *labels, const Maze *maze) {
   if (labels->next == labels->bounds.size()) *labels = {{}, 0};
   if (labels->bounds.empty() && maze->name != nullptr) {
-    const Box *known = draw_cache_node_bounds(maze, attachment_lists);
+    const Box *known = draw_cache_node_bounds(maze, attachment_line_lists);
     if (known != nullptr) return maze_label_at(maze->name, known->low, known->high);
     labels->bounds = Maze_tree_bounds(maze);
   }

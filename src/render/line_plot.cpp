@@ -152,7 +152,7 @@ void draw_marker(const View &view) {
 
 } // namespace
 
-const PlotBatch line_batch = {.name = attachment_lists,
+const PlotBatch line_batch = {.name = attachment_line_lists,
                               .collect = collect,
                               .streams = {{sizeof(Ribbon), GL_QUADS, draw_ribbons, sizeof(float)},
                                           {sizeof(Disc), GL_QUADS, draw_discs, sizeof(float)},

@@ -28,7 +28,7 @@ TEST(Overlay, StatisticsShowTheUsersMaze) {
   world.time = 2 * 3600 + 3 * 60 + 4.9;
   t.n2->visited = 2;
   Attachment_add(t.root, attachment_gantry, 0, nullptr);
-  for (const char *name : {attachment_lists, attachment_cells})
+  for (const char *name : {attachment_line_lists, attachment_cells})
     Attachment_add(t.n2, name, 0, nullptr);
   gfx_resize(width, height);
   overlay_draw(&world, 2, 0.016);

@@ -148,7 +148,7 @@ TEST_F(RunTest, RSimplifiesAndERepels) {
        {std::pair{SDL_SCANCODE_R, 0.974}, {SDL_SCANCODE_E, 1.190625}}) {
     for (const char *name : attachments_stale_after_move)
       for (Maze *maze : {path, below}) // the frame itself adds the lists
-        if (name != attachment_lists) Attachment_add(maze, name, 1, nullptr);
+        if (name != attachment_line_lists) Attachment_add(maze, name, 1, nullptr);
     maze_nodes(path)[0].x = 0;
     maze_nodes(path)[1].x = 1;
     frame(0.013, {key});

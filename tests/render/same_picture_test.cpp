@@ -237,14 +237,14 @@ TEST(SamePicture, OfMazesThatMoved) {
   pair.place({50, 0, 0}, 0.5);
   scenario_move(pair.inner, 0, {-50, 0, 0});
   scenario_move(pair.inner, 1, {-51, 0, 0});
-  Attachment_drop_tree(pair.inner, attachment_lists);
+  Attachment_drop_tree(pair.inner, attachment_line_lists);
   EXPECT_TRUE(shows(draw_and_compare(pair.world, fixed_lines), 1));
   Maze *innermost = scenario_path(2);
   scenario_hold(pair.inner, 1, innermost);
   Maze_translate(innermost, {60, 0, 0}, 0);
   pair.place({50, 0, 0}, 0.5);
   scenario_move(innermost, 1, {0, 0, 0});
-  Attachment_drop_tree(innermost, attachment_lists);
+  Attachment_drop_tree(innermost, attachment_line_lists);
   line_lists_call(pair.inner, 0, 1);
   EXPECT_TRUE(shows(draw_and_compare(pair.world, lines), 1));
 }
@@ -301,7 +301,8 @@ TEST(SamePicture, WhereRoamersWalk) {
       draw_cache_begin_frame();
       draw(world, plot);
       for (int32_t node = 0; turn % 5 == 0 && node < 24 * 24; node++)
-        Attachment_touch(world.root, plot.mode < 0 ? attachment_lists : attachment_cell_list, node);
+        Attachment_touch(world.root, plot.mode < 0 ? attachment_line_lists : attachment_cell_list,
+                         node);
     }
     EXPECT_FALSE(draw_and_compare(world, plot) == before) << turn;
     if (plot.mode >= 0) Attachment_drop(world.root, attachment_cell_list); // it keeps ages
@@ -326,7 +327,7 @@ TEST(SamePicture, LinesOfALargeMazeAfterEachChange) {
     if (change % 6 == 5) world.root->halfwidth *= 0.8;
     if (change == 14) Maze_delete_node(world.root, world.cur.node == 7 ? 8 : 7);
     if (change == 19) Maze_append(world.root, more);
-    if (change % 6 >= 2) Attachment_drop(world.root, attachment_lists);
+    if (change % 6 >= 2) Attachment_drop(world.root, attachment_line_lists);
     draw_and_compare(world, lines);
     if (change <= 5) in_use = lists_in_use(); // those of other tests are gone by then
     if (change < 19) {

@@ -99,8 +99,7 @@ void GrowList_remove(GrowList *list, uint32_t index) {
   assert(list->count > 0);
   const uint32_t last = list->count - 1;
   if (index > last) return;
-  if (index != last)
-    std::memcpy(row_address(list, index), row_address(list, last), list->elemsize);
+  if (index != last) std::memcpy(row_address(list, index), row_address(list, last), list->elemsize);
   list->count = last;
   shrink_if_sparse(list);
 }

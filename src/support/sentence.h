@@ -2,8 +2,8 @@
 
 // Sentences for the user: what happened, to what, and what to do.
 
-// Prints a sentence to the standard error, after the program's name and ": ". The format is printf's; the result is
-// cut after 1023 characters.
+// Prints a sentence to the standard error, after the program's name and ": ". The format is
+// printf's; the result is cut after 1023 characters.
 [[gnu::format(printf, 1, 2)]] void report_sentence(const char *format, ...);
 
 // Sets the program's name, "vorel" at first. The text must outlive all reports.

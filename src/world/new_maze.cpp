@@ -1,7 +1,7 @@
 #include "world/new_maze.h"
 
-#include "world/roamer.h"
 #include "maze/lifetime.h"
+#include "world/roamer.h"
 
 void World_replace_maze(World *world, int32_t mode, uint32_t roamers) {
   Maze *old = world->root;

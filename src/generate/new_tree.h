@@ -7,12 +7,12 @@
 struct MazeKind {
   const char *name;
   SubmazeGenerator build;
-  double size;            // that Maze_new_tree gives it; 0 for a kind without a size
-  int32_t nesting_passes; // of mazes of the same size
-  double node_factor;     // about so many nodes, times a power of the size
+  double size;        // that Maze_new_tree gives it; 0 for a kind without a size
+  double node_factor; // it has about node_factor * size^node_power nodes
   int32_t node_power;
-  int32_t draws; // how many of the draws of Maze_new_tree make it
-  bool carve;    // its builder makes an uncarved graph
+  int32_t nesting_passes; // of mazes of the same size
+  int32_t draws;          // how many of the draws of Maze_new_tree make it
+  bool carve;             // its builder makes an uncarved graph
 };
 
 // The kind of that name: plane, grid, hexagon, honeycomb, polar, sphere, box, torus, band, nested,

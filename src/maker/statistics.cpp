@@ -68,10 +68,10 @@ Statistics Statistics_of(Maze *root) {
   const Numbering numbering = number_nodes(root);
   int64_t dead_ends = 0;
   Pos place = Pos_null;
-  Maze_each_node(root, 1, [&](Maze *maze, int32_t i) {
+  Maze_each_node(root, true, [&](Maze *maze, int32_t i) {
     if (maze_nodes(maze)[i].submaze != nullptr) return;
     Pos ways[pos_max_edges];
-    dead_ends += Pos_alledges(maze, i, ways, nullptr) == 1;
+    if (Pos_alledges(maze, i, ways, nullptr) == 1) dead_ends++;
     place = {maze, i};
   });
   return {static_cast<int64_t>(numbering.nodes), static_cast<int64_t>(numbering.mazes.size()),

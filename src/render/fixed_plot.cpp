@@ -72,8 +72,7 @@ void node_edges(Pos here, const View &view, bool all_levels, bool as_ribbons) {
   Pos ends[pos_max_edges];
   MazeEdge edges[pos_max_edges];
   const Vec3 p = Pos_position(here);
-  for (int32_t e = Pos_edges(here.maze, here.node, all_levels ? 1 : 0, ends, edges) - 1; e >= 0;
-       e--) {
+  for (int32_t e = Pos_edges(here.maze, here.node, all_levels, ends, edges) - 1; e >= 0; e--) {
     if (!Pos_before(here, ends[e])) continue;
     const uint32_t colour = visit_colour(edges[e], here, ends[e], view.world);
     const Vec3 q = Pos_position(ends[e]);

@@ -53,8 +53,7 @@ void collect_ribbons(Pos here, bool all_levels, GrowList *streams, Box *box) {
   const Vec3 p = Pos_position(here);
   Pos ends[pos_max_edges];
   MazeEdge edges[pos_max_edges];
-  for (int32_t e = Pos_edges(here.maze, here.node, all_levels ? 1 : 0, ends, edges) - 1; e >= 0;
-       e--) {
+  for (int32_t e = Pos_edges(here.maze, here.node, all_levels, ends, edges) - 1; e >= 0; e--) {
     if (!Pos_before(here, ends[e])) continue;
     const Vec3 q = Pos_position(ends[e]);
     const Ribbon ribbon = {rounded(p),

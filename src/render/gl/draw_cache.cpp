@@ -155,8 +155,8 @@ void collect_chunks(DrawCache *cache, const World *world) {
 bool is_same_start(const GrowList &a, uint32_t begin_a, const GrowList &b, uint32_t begin_b,
                    uint32_t count, size_t compared) {
   if (compared == a.elemsize) return GrowList_same_rows(&a, begin_a, &b, begin_b, count);
-  const auto *row_a = static_cast<const uint8_t *>(a.data) + begin_a * a.elemsize;
-  const auto *row_b = static_cast<const uint8_t *>(b.data) + begin_b * b.elemsize;
+  const auto *row_a = static_cast<const uint8_t *>(a.data) + size_t{begin_a} * a.elemsize;
+  const auto *row_b = static_cast<const uint8_t *>(b.data) + size_t{begin_b} * b.elemsize;
   for (uint32_t i = 0; i < count; i++, row_a += a.elemsize, row_b += b.elemsize)
     if (std::memcmp(row_a, row_b, compared) != 0) return false;
   return true;

@@ -118,7 +118,7 @@ void file_unlock(FileLock *lock) {
   delete lock;
 }
 
-// XDG base directory specification: relative names are ignored.
+// By the XDG rules for base directories, relative names are ignored.
 std::string file_data_root() {
   const char *data = std::getenv("XDG_DATA_HOME");
   if (data != nullptr && data[0] == '/') return data;

@@ -10,6 +10,7 @@ struct MazeKind {
   double size;        // that Maze_new_tree gives it; 0 for a kind without a size
   double node_factor; // it has about node_factor * size^node_power nodes
   int32_t node_power;
+  int32_t min_size;       // below it trees can be empty or have too few doors
   int32_t nesting_passes; // of mazes of the same size
   int32_t draws;          // how many of the draws of Maze_new_tree make it
   bool carve;             // its builder makes an uncarved graph

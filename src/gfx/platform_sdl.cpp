@@ -314,7 +314,7 @@ void platform_dpi_aware() {
 }
 
 bool platform_connect(bool hidden) {
-  if (hidden) SDL_SetHint(SDL_HINT_VIDEODRIVER, "offscreen");
+  if (hidden) SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "offscreen", SDL_HINT_OVERRIDE);
   // A click that brings the window to the front counts as a click.
   SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
   SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0"); // gfx_pump does it

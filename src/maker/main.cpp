@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr double max_nodes = 1e7;
+constexpr double max_nodes = 1.01e7; // estimates can be a little above the true number
 
 // Bytes per node, measured with planes: to make a maze, and what a picture of all of it adds.
 constexpr double maze_bytes = 350, picture_bytes = 1100;
@@ -42,7 +42,7 @@ bool load(const std::string &path, World *world) {
 bool fits_memory(const MazeKind &kind, double size, bool with_picture) {
   const double nodes = MazeKind_nodes(kind, size);
   const double bytes = nodes * (maze_bytes + (with_picture ? picture_bytes : 0));
-  if (nodes <= max_nodes * 1.01 && bytes < static_cast<double>(memory_available())) return true;
+  if (nodes <= max_nodes && bytes < static_cast<double>(memory_available())) return true;
   std::fprintf(stderr, "vorel-maze: a %s of side %.0f has about %.3g nodes, %s\n", kind.name, size,
                nodes,
                nodes > max_nodes ? "more than ten million" : "more than the free memory can hold");
@@ -57,10 +57,14 @@ Maze *make_tree(const Options &options) {
 }
 
 // Prints a seed from the clock, so that the maze can be made again.
-bool make(const Options &options, World *world) {
+void seed_random_numbers(const Options &options) {
   const uint32_t seed = options.seeded ? options.seed : clock_ticks();
-  if (!options.seeded) std::printf("seed %" PRIu32 "\n", seed);
+  const bool matters = options.load.empty() || options.walk > 0;
+  if (!options.seeded && matters) std::printf("seed %" PRIu32 "\n", seed);
   rand_seed(seed);
+}
+
+bool make(const Options &options, World *world) {
   Maze *root = make_tree(options);
   if (root == nullptr) return false;
   *world = {};
@@ -78,13 +82,18 @@ void print_statistics(const World &world) {
 }
 
 bool save(const Options &options, const World &world) {
-  if (!may_write(options, options.save)) return false;
   progress_show("saving", 0, 0);
   return World_save(&world, options.save.c_str()) ||
          report_file_error(options.save, "can't be written", std::strerror(errno));
 }
 
-bool use(const Options &options, World *world) {
+// Checks all files before the work.
+bool may_write_results(const Options &options) {
+  return (options.save.empty() || may_write(options, options.save)) &&
+         (options.picture.empty() || picture_may_write(options));
+}
+
+bool write_results(const Options &options, World *world) {
   World_walk(world, options.walk);
   if (options.statistics) print_statistics(*world);
   if (!options.save.empty() && !save(options, *world)) return false;
@@ -93,11 +102,13 @@ bool use(const Options &options, World *world) {
 
 int run(const Options &options) {
   memory_begin();
+  if (!may_write_results(options)) return 1;
+  seed_random_numbers(options);
   progress_show("making", 0, 0);
   World world;
   const bool made = options.load.empty() ? make(options, &world) : load(options.load, &world);
   if (!made) return 1;
-  const bool done = use(options, &world);
+  const bool done = write_results(options, &world) && std::fflush(stdout) == 0;
   progress_end();
   World_free(&world);
   return done ? 0 : 1;

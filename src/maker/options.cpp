@@ -1,5 +1,6 @@
 #include "maker/options.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdarg>
 #include <cstdio>
@@ -101,7 +102,7 @@ struct OptionRow {
 constexpr OptionRow option_rows[] = {
     {"kind", "NAME", parse_kind,
      "plane, grid, hexagon, honeycomb, polar, sphere, box, torus, band,\n"
-     "patchwork, nested, nested-twice or ladder; any of them by default"},
+     "patchwork, nested, nested-twice or ladder; by default any but box, patchwork and ladder"},
     {"side", "N", parse_integer<&Options::side, 1, 100000>, "size of the kind"},
     {"seed", "N", parse_seed, "0 to 4294967295; the same seed gives the same maze everywhere"},
     {"load", "FILE", parse_text<&Options::load>, "load this session instead of making a maze"},
@@ -147,6 +148,13 @@ void fill_options(option *list) {
                option_rows[i].argument == nullptr ? no_argument : required_argument, nullptr, i};
 }
 
+// After getopt_long has set optopt: a letter, the value of an option that takes no argument, or 0.
+bool unknown_option(const char *text) {
+  if (optopt >= ' ') return usage_error("there is no option -%c", optopt);
+  if (optopt > 0) return usage_error("--%s takes no value", option_rows[optopt].name);
+  return usage_error("%s is no option, or may mean several", text);
+}
+
 // Checks combinations of options.
 bool check(const Options &options) {
   if (!options.load.empty() && (!options.kind.empty() || options.side > 0))
@@ -154,6 +162,11 @@ bool check(const Options &options) {
   if (options.side > 0 && options.kind.empty()) return usage_error("--side needs a --kind");
   if (options.side > 0 && MazeKind_find(options.kind.c_str())->size == 0)
     return usage_error("a %s has no side to choose", options.kind.c_str());
+  const MazeKind *kind = MazeKind_find(options.kind.c_str());
+  if (options.side > 0 && options.side < kind->min_size)
+    return usage_error("a %s has a side of at least %d", kind->name, kind->min_size);
+  if (options.stereo > 0 && std::min(options.width, options.height) < 2)
+    return usage_error("--stereo needs a picture of at least 2x2 pixels");
   if (options.turntable > 0 && options.picture.empty())
     return usage_error("--turntable needs --picture");
   if (options.save.empty() && options.picture.empty() && !options.statistics)
@@ -169,8 +182,7 @@ OptionsResult Options_read(Options *options, int argc, char **argv) {
   opterr = 0;
   for (int i; (i = getopt_long(argc, argv, ":", list, nullptr)) != -1;) {
     if (i == ':') return usage_error("%s needs a value", argv[optind - 1]), OptionsResult::invalid;
-    if (i == '?')
-      return usage_error("there is no option %s", argv[optind - 1]), OptionsResult::invalid;
+    if (i == '?') return unknown_option(argv[optind - 1]), OptionsResult::invalid;
     const OptionRow &row = option_rows[i];
     if (row.parse != nullptr && !row.parse(row.name, optarg, options))
       return OptionsResult::invalid;

@@ -30,7 +30,7 @@ constexpr int32_t tile_side = 4096; // pixels, at most
 constexpr double stereo_depth = 0.05;
 constexpr int32_t interlaced_mode = 3, split_mode = 1;
 
-void set_switches(const Options &options) {
+void set_switches(const Options &options, const World &world) {
   const PlotName &plot = *plot_find(options.plot);
   plot_type = plot.type;
   plot_fixed = plot.fixed ? 1 : 0;
@@ -39,6 +39,7 @@ void set_switches(const Options &options) {
   plot_light = options.lights ? 1 : 0;
   plot_grid = options.grid ? 1 : 0;
   plot_connected = options.reach ? 1 : 0;
+  plot_roamers = world.roamers.count > 0 ? 1 : 0;
 }
 
 void build_fonts() {
@@ -114,11 +115,17 @@ bool save_frame(const Options &options, const World &world, const std::string &p
 
 // "name.png" becomes "name-007.png".
 std::string numbered(const std::string &path, int32_t number, int32_t count) {
-  const size_t dot = path.rfind('.');
+  const size_t folder = path.find_last_of("/\\"), dot = path.rfind('.');
+  const bool has_ending = dot != std::string::npos && (folder == std::string::npos || dot > folder);
+  const size_t end = has_ending ? dot : path.size();
   char digits[16];
   std::snprintf(digits, sizeof digits, "-%0*d", static_cast<int>(std::to_string(count - 1).size()),
                 number);
-  return path.substr(0, dot) + digits + (dot == std::string::npos ? "" : path.substr(dot));
+  return path.substr(0, end) + digits + path.substr(end);
+}
+
+int32_t frame_count(const Options &options) {
+  return std::max(options.turntable, 1);
 }
 
 std::string path_of_frame(const Options &options, int32_t frame) {
@@ -134,10 +141,14 @@ bool viewport_is_possible(const Options &options) {
 
 } // namespace
 
-bool picture_draw(const Options &options, World *world) {
-  const int32_t frames = std::max(options.turntable, 1);
-  for (int32_t frame = 0; frame < frames; frame++)
+bool picture_may_write(const Options &options) {
+  for (int32_t frame = 0; frame < frame_count(options); frame++)
     if (!may_write(options, path_of_frame(options, frame))) return false;
+  return true;
+}
+
+bool picture_draw(const Options &options, World *world) {
+  const int32_t frames = frame_count(options);
   gfx_open_hidden("vorel-maze");
   projection_is_2d = 0;
   if (!viewport_is_possible(options))
@@ -145,7 +156,7 @@ bool picture_draw(const Options &options, World *world) {
                              "the driver draws no picture of that size");
   shader_procs_load();
   build_fonts();
-  set_switches(options);
+  set_switches(options, *world);
   bool saved = true;
   for (int32_t frame = 0; saved && frame < frames; frame++) {
     camera_place(options, world, 2 * std::numbers::pi * frame / frames);

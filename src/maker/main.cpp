@@ -8,6 +8,7 @@
 #include "maker/options.h"
 #include "maker/output.h"
 #include "maker/picture.h"
+#include "maker/plot_names.h"
 #include "maker/progress.h"
 #include "maker/random_walk.h"
 #include "maker/statistics.h"
@@ -22,8 +23,7 @@ namespace {
 
 constexpr double max_nodes = 1.01e7; // estimates can be a little above the true number
 
-// Bytes per node, measured with planes: to make a maze, and what a picture of all of it adds.
-constexpr double maze_bytes = 350, picture_bytes = 1100;
+constexpr double maze_bytes = 350; // per node, to make a maze
 
 bool load(const std::string &path, World *world) {
   switch (World_load(world, path.c_str())) {
@@ -38,10 +38,16 @@ bool load(const std::string &path, World *world) {
   }
 }
 
+double picture_bytes(const Options &options, double nodes) {
+  if (options.picture.empty()) return 0;
+  const double pixels = static_cast<double>(options.width) * options.height;
+  return nodes * plot_find(options.plot)->node_bytes + pixels * (options.stereo == 3 ? 6 : 3);
+}
+
 // Refuses what memory cannot hold, in a sentence.
-bool fits_memory(const MazeKind &kind, double size, bool with_picture) {
+bool fits_memory(const MazeKind &kind, double size, const Options &options) {
   const double nodes = MazeKind_nodes(kind, size);
-  const double bytes = nodes * (maze_bytes + (with_picture ? picture_bytes : 0));
+  const double bytes = nodes * maze_bytes + picture_bytes(options, nodes);
   if (nodes <= max_nodes && bytes < static_cast<double>(memory_available())) return true;
   std::fprintf(stderr, "vorel-maze: a %s of side %.0f has about %.3g nodes, %s\n", kind.name, size,
                nodes,
@@ -53,7 +59,7 @@ Maze *make_tree(const Options &options) {
   if (options.kind.empty()) return Maze_new_tree(0);
   const MazeKind &kind = *MazeKind_find(options.kind.c_str());
   const double size = options.side > 0 ? options.side : kind.size;
-  return fits_memory(kind, size, !options.picture.empty()) ? Maze_new_of_kind(kind, size) : nullptr;
+  return fits_memory(kind, size, options) ? Maze_new_of_kind(kind, size) : nullptr;
 }
 
 // Prints a seed from the clock, so that the maze can be made again.

@@ -2,11 +2,12 @@
 
 namespace {
 
-constexpr PlotName plots[] = {{"lines", 0, -1, false},      {"gantry", 1, -1, false},
-                              {"balls", 2, -1, false},      {"fixed", 0, -1, true},
-                              {"landscape-0", 0, 0, false}, {"landscape-1", 0, 1, false},
-                              {"landscape-2", 0, 2, false}, {"landscape-3", 0, 3, false},
-                              {"landscape-4", 0, 4, false}, {"landscape-5", 0, 5, false}};
+constexpr PlotName plots[] = {
+    {"lines", 0, -1, false, 1200},      {"gantry", 1, -1, false, 1900},
+    {"balls", 2, -1, false, 1200},      {"fixed", 0, -1, true, 500},
+    {"landscape-0", 0, 0, false, 1500}, {"landscape-1", 0, 1, false, 5000},
+    {"landscape-2", 0, 2, false, 5000}, {"landscape-3", 0, 3, false, 1700},
+    {"landscape-4", 0, 4, false, 2500}, {"landscape-5", 0, 5, false, 5000}};
 
 } // namespace
 

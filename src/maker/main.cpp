@@ -49,9 +49,10 @@ bool fits_memory(const MazeKind &kind, double size, const Options &options) {
   const double nodes = MazeKind_nodes(kind, size);
   const double bytes = nodes * maze_bytes + picture_bytes(options, nodes);
   if (nodes <= max_nodes && bytes < static_cast<double>(memory_available())) return true;
-  std::fprintf(stderr, "vorel-maze: a %s of side %.0f has about %.3g nodes, %s\n", kind.name, size,
-               nodes,
-               nodes > max_nodes ? "more than ten million" : "more than the free memory can hold");
+  progress_end();
+  report_sentence("a %s of side %.0f has about %.3g nodes, %s", kind.name, size, nodes,
+                  nodes > max_nodes ? "more than ten million"
+                                    : "more than the free memory can hold");
   return false;
 }
 

@@ -155,16 +155,20 @@ bool unknown_option(const char *text) {
   return usage_error("%s is no option, or may mean several", text);
 }
 
+bool check_side(const Options &options) {
+  if (options.side == 0) return true;
+  if (options.kind.empty()) return usage_error("--side needs a --kind");
+  const MazeKind &kind = *MazeKind_find(options.kind.c_str());
+  if (kind.size == 0) return usage_error("a %s has no side to choose", kind.name);
+  return options.side >= kind.min_size ||
+         usage_error("a %s has a side of at least %d", kind.name, kind.min_size);
+}
+
 // Checks combinations of options.
 bool check(const Options &options) {
   if (!options.load.empty() && (!options.kind.empty() || options.side > 0))
     return usage_error("--load can't be combined with --kind or --side");
-  if (options.side > 0 && options.kind.empty()) return usage_error("--side needs a --kind");
-  if (options.side > 0 && MazeKind_find(options.kind.c_str())->size == 0)
-    return usage_error("a %s has no side to choose", options.kind.c_str());
-  const MazeKind *kind = MazeKind_find(options.kind.c_str());
-  if (options.side > 0 && options.side < kind->min_size)
-    return usage_error("a %s has a side of at least %d", kind->name, kind->min_size);
+  if (!check_side(options)) return false;
   if (options.stereo > 0 && std::min(options.width, options.height) < 2)
     return usage_error("--stereo needs a picture of at least 2x2 pixels");
   if (options.turntable > 0 && options.picture.empty())

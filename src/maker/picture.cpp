@@ -8,6 +8,7 @@
 #include "gfx/gl.h"
 #include "gfx/offscreen.h"
 #include "gfx/stereo.h"
+#include "gfx/texture.h"
 #include "gfx/tile.h"
 #include "gfx/window.h"
 #include "maker/output.h"
@@ -149,6 +150,7 @@ bool picture_may_write(const Options &options) {
 
 bool picture_draw(const Options &options, World *world) {
   const int32_t frames = frame_count(options);
+  textures_keep_component_count = 1; // as in the program
   gfx_open_hidden("vorel-maze");
   projection_is_2d = 0;
   if (!viewport_is_possible(options))

@@ -245,7 +245,7 @@ void compile_shape(Maze *maze, GLenum primitive, Shape shape) {
 void compile_cells(Maze *maze) {
   constexpr Shape shapes[] = {voronoi_outline, voronoi_box,      voronoi_box,
                               voronoi_terrain, voronoi_delaunay, voronoi_ground};
-  if (!voronoi_cells(maze)) voronoi_build(maze, 1);
+  if (!voronoi_is_built(maze)) voronoi_build(maze, 1);
   if (voronoi_mode > 1) fixed_light_on();
   compile_shape(maze, voronoi_mode == 0 ? GL_LINES : GL_TRIANGLES, shapes[voronoi_mode]);
   if (voronoi_mode == 5) compile_shape(maze, GL_QUADS, voronoi_walls);

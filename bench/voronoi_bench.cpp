@@ -55,10 +55,8 @@ void check_cells(const std::string &name, Maze *maze) {
   voronoi_build(maze, 1);
   const auto reference = reference_voronoi(maze, 1);
   for (size_t i = 0; i < reference.size(); ++i) {
-    const GrowList &cell = rows<GrowList>(*voronoi_cells(maze))[i];
-    const VoronoiCorner *corners = rows<VoronoiCorner>(cell);
-    if (std::equal(corners, corners + cell.count, reference[i].begin(), reference[i].end(),
-                   is_same))
+    const auto [corners, count] = voronoi_cell(maze, static_cast<int32_t>(i));
+    if (std::equal(corners, corners + count, reference[i].begin(), reference[i].end(), is_same))
       continue;
     std::fprintf(stderr, "%s: the cells of node %zu differ\n", name.c_str(), i);
     std::exit(1);

@@ -61,7 +61,7 @@ void collect_layer(const CollectInput &input, const Layer &layer, GrowList *face
 }
 
 template <int mode> void collect(const CollectInput &input, GrowList *streams, Box *box) {
-  if (voronoi_cells(input.maze) == nullptr) // whatever drops the cells also drops this cache
+  if (!voronoi_is_built(input.maze)) // whatever drops the cells also drops this cache
     voronoi_build_missing(input.maze, 1);
   for (int32_t k = 0; k < max_layers && layers[mode][k].shape != nullptr; k++)
     collect_layer(input, layers[mode][k], &streams[k], box);

@@ -26,9 +26,8 @@ struct Cell {
 };
 
 Cell cell_of(const Maze *maze, int32_t node) {
-  const GrowList &cell = rows<GrowList>(*voronoi_cells(maze))[node];
-  return {maze, node, node_position(maze_nodes(maze)[node]), rows<VoronoiCorner>(cell),
-          static_cast<int32_t>(cell.count)};
+  const VoronoiCell cell = voronoi_cell(maze, node);
+  return {maze, node, node_position(maze_nodes(maze)[node]), cell.corners, cell.count};
 }
 
 // The index wraps around.

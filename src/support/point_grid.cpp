@@ -38,7 +38,7 @@ size_t cell_row(const PointGrid *grid, Vec3 p) {
   const int32_t ix = axis_cell(p.x, grid->low.x, grid->high.x, grid->nx);
   const int32_t iy = axis_cell(p.y, grid->low.y, grid->high.y, grid->ny);
   const int32_t iz = axis_cell(p.z, grid->low.z, grid->high.z, grid->nz);
-  return static_cast<size_t>((ix * grid->ny + iy) * grid->nz + grid->nz - 1 - iz);
+  return PointGrid_row(grid, ix, iy, iz);
 }
 
 // A counting sort.

@@ -18,7 +18,7 @@ struct PointGrid {
   Vec3 low, high;                // the box; points outside it are in the nearest cell
   int32_t nx, ny, nz;            // cells along each axis
   std::vector<uint32_t> start;   // first point of each cell, then the point count
-  std::vector<GridPoint> points; // x outermost, then y, then z from high to low; high indices first
+  std::vector<GridPoint> points; // by x, then y and z from high to low; high indices first
 };
 
 // A box of cells; both ends are included.
@@ -40,15 +40,22 @@ GridBlock PointGrid_block(const PointGrid *grid, Vec3 place, Vec3 reach);
 // that is above `limit_squared`. The points must be in the grid's box.
 int32_t PointGrid_nearest(const PointGrid *grid, Vec3 place, double limit_squared);
 
-// Calls visit(point) for the points of a block, from the highest x and y down, and otherwise in the
-// order of `points`.
+// The row of a cell in `start`.
+inline size_t PointGrid_row(const PointGrid *grid, int32_t ix, int32_t iy, int32_t iz) {
+  return static_cast<size_t>(((ix + 1) * grid->ny - 1 - iy) * grid->nz + grid->nz - 1 - iz);
+}
+
+// Calls visit(point) for the points of a block, from the highest x down, and otherwise in the order
+// of `points`.
 template <typename Visit>
 void PointGrid_each(const PointGrid *grid, const GridBlock &block, const Visit &visit) {
+  const bool whole_columns = block.low[2] == 0 && block.high[2] == grid->nz - 1;
+  const int32_t columns = whole_columns ? block.high[1] - block.low[1] + 1 : 1; // in one run
   for (int32_t ix = block.high[0]; ix >= block.low[0]; ix--) {
-    for (int32_t iy = block.high[1]; iy >= block.low[1]; iy--) {
-      const auto column = static_cast<size_t>((ix * grid->ny + iy) * grid->nz + grid->nz - 1);
-      const uint32_t end = grid->start[column - static_cast<size_t>(block.low[2]) + 1];
-      for (uint32_t i = grid->start[column - static_cast<size_t>(block.high[2])]; i < end; i++)
+    for (int32_t iy = block.high[1]; iy >= block.low[1]; iy -= columns) {
+      const size_t first = PointGrid_row(grid, ix, iy, block.high[2]);
+      const size_t last = PointGrid_row(grid, ix, iy - columns + 1, block.low[2]);
+      for (uint32_t i = grid->start[first]; i < grid->start[last + 1]; i++)
         visit(grid->points[i]);
     }
   }

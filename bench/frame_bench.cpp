@@ -2,9 +2,8 @@
 // with the same shaders from one list for each pass, the others against a list of all that they
 // send. Run by scripts/bench on the offscreen driver.
 
+#include <functional>
 #include <string>
-
-#include <benchmark/benchmark.h>
 
 #include "generate/carve.h"
 #include "generate/topologies.h"
@@ -14,6 +13,7 @@
 #include "gfx/projection.h"
 #include "gfx/window.h"
 #include "maze/lifetime.h"
+#include "measure.h"
 #include "render/gl/shader_program.h"
 #include "render/gl/shaderprocs.h"
 #include "render/gl/view.h"
@@ -90,25 +90,17 @@ void bare_frame() {
   gl.use_program(0);
 }
 
-template <typename Draw> void frames(benchmark::State &state, Draw draw) {
-  for (auto _ : state) {
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    glLoadIdentity();
-    World_apply_view(&world);
-    draw();
-    glFinish();
-  }
+void frame(void (*draw)()) {
+  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+  glLoadIdentity();
+  World_apply_view(&world);
+  draw();
+  glFinish();
 }
 
-void frame_vorel(benchmark::State &state) {
-  frames(state, [] { scene_draw(&world, World_follow_point(&world), 0, 0, 0); });
+void scene() {
+  scene_draw(&world, World_follow_point(&world), 0, 0, 0);
 }
-BENCHMARK(frame_vorel)->Name("frame/vorel")->Unit(benchmark::kMillisecond);
-
-void frame_bare(benchmark::State &state) {
-  frames(state, bare_frame);
-}
-BENCHMARK(frame_bare)->Name("frame/bare")->Unit(benchmark::kMillisecond);
 
 // The other plots against one list for each slab of all that they send.
 struct Plot {
@@ -131,6 +123,8 @@ void load_slab(int slab) {
 }
 
 void record_plot() {
+  glLoadIdentity();
+  World_apply_view(&world);
   for (int slab = 0; slab < 2; slab++) {
     load_slab(slab);
     plot_world(&world); // the first call builds what must not be recorded
@@ -149,30 +143,26 @@ void recorded_frame() {
   }
 }
 
-void plot_vorel(benchmark::State &state, const Plot &plot) {
-  choose(plot);
-  frames(state, [] { scene_draw(&world, World_follow_point(&world), 0, 0, 0); });
-  choose({"", 0, 0});
+// The first frame after a change of the plot or of a list is not timed.
+void add(const std::string &name, void (*draw)(), const std::function<void()> &prepare) {
+  measure_add({name, [draw] { frame(draw); },
+               [draw, prepare] {
+                 prepare();
+                 frame(draw);
+               }});
 }
 
-void plot_recorded(benchmark::State &state, const Plot &plot) {
-  choose(plot);
-  glLoadIdentity();
-  World_apply_view(&world);
-  record_plot();
-  frames(state, recorded_frame);
-  choose({"", 0, 0});
-}
-
-void register_plots() {
+void add_plots() {
+  const auto lines = [] { choose({"", 0, 0}); };
+  add("frame/vorel", scene, lines);
+  add("frame/bare", bare_frame, lines);
   for (const Plot &plot : plots) {
     const std::string name = plot.name;
-    benchmark::RegisterBenchmark((name + "/vorel").c_str(), [&plot](benchmark::State &state) {
-      plot_vorel(state, plot);
-    })->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark((name + "/list").c_str(), [&plot](benchmark::State &state) {
-      plot_recorded(state, plot);
-    })->Unit(benchmark::kMillisecond);
+    add(name + "/vorel", scene, [&plot] { choose(plot); });
+    add(name + "/list", recorded_frame, [&plot] {
+      choose(plot);
+      record_plot();
+    });
   }
 }
 
@@ -185,9 +175,8 @@ int main(int argc, char **argv) {
   shader_procs_load();
   make_world();
   make_bare();
-  register_plots();
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  add_plots();
+  measure_all(argc, argv, TimeKind::cpu);
   Maze_destroy(world.root, 1);
   gfx_close();
   return 0;

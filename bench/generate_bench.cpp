@@ -1,8 +1,6 @@
 // Compares generation with the reference implementations, and carving with the spanning trees of
 // graph libraries, in one process on the same graphs. Run by scripts/bench.
 
-#include <benchmark/benchmark.h>
-
 #include <boost/graph/adjacency_list.hpp>
 #include <boost/graph/kruskal_min_spanning_tree.hpp>
 #include <boost/graph/prim_minimum_spanning_tree.hpp>
@@ -24,6 +22,7 @@
 #include "generate/repulsion_kernel.h"
 #include "generate_reference.h"
 #include "maze/lifetime.h"
+#include "measure.h"
 #include "support/random.h"
 
 namespace {
@@ -73,13 +72,13 @@ void kruskal(const Lattice *lattice) {
   std::vector<GraphEdge> tree;
   tree.reserve(lattice->maze->nodes.count);
   boost::kruskal_minimum_spanning_tree(lattice->graph, std::back_inserter(tree));
-  benchmark::DoNotOptimize(tree.data());
+  measure_keep(tree.data());
 }
 
 void prim(const Lattice *lattice) {
   std::vector<size_t> tree(lattice->maze->nodes.count);
   boost::prim_minimum_spanning_tree(lattice->graph, tree.data());
-  benchmark::DoNotOptimize(tree.data());
+  measure_keep(tree.data());
 }
 
 void other_prim(const Lattice *lattice) {
@@ -91,13 +90,6 @@ void other_prim(const Lattice *lattice) {
 
 using Step = std::function<void()>;
 
-void measure(const std::string &name, const Step &step) {
-  benchmark::RegisterBenchmark(name.c_str(), [step](benchmark::State &state) {
-    for (auto _ : state)
-      step();
-  })->Unit(benchmark::kMillisecond);
-}
-
 // A maze made by `make` from the same draws each time.
 Step made(uint32_t seed, const std::function<Maze *()> &make) {
   return [seed, make] {
@@ -108,18 +100,18 @@ Step made(uint32_t seed, const std::function<Maze *()> &make) {
 
 void measure_both(const std::string &name, uint32_t seed, const std::function<Maze *()> &reference,
                   const std::function<Maze *()> &ours) {
-  measure(name + "/reference", made(seed, reference));
-  measure(name + "/ours", made(seed, ours));
+  measure_add({name + "/reference", made(seed, reference)});
+  measure_add({name + "/ours", made(seed, ours)});
 }
 
 void measure_carving(const std::string &name, Maze *maze, bool with_reference) {
   Lattice *lattice = make_lattice(maze);
-  measure(name + "/ours", made(7, [maze] { return Maze_carved(maze); }));
+  measure_add({name + "/ours", made(7, [maze] { return Maze_carved(maze); })});
   if (with_reference)
-    measure(name + "/reference", made(7, [maze] { return reference_carved(maze); }));
-  measure(name + "/boost_kruskal", [lattice] { kruskal(lattice); });
-  measure(name + "/boost_prim", [lattice] { prim(lattice); });
-  measure(name + "/igraph", [lattice] { other_prim(lattice); });
+    measure_add({name + "/reference", made(7, [maze] { return reference_carved(maze); })});
+  measure_add({name + "/boost_kruskal", [lattice] { kruskal(lattice); }});
+  measure_add({name + "/boost_prim", [lattice] { prim(lattice); }});
+  measure_add({name + "/igraph", [lattice] { other_prim(lattice); }});
 }
 
 void count_nodes(const Maze *maze, int64_t *nodes) {
@@ -146,8 +138,7 @@ uint32_t median_seed(int32_t kind, size_t tries) {
 
 void measure_repulsion() {
   Maze *maze = Maze_polar(50, 1);
-  measure("repel/reference",
-          [maze] { benchmark::DoNotOptimize(reference_repulsion(maze).data()); });
+  measure_add({"repel/reference", [maze] { measure_keep(reference_repulsion(maze).data()); }});
   const size_t n = maze->nodes.count;
   auto *columns = new std::vector<double>(6 * n, 0.0);
   double *start = columns->data();
@@ -158,8 +149,8 @@ void measure_repulsion() {
   }
   const RepulsionField field = {maze_count(maze), start,         start + n,    start + 2 * n,
                                 start + 3 * n,    start + 4 * n, start + 5 * n};
-  measure("repel/sse2", [field] { repel_sse2(field); });
-  if (__builtin_cpu_supports("avx2")) measure("repel/avx2", [field] { repel_avx2(field); });
+  measure_add({"repel/sse2", [field] { repel_sse2(field); }});
+  if (__builtin_cpu_supports("avx2")) measure_add({"repel/avx2", [field] { repel_avx2(field); }});
 }
 
 } // namespace
@@ -183,7 +174,6 @@ int main(int argc, char **argv) {
       "new_patchwork", 3, [] { return reference_choose(1); }, [] { return Maze_new_tree(1); });
   measure_both("new_nested", nested_seed, reference_single, single);
   measure_repulsion();
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  measure_all(argc, argv, TimeKind::cpu);
   return 0;
 }

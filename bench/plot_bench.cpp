@@ -1,8 +1,6 @@
 // Plots of a large nested tree against their reference implementations, and against a bare list of
 // the visible quads, in one process. Run by scripts/bench on the offscreen driver.
 
-#include <benchmark/benchmark.h>
-
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -16,6 +14,7 @@
 #include "maze/lifetime.h"
 #include "maze/pos.h"
 #include "maze/walk.h"
+#include "measure.h"
 #include "plot_reference.h"
 #include "render/gl/shader_program.h"
 #include "render/gl/shaderprocs.h"
@@ -92,52 +91,28 @@ void look(const Pose &pose) {
   large_world_look(pose.world, pose.world->cur, pose.zoom, 0.3, pose.pitch);
 }
 
-void frames(benchmark::State &state, const Pose &pose, PlotDraw draw, PlotDraw prepare) {
-  look(pose);
-  if (prepare != nullptr) draw_slabs(pose.world, prepare);
-  draw_slabs(pose.world, draw);
-  for (auto _ : state)
-    draw_slabs(pose.world, draw);
-}
-
 // What a step costs before the frame is drawn.
 void compile_ours() {
   draw_cache_compile(disc.root, line_batch, true, &disc);
 }
 
-void step_ours(benchmark::State &state) {
-  compile_ours();
-  for (auto _ : state) {
-    large_world_walk(&disc, 1);
-    compile_ours();
+GLuint reference_lists[2];
+
+void compile_reference() {
+  for (int which = 0; which < 2; which++) {
+    if (reference_lists[which] == 0) reference_lists[which] = glGenLists(1);
+    reference_line_compile(disc.root, which, reference_lists[which]);
   }
 }
 
-void step_reference(benchmark::State &state) {
-  const GLuint names[] = {glGenLists(1), glGenLists(1)};
-  for (auto _ : state) {
-    large_world_walk(&disc, 1);
-    for (int which = 0; which < 2; which++)
-      reference_line_compile(disc.root, which, names[which]);
-  }
-  for (const GLuint name : names)
-    glDeleteLists(name, 1);
-}
+World fresh; // a copy of the tree that nobody has drawn
 
-void first_frame(benchmark::State &state, PlotDraw draw) {
+void copy_tree() {
   look(poses[0]);
-  for (auto _ : state) {
-    state.PauseTiming();
-    World fresh = tree;
-    fresh.root = Maze_copy(tree.root, 1);
-    fresh.cur = World_first_place(fresh.root);
-    glFinish();
-    state.ResumeTiming();
-    draw_slabs(&fresh, draw);
-    state.PauseTiming();
-    Maze_destroy(fresh.root, 1);
-    state.ResumeTiming();
-  }
+  fresh = tree;
+  fresh.root = Maze_copy(tree.root, 1);
+  fresh.cur = World_first_place(fresh.root);
+  glFinish();
 }
 
 std::vector<uint32_t> picture(const World *world, PlotDraw draw) {
@@ -191,9 +166,29 @@ void make_worlds() {
 
 void add(const char *plot, const Pose &pose, const char *who, PlotDraw draw,
          PlotDraw prepare = nullptr) {
-  const std::string name = std::string(plot) + "_" + pose.name + "/" + who;
-  benchmark::RegisterBenchmark(name.c_str(), frames, pose, draw, prepare)
-      ->Unit(benchmark::kMillisecond);
+  const auto begin = [&pose, draw, prepare] {
+    look(pose);
+    if (prepare != nullptr) draw_slabs(pose.world, prepare);
+    draw_slabs(pose.world, draw);
+  };
+  measure_add({std::string(plot) + "_" + pose.name + "/" + who,
+               [&pose, draw] { draw_slabs(pose.world, draw); }, begin});
+}
+
+void add_first(const std::string &name, PlotDraw draw) {
+  measure_add({.name = name,
+               .step = [draw] { draw_slabs(&fresh, draw); },
+               .prepare = copy_tree,
+               .finish = [] { Maze_destroy(fresh.root, 1); },
+               .is_once = true});
+}
+
+void add_step(const std::string &name, void (*compile)()) {
+  const auto step = [compile] {
+    large_world_walk(&disc, 1);
+    compile();
+  };
+  measure_add({name, step, compile});
 }
 
 void add_all() {
@@ -211,12 +206,8 @@ void add_all() {
     add("processor", pose, "reference", reference_fixed_plot);
     add("processor", pose, "vorel", own_fixed_plot, own_line_plot); // whose bounds it culls by
   }
-  using benchmark::RegisterBenchmark;
-  RegisterBenchmark("step/reference", step_reference)->Unit(benchmark::kMillisecond);
-  RegisterBenchmark("step/vorel", step_ours)->Unit(benchmark::kMillisecond);
-  const auto add_first = [](const char *name, PlotDraw draw) {
-    RegisterBenchmark(name, first_frame, draw)->Unit(benchmark::kMillisecond);
-  };
+  add_step("step/reference", compile_reference);
+  add_step("step/vorel", compile_ours);
   add_first("first/reference", reference_line_plot);
   add_first("first/vorel", own_line_plot);
   add_first("first_balls/reference", reference_ballstick_plot);
@@ -241,8 +232,7 @@ int main(int argc, char **argv) {
   make_worlds();
   if (!check_plots()) return 1;
   add_all();
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  measure_all(argc, argv, TimeKind::cpu);
   for (const World *world : {&tree, &plain, &disc})
     Maze_destroy(world->root, 1);
   gfx_close();

@@ -2,8 +2,6 @@
 // general library, which knows no walls, heights or limits of distance, in one process on the same
 // sites. Run by scripts/bench.
 
-#include <benchmark/benchmark.h>
-
 #include <boost/polygon/voronoi.hpp>
 #include <malloc.h>
 
@@ -13,13 +11,13 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "generate/carve.h"
 #include "generate/topologies.h"
 #include "generate/transform.h"
+#include "measure.h"
 #include "render/voronoi_geometry.h"
 #include "support/random.h"
 #include "voronoi_reference.h"
@@ -27,13 +25,6 @@
 namespace {
 
 using Sites = std::vector<boost::polygon::point_data<int32_t>>;
-
-void measure(const std::string &name, const std::function<void()> &step) {
-  benchmark::RegisterBenchmark(name.c_str(), [step](benchmark::State &state) {
-    for (auto _ : state)
-      step();
-  })->Unit(benchmark::kMillisecond);
-}
 
 // The library takes whole coordinates only.
 Sites whole_sites(const Maze *maze) {
@@ -67,16 +58,16 @@ void measure_cells(const std::string &name, Maze *maze, bool flat) {
   Maze_carve(maze);
   Maze_scale(maze, 2.5, 0);
   check_cells(name, maze);
-  measure(name + "/ours", [maze] { voronoi_build(maze, 1); });
-  measure(name + "/reference",
-          [maze] { benchmark::DoNotOptimize(reference_voronoi(maze, 1).data()); });
+  measure_add({name + "/ours", [maze] { voronoi_build(maze, 1); }});
+  measure_add({name + "/reference", [maze] { measure_keep(reference_voronoi(maze, 1).data()); }});
   if (!flat) return; // to the library, sites above one another are one
   const auto *sites = new Sites(whole_sites(maze));
-  measure(name + "/boost_polygon", [sites] {
-    boost::polygon::voronoi_diagram<double> diagram;
-    boost::polygon::construct_voronoi(sites->begin(), sites->end(), &diagram);
-    benchmark::DoNotOptimize(diagram.num_cells());
-  });
+  measure_add({name + "/boost_polygon", [sites] {
+                 boost::polygon::voronoi_diagram<double> diagram;
+                 boost::polygon::construct_voronoi(sites->begin(), sites->end(), &diagram);
+                 const size_t count = diagram.num_cells();
+                 measure_keep(&count);
+               }});
 }
 
 Maze *generic_plane(int32_t side) {
@@ -104,7 +95,6 @@ int main(int argc, char **argv) {
   measure_cells("cells_torus", Maze_torus(20, 10), false);
   measure_cells("cells_box", Maze_box(40, 40, 40), false);
   measure_cells("cells_block", Maze_grid3d(20, 20, 20), false);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  measure_all(argc, argv, TimeKind::cpu);
   return 0;
 }

@@ -1,0 +1,77 @@
+#include "measure.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <ctime>
+#include <map>
+#include <regex>
+#include <vector>
+
+namespace {
+
+constexpr int repetitions = 9;
+constexpr double run_milliseconds = 20.0;
+
+struct Timed {
+  Work work;
+  int steps; // in a run
+  std::vector<double> times;
+};
+
+std::map<std::string, std::vector<Timed>> rows; // by the part of the name before the slash
+
+double now(TimeKind kind) {
+  if (kind == TimeKind::cpu) return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+  const std::chrono::duration<double, std::milli> time =
+      std::chrono::steady_clock::now().time_since_epoch();
+  return time.count();
+}
+
+// Milliseconds per step.
+double run(const Timed &timed, TimeKind kind) {
+  if (timed.work.prepare) timed.work.prepare();
+  const double start = now(kind);
+  for (int step = 0; step < timed.steps; step++)
+    timed.work.step();
+  const double end = now(kind);
+  if (timed.work.finish) timed.work.finish();
+  return (end - start) / timed.steps;
+}
+
+// The first run pays for what later ones find done. After a short one, the second tells how many
+// steps fill a run.
+void choose_steps(Timed &timed) {
+  if (timed.work.is_once || run(timed, TimeKind::wall) > run_milliseconds) return;
+  timed.steps = static_cast<int>(std::ceil(run_milliseconds / run(timed, TimeKind::wall)));
+}
+
+void measure_row(std::vector<Timed> &row, TimeKind kind) {
+  for (Timed &timed : row)
+    choose_steps(timed);
+  for (int i = 0; i < repetitions; i++)
+    for (Timed &timed : row)
+      timed.times.push_back(run(timed, kind));
+  for (Timed &timed : row) {
+    const auto middle = timed.times.begin() + repetitions / 2;
+    std::nth_element(timed.times.begin(), middle, timed.times.end());
+    std::printf("%s,%.6f\n", timed.work.name.c_str(), *middle);
+  }
+  std::fflush(stdout);
+}
+
+} // namespace
+
+void measure_add(const Work &work) {
+  rows[work.name.substr(0, work.name.find('/'))].push_back({work, 1, {}});
+}
+
+void measure_all(int argc, char **argv, TimeKind kind) {
+  const std::regex wanted(argc > 1 ? argv[1] : "");
+  for (auto &[name, row] : rows) {
+    std::erase_if(
+        row, [&wanted](const Timed &timed) { return !std::regex_search(timed.work.name, wanted); });
+    measure_row(row, kind);
+  }
+}

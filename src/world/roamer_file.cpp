@@ -1,6 +1,7 @@
 #include "world/roamer_file.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <functional>
 #include <vector>
 
@@ -11,7 +12,7 @@
 namespace {
 
 constexpr uint32_t block_mark = 0x4D414F52; // "ROAM"
-constexpr size_t mark_size = 4, count_size = 4, row_size = 32;
+constexpr size_t head_size = 8, row_size = 32;
 constexpr uint32_t no_maze = 0xFFFFFFFF;
 
 struct NumberedMaze {
@@ -62,6 +63,13 @@ bool roamer_at(const std::vector<Maze *> &mazes, const uint8_t *bytes, Roamer *r
          Pos_is_place(roamer->cur) && (never_stepped || Pos_is_place(roamer->prev));
 }
 
+// The number of rows that follow; 0 if the rest of the file is not the whole block.
+uint32_t read_head(ByteReader *in) {
+  if (bytes_left(in) < head_size || read_number<uint32_t>(in) != block_mark) return 0;
+  const uint32_t count = read_number<uint32_t>(in);
+  return count <= max_roamers && bytes_left(in) == count * row_size ? count : 0;
+}
+
 void read_rows(World *world, ByteReader *in, uint32_t count) {
   std::vector<Maze *> mazes;
   for (Maze *maze = world->root; maze != nullptr; maze = Maze_next(world->root, maze))
@@ -97,10 +105,7 @@ void Roamers_write(const World *world, ByteWriter *out) {
 }
 
 bool Roamers_read(World *world, ByteReader *in) {
-  if (bytes_left(in) == 0) return true;
-  if (bytes_left(in) < mark_size || read_number<uint32_t>(in) != block_mark) return false;
-  if (bytes_left(in) < count_size) return true;
-  const uint32_t count = read_number<uint32_t>(in);
-  if (count <= max_roamers && bytes_left(in) == count * row_size) read_rows(world, in, count);
-  return !in->failed;
+  const uint32_t count = read_head(in);
+  if (count > 0) read_rows(world, in, count);
+  return std::ferror(in->file) == 0;
 }

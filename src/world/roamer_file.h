@@ -12,7 +12,6 @@
 // is also saved when memory is exhausted.
 void Roamers_write(const World *world, ByteWriter *out);
 
-// Reads the rest of a file into the empty list of Roamers of a world whose tree has been read.
-// False if there are other bytes, or on a failure to read. If a row, their number or the size of
-// the block is wrong, the list stays empty.
+// Reads the rest of a file into the empty list of Roamers of a world whose tree has been read. The
+// list stays empty if that is not exactly one valid block. False only on a failure to read.
 bool Roamers_read(World *world, ByteReader *in);

@@ -20,11 +20,12 @@ void World_serialise(const World *world, GrowList *blocks);
 // Reads a session. Anything malformed, and a sparse file, gives `damaged`. `world` changes only on
 // `loaded`: it then has no offset, and all mazes have the default halfwidth. A clock that is
 // negative or not finite, a zoom that is not positive and finite, and a view or camera that is not
-// finite get the values of a new session. A damaged Roamer removes all Roamers, and nothing else.
+// finite get the values of a new session. If the bytes behind the last block are not exactly valid
+// Roamers, there are none, and the rest is loaded.
 SessionLoad World_load(World *world, const char *path);
 
 // Writes the bytes of the file.
 void World_write(const World *world, ByteWriter *out);
 
-// Reads a session that takes up all bytes of the input; false if they are malformed.
+// Reads a session up to the end of the input; false if it is malformed.
 bool World_read(World *world, ByteReader *in);

@@ -1,7 +1,5 @@
 #include "support/random.h"
 
-#include <cmath>
-
 namespace {
 
 constexpr double per_draw = 1.0 / 32768.0; // a draw is 15 bits
@@ -27,6 +25,6 @@ double rand_real(double x) {
 int32_t rand_int(int32_t n) {
   const int32_t r1 = rand15();
   const int32_t r2 = rand15();
-  const auto k = static_cast<int32_t>(std::floor(n * per_draw * (r1 * per_draw + r2)));
+  const auto k = static_cast<int32_t>(n * per_draw * (r1 * per_draw + r2));
   return n > k ? k : 0; // the fraction is below 1, so k reaches n only for an n below 1
 }

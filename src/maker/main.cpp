@@ -49,7 +49,6 @@ bool fits_memory(const MazeKind &kind, double size, const Options &options) {
   const double nodes = MazeKind_nodes(kind, size);
   const double bytes = nodes * maze_bytes + picture_bytes(options, nodes);
   if (nodes <= max_nodes && bytes < static_cast<double>(memory_available())) return true;
-  progress_end();
   report_sentence("a %s of side %.0f has about %.3g nodes, %s", kind.name, size, nodes,
                   nodes > max_nodes ? "more than ten million"
                                     : "more than the free memory can hold");
@@ -80,7 +79,7 @@ bool make(const Options &options, World *world) {
 }
 
 void print_statistics(const World &world) {
-  progress_show("counting", 0, 0);
+  progress_show("counting");
   const Statistics s = Statistics_of(world.root);
   progress_end();
   std::printf("nodes %" PRId64 "\nmazes %" PRId64 "\nlevels %" PRId64 "\ndead ends %" PRId64
@@ -89,7 +88,7 @@ void print_statistics(const World &world) {
 }
 
 bool save(const Options &options, const World &world) {
-  progress_show("saving", 0, 0);
+  progress_show("saving");
   return World_save(&world, options.save.c_str()) ||
          report_file_error(options.save, "can't be written", std::strerror(errno));
 }
@@ -101,6 +100,7 @@ bool may_write_results(const Options &options) {
 }
 
 bool write_results(const Options &options, World *world) {
+  if (options.walk > 0) progress_show("walking");
   World_walk(world, options.walk);
   if (options.statistics) print_statistics(*world);
   if (!options.save.empty() && !save(options, *world)) return false;
@@ -111,7 +111,7 @@ int run(const Options &options) {
   memory_begin();
   if (!may_write_results(options)) return 1;
   seed_random_numbers(options);
-  progress_show("making", 0, 0);
+  progress_show(options.load.empty() ? "making" : "loading");
   World world;
   const bool made = options.load.empty() ? make(options, &world) : load(options.load, &world);
   if (!made) return 1;
@@ -125,6 +125,7 @@ int run(const Options &options) {
 
 int main(int argc, char **argv) {
   report_set_program("vorel-maze");
+  report_set_prepare(progress_end);
   Options options;
   switch (Options_read(&options, argc, argv)) {
   case OptionsResult::run:

@@ -1,11 +1,9 @@
 #include "maker/output.h"
 
-#include "maker/progress.h"
 #include "support/file.h"
 #include "support/sentence.h"
 
 bool report_file_error(const std::string &path, const char *words, const char *cause) {
-  progress_end();
   report_sentence("\"%s\" %s (%s)", path.c_str(), words, cause);
   return false;
 }

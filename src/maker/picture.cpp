@@ -73,7 +73,12 @@ int32_t tiles_along(int32_t length, int32_t side) {
   return (length + side - 1) / side;
 }
 
-bool draw_tiles(const World &world, int32_t mode, Image *image) {
+// Which picture of how many is drawn.
+struct Frame {
+  int32_t number, count;
+};
+
+bool draw_tiles(const World &world, int32_t mode, const Frame &frame, Image *image) {
   const int32_t side = std::min(tile_side, std::max(image->width, image->height));
   const int32_t columns = tiles_along(image->width, side);
   const int32_t count = columns * tiles_along(image->height, side);
@@ -81,7 +86,7 @@ bool draw_tiles(const World &world, int32_t mode, Image *image) {
   if (!offscreen_begin(&target, std::min(side, image->width), std::min(side, image->height), true))
     return false;
   for (int32_t i = 0; i < count; i++) {
-    progress_show("drawing", i + 1, count);
+    progress_show("drawing", int64_t{frame.number} * count + i + 1, int64_t{frame.count} * count);
     draw_tile(world, mode, i % columns * side, i / columns * side, side, image);
   }
   tile_set(0, 0, 0, 0);
@@ -97,21 +102,6 @@ void interlace(Image *image) {
     const int32_t row = image->height - 1 - stereo_interlaced_row(y, image->height, 0);
     std::copy_n(split.begin() + row * row_bytes, row_bytes, image->rgb.begin() + y * row_bytes);
   }
-}
-
-bool save_frame(const Options &options, const World &world, const std::string &path) {
-  Image image = {options.width, options.height, {}};
-  image.rgb.resize(size_t{3} * static_cast<size_t>(image.width) *
-                   static_cast<size_t>(image.height));
-  const bool interlaced = options.stereo == interlaced_mode;
-  if (!draw_tiles(world, interlaced ? split_mode : options.stereo, &image))
-    return report_file_error(path, "can't be drawn",
-                             "the driver has no framebuffer objects of that size");
-  if (interlaced) interlace(&image);
-  progress_show("writing", 0, 0);
-  std::string error;
-  return png_save(image, path, &error) ||
-         report_file_error(path, "can't be written", error.c_str());
 }
 
 // "name.png" becomes "name-007.png".
@@ -134,6 +124,22 @@ std::string path_of_frame(const Options &options, int32_t frame) {
   return numbered(options.picture, frame, options.turntable);
 }
 
+bool save_frame(const Options &options, const World &world, const Frame &frame) {
+  const std::string path = path_of_frame(options, frame.number);
+  Image image = {options.width, options.height, {}};
+  image.rgb.resize(size_t{3} * static_cast<size_t>(image.width) *
+                   static_cast<size_t>(image.height));
+  const bool interlaced = options.stereo == interlaced_mode;
+  if (!draw_tiles(world, interlaced ? split_mode : options.stereo, frame, &image))
+    return report_file_error(path, "can't be drawn",
+                             "the driver has no framebuffer objects of that size");
+  if (interlaced) interlace(&image);
+  progress_show("writing", frame.number + 1, frame.count);
+  std::string error;
+  return png_save(image, path, &error) ||
+         report_file_error(path, "can't be written", error.c_str());
+}
+
 bool viewport_is_possible(const Options &options) {
   int32_t limits[2] = {};
   glGetIntegerv(GL_MAX_VIEWPORT_DIMS, limits);
@@ -150,6 +156,7 @@ bool picture_may_write(const Options &options) {
 
 bool picture_draw(const Options &options, World *world) {
   const int32_t frames = frame_count(options);
+  progress_show("drawing");
   textures_keep_component_count = 1; // as in the program
   gfx_open_hidden("vorel-maze");
   projection_is_2d = 0;
@@ -162,7 +169,7 @@ bool picture_draw(const Options &options, World *world) {
   bool saved = true;
   for (int32_t frame = 0; saved && frame < frames; frame++) {
     camera_place(options, world, 2 * std::numbers::pi * frame / frames);
-    saved = save_frame(options, *world, path_of_frame(options, frame));
+    saved = save_frame(options, *world, {frame, frames});
   }
   gfx_close();
   return saved;

@@ -9,5 +9,8 @@
 // Sets the program's name, "vorel" at first. The text must outlive all reports.
 void report_set_program(const char *name);
 
+// Calls `prepare` before each sentence, for example to remove a line of progress; null for nothing.
+void report_set_prepare(void (*prepare)());
+
 // Also passes each sentence to `show`, for users without a standard error; null for none.
 void report_set_show(void (*show)(const char *sentence));

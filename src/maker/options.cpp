@@ -117,9 +117,10 @@ constexpr OptionRow option_rows[] = {
     {"size", "WxH", parse_size, "of the picture in pixels, up to 16384x16384; 1280x960 by default"},
     {"plot", "NAME", parse_plot, "lines, gantry, balls, landscape-0 to landscape-5, or fixed"},
     {"stereo", "MODE", parse_integer<&Options::stereo, 0, 8>, "0 to 8, as in config.txt"},
-    {"zoom", "Z", parse_zoom, "distance of the eye, world units"},
-    {"turn", "YAW,PITCH", parse_turn, "direction of the view, radians"},
-    {"whole", nullptr, parse_flag<&Options::whole>, "frame the whole maze"},
+    {"zoom", "Z", parse_zoom, "distance of the eye from your place, world units"},
+    {"turn", "YAW,PITCH", parse_turn,
+     "direction of the view, radians; a pitch of 0 looks straight down"},
+    {"whole", nullptr, parse_flag<&Options::whole>, "frame all that is drawn, without --zoom"},
     {"grid", nullptr, parse_flag<&Options::grid>, "draw the grid"},
     {"reach", nullptr, parse_flag<&Options::reach>, "draw the reachable area in blue"},
     {"lights", nullptr, parse_flag<&Options::lights>, "carry a light"},
@@ -171,6 +172,8 @@ bool check(const Options &options) {
   if (!check_side(options)) return false;
   if (options.stereo > 0 && std::min(options.width, options.height) < 2)
     return usage_error("--stereo needs a picture of at least 2x2 pixels");
+  if (options.whole && options.zoom > 0)
+    return usage_error("--whole chooses the distance and can't be combined with --zoom");
   if (options.turntable > 0 && options.picture.empty())
     return usage_error("--turntable needs --picture");
   if (options.save.empty() && options.picture.empty() && !options.statistics)

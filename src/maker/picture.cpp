@@ -28,7 +28,6 @@
 namespace {
 
 constexpr int32_t tile_side = 4096; // pixels, at most
-constexpr double stereo_depth = 0.05;
 constexpr int32_t interlaced_mode = 3, split_mode = 1;
 
 void set_switches(const Options &options, const World &world) {
@@ -60,7 +59,7 @@ void draw_tile(const World &world, int32_t mode, int32_t x, int32_t y, int32_t s
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   glLoadIdentity();
   World_apply_view(&world);
-  scene_draw(&world, World_follow_point(&world), mode, 0, stereo_depth);
+  scene_draw(&world, World_follow_point(&world), mode, 0, picture_stereo_depth);
   glPixelStorei(GL_PACK_ALIGNMENT, 1);
   for (int32_t row = 0; row < height; row++) {
     const auto line = static_cast<size_t>(image->height - 1 - y - row);
@@ -166,9 +165,10 @@ bool picture_draw(const Options &options, World *world) {
   shader_procs_load();
   build_fonts();
   set_switches(options, *world);
+  const PictureCamera plan = camera_plan(options, world);
   bool saved = true;
   for (int32_t frame = 0; saved && frame < frames; frame++) {
-    camera_place(options, world, 2 * std::numbers::pi * frame / frames);
+    camera_place(plan, 2 * std::numbers::pi * frame / frames, world);
     saved = save_frame(options, *world, {frame, frames});
   }
   gfx_close();

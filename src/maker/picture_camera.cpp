@@ -2,83 +2,181 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "gfx/projection.h"
+#include "maker/drawn_extent.h"
+#include "maker/outline.h"
+#include "render/gl/frustum.h"
 #include "maze/walk.h"
 #include "world/camera.h"
 
 namespace {
 
 constexpr double default_yaw = 0.4, default_pitch = -0.8; // radians, from above and aside
-constexpr double frame_share = 0.94; // of the picture that the whole maze takes
+constexpr double frame_share = 0.94;  // of the picture that the whole maze takes
+constexpr int32_t circle_points = 64; // that replace a circle
 
-// Calls visit(position) for all nodes that can be seen.
-template <typename Visit> void each_position(const World &world, const Visit &visit) {
+// Calls visit(ball) for all that the plot draws.
+template <typename Visit>
+void each_drawn(const PlotName &plot, const World &world, const Visit &visit) {
+  std::vector<ExtentBall> balls;
+  const auto visit_all = [&] {
+    for (const ExtentBall &ball : balls)
+      visit(ball);
+    balls.clear();
+  };
+  drawn_extent_begin(plot, world.root);
+  drawn_extent_of_names(plot, world.root, &balls);
+  visit_all();
   Maze_each_node(world.root, true, [&](Maze *maze, int32_t i) {
-    const Vec3 p = node_position(maze_nodes(maze)[i]);
-    if (maze_nodes(maze)[i].submaze == nullptr && is_finite(p)) visit(p);
+    drawn_extent(plot, maze, i, &balls);
+    visit_all();
   });
 }
 
-// One axis of the picture. A node that is `aside` along it and `back` towards the camera is in the
-// picture if the camera, at `place` along the axis, is at least back + |aside - place| / tangent
-// away. The two ends keep the maximum of that for each side.
+// Adds a square around a ball, which can be a point.
+void add_square(Outline *outline, double x, double y, double radius) {
+  if (radius == 0) return outline_add(outline, {x, y});
+  for (const double dx : {-radius, radius})
+    for (const double dy : {-radius, radius})
+      outline_add(outline, {x + dx, y + dy});
+}
+
+// One axis of the picture, and the outline of what is drawn in the plane of this axis and the axis
+// towards the eye.
 struct Axis {
   Vec3 direction;
   double tangent; // of half the field of view
-  double left = -HUGE_VAL, right = -HUGE_VAL;
-
-  void add(Vec3 p, double back) {
-    left = std::max(left, back - dot(p, direction) / tangent);
-    right = std::max(right, back + dot(p, direction) / tangent);
-  }
-  double place() const { return (right - left) / 2 * tangent; }
-  double distance() const { return (right + left) / 2; }
+  Outline outline;
 };
 
-// Where along an axis a camera at that distance has equal margins on both sides.
-double centred_place(const World &world, const Axis &axis, Vec3 back, double distance) {
-  double low = axis.place() - distance * axis.tangent;
-  double high = axis.place() + distance * axis.tangent;
-  for (int step = 0; step < 16; step++) {
+// What shows along an axis, as tangents, from a place on it at that distance.
+struct Span {
+  double low, high;
+};
+
+Span span_from(const Axis &axis, double place, double distance) {
+  Span span = {HUGE_VAL, -HUGE_VAL};
+  for (const PlanePoint p : axis.outline.points) {
+    const double tangent = (p.x - place) / (distance - p.y);
+    span = {std::min(span.low, tangent), std::max(span.high, tangent)};
+  }
+  return span;
+}
+
+// The place and distance of the nearest eye that has all in its field of view. A point is in it if
+// the eye is at least back + |aside - place| / tangent away; each sign gives a line that bounds the
+// eye.
+PlanePoint nearest_eye(const Axis &axis) {
+  double left = -HUGE_VAL, right = -HUGE_VAL;
+  for (const PlanePoint p : axis.outline.points) {
+    left = std::max(left, p.y - p.x / axis.tangent);
+    right = std::max(right, p.y + p.x / axis.tangent);
+  }
+  return {(right - left) / 2 * axis.tangent, (right + left) / 2};
+}
+
+// Where along an axis an eye at that distance, which is not too near, has equal margins.
+double centred_place(const Axis &axis, double distance) {
+  const PlanePoint nearest = nearest_eye(axis);
+  const double slack = (distance - nearest.y) * axis.tangent;
+  double low = nearest.x - slack, high = nearest.x + slack;
+  for (int step = 0; step < 32; step++) {
     const double place = (low + high) / 2;
-    double left = 0, right = 0;
-    each_position(world, [&](Vec3 p) {
-      const double slope = (dot(p, axis.direction) - place) / (distance - dot(p, back));
-      left = std::min(left, slope);
-      right = std::max(right, slope);
-    });
-    (left + right > 0 ? low : high) = place;
+    const Span span = span_from(axis, place, distance);
+    (span.low + span.high > 0 ? low : high) = place;
   }
   return (low + high) / 2;
 }
 
-// The nearest place of the camera from which all plain nodes are in the picture, centred.
-Vec3 whole_camera(const Options &options, const World &world) {
+// The view in which a picture is framed.
+struct Framing {
+  Axis across, upward;
+  Vec3 back;
+};
+
+// The eyes see what is far or near shifted to the sides.
+Framing framing_for(const Options &options, const Mat3 &view) {
   float projection[16];
-  projection_perspective(options.width, options.height, projection);
-  const Vec3 back = Mat3_row(world.view, 2);
-  Axis across = {Mat3_row(world.view, 0), frame_share / projection[0]};
-  Axis upward = {Mat3_row(world.view, 1), frame_share / projection[5]};
-  each_position(world, [&](Vec3 p) {
-    across.add(p, dot(p, back));
-    upward.add(p, dot(p, back));
+  projection_perspective(options.stereo == 4 ? options.width / 2 : options.width,
+                         options.stereo == 5 ? options.height / 2 : options.height, projection);
+  const double share = options.stereo > 0 ? frame_share - picture_stereo_depth : frame_share;
+  return {{Mat3_row(view, 0), share / projection[0], {}},
+          {Mat3_row(view, 1), frame_share / projection[5], {}},
+          Mat3_row(view, 2)};
+}
+
+void add_ball(Framing *framing, Vec3 centre, double radius) {
+  for (Axis *axis : {&framing->across, &framing->upward})
+    add_square(&axis->outline, dot(centre, axis->direction), dot(centre, framing->back), radius);
+}
+
+Vec3 framed_eye(Framing *framing) {
+  outline_reduce(&framing->across.outline);
+  outline_reduce(&framing->upward.outline);
+  const double distance = std::max(nearest_eye(framing->across).y, nearest_eye(framing->upward).y);
+  return {centred_place(framing->across, distance), centred_place(framing->upward, distance),
+          distance};
+}
+
+// A turn needs room for all that the drawn parts pass through: circles around the pivot.
+void add_turned(const PlotName &plot, const World &world, Vec3 pivot, Framing *framing) {
+  Outline profile; // distances from the axis, and heights
+  each_drawn(plot, world, [&](const ExtentBall &ball) {
+    const Vec3 p = ball.centre - pivot;
+    add_square(&profile, std::hypot(p.x, p.y), p.z, ball.radius);
   });
-  const double distance = std::max(across.distance(), upward.distance()) + world.root->halfwidth;
-  if (!std::isfinite(distance)) return world.camera;
-  return across.direction * centred_place(world, across, back, distance) +
-         upward.direction * centred_place(world, upward, back, distance) + back * distance;
+  outline_reduce(&profile);
+  for (const PlanePoint p : profile.points) {
+    for (int32_t i = 0; i < circle_points; i++) {
+      const double angle = 2 * std::numbers::pi * i / circle_points;
+      add_ball(framing, {p.x * std::cos(angle), p.x * std::sin(angle), p.y}, 0);
+    }
+  }
+}
+
+// The middle of what is drawn.
+Vec3 middle(const PlotName &plot, const World &world) {
+  Box box = box_empty;
+  each_drawn(plot, world, [&](const ExtentBall &ball) {
+    if (is_finite(ball.centre)) box_add(&box, ball.centre);
+  });
+  return (box.low + box.high) / 2;
+}
+
+// Without anything to frame the distance is not finite.
+void frame_all(const Options &options, const World &world, PictureCamera *plan) {
+  const PlotName &plot = *plot_find(options.plot);
+  Framing framing = framing_for(options, camera_orientation(plan->yaw, plan->pitch));
+  if (options.turntable > 0) {
+    plan->pivot = middle(plot, world);
+    add_turned(plot, world, plan->pivot, &framing);
+  } else {
+    each_drawn(plot, world,
+               [&](const ExtentBall &ball) { add_ball(&framing, ball.centre, ball.radius); });
+  }
+  plan->eye = framed_eye(&framing);
+  plan->keeps_distance = !is_finite(plan->eye);
 }
 
 } // namespace
 
-void camera_place(const Options &options, World *world, double extra_yaw) {
-  const bool from_above = !options.whole && options.turntable == 0;
-  const double yaw = options.turned || from_above ? options.yaw : default_yaw;
-  const double pitch = options.turned || from_above ? options.pitch : default_pitch;
-  if (options.turned || !from_above || options.load.empty())
-    world->view = camera_orientation(yaw + extra_yaw, pitch);
+PictureCamera camera_plan(const Options &options, World *world) {
+  const bool from_aside = options.whole || options.turntable > 0;
+  PictureCamera plan = {};
+  plan.keeps_view = !options.load.empty() && !options.turned && !from_aside;
+  plan.yaw = options.turned || !from_aside ? options.yaw : default_yaw;
+  plan.pitch = options.turned || !from_aside ? options.pitch : default_pitch;
+  plan.keeps_distance = true;
   if (options.zoom > 0) world->zoom = options.zoom;
-  World_place_camera(world);
-  if (options.whole) world->camera = whole_camera(options, *world);
+  if (options.whole) frame_all(options, *world, &plan);
+  return plan;
+}
+
+void camera_place(const PictureCamera &plan, double turn, World *world) {
+  if (!plan.keeps_view) world->view = camera_orientation(plan.yaw + turn, plan.pitch);
+  if (plan.keeps_distance) return World_place_camera(world);
+  world->camera = plan.pivot + plan.eye.x * Mat3_row(world->view, 0) +
+                  plan.eye.y * Mat3_row(world->view, 1) + plan.eye.z * Mat3_row(world->view, 2);
 }

@@ -52,3 +52,12 @@ void maze_label_at(const char *text, Vec3 low, Vec3 high) {
   text3d_end();
   font_apply("normal");
 }
+
+// The second part counts as large as the first.
+MazeLabelCorners maze_label_corners(const char *name, Vec3 low, Vec3 high) {
+  font_apply("fmod");
+  const double cells = text_height > 0 ? static_cast<double>(text_width(name)) / text_height : 0;
+  font_apply("normal");
+  const double top = high.y + first_lift;
+  return {{low.x, top - first_size, low.z}, {low.x + first_size * cells, top, low.z}};
+}

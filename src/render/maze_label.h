@@ -10,3 +10,9 @@ void maze_label(const Maze *maze);
 
 // The same for a name and the bounds of its maze, see Maze_bounds. Empty bounds show nothing.
 void maze_label_at(const char *name, Vec3 low, Vec3 high);
+
+// A rectangle that such a name fits into.
+struct MazeLabelCorners {
+  Vec3 low, high;
+};
+MazeLabelCorners maze_label_corners(const char *name, Vec3 low, Vec3 high);

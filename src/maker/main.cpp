@@ -62,12 +62,18 @@ Maze *make_tree(const Options &options) {
   return fits_memory(kind, size, options) ? Maze_new_of_kind(kind, size) : nullptr;
 }
 
-// Prints a seed from the clock, so that the maze can be made again.
-void seed_random_numbers(const Options &options) {
-  const uint32_t seed = options.seeded ? options.seed : clock_ticks();
-  const bool matters = options.load.empty() || options.walk > 0;
-  if (!options.seeded && matters) std::printf("seed %" PRIu32 "\n", seed);
+// The generator ignores the highest bit of its state, so that seeds of the upper half begin a draw
+// later.
+void seed_random_numbers(uint32_t seed) {
   rand_seed(seed);
+  if (seed > INT32_MAX) rand15();
+}
+
+// Prints a seed from the clock, so that the maze or the walk can be made again.
+void print_seed(const Options &options, uint32_t seed) {
+  if (options.seeded || (!options.load.empty() && options.walk == 0)) return;
+  progress_end();
+  std::printf("seed %" PRIu32 "\n", seed);
 }
 
 bool make(const Options &options, World *world) {
@@ -110,11 +116,13 @@ bool write_results(const Options &options, World *world) {
 int run(const Options &options) {
   memory_begin();
   if (!may_write_results(options)) return 1;
-  seed_random_numbers(options);
+  const uint32_t seed = options.seeded ? options.seed : clock_ticks();
+  seed_random_numbers(seed);
   progress_show(options.load.empty() ? "making" : "loading");
   World world;
   const bool made = options.load.empty() ? make(options, &world) : load(options.load, &world);
   if (!made) return 1;
+  print_seed(options, seed);
   const bool done = write_results(options, &world) && std::fflush(stdout) == 0;
   progress_end();
   World_free(&world);

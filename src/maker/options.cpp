@@ -1,12 +1,12 @@
 #include "maker/options.h"
 
 #include <algorithm>
-#include <cmath>
+#include <charconv>
 #include <cstdarg>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <iterator>
+#include <string_view>
 
 #include <getopt.h>
 
@@ -29,17 +29,41 @@ using Parse = bool (*)(const char *name, const char *value, Options *options);
   return false;
 }
 
-// The whole text as a number; false if it is none or out of range.
-bool read_number(const char *text, double low, double high, double *value) {
-  char *end = nullptr;
-  *value = std::strtod(text, &end);
-  return end != text && *end == '\0' && *value >= low && *value <= high;
+// Whether a conversion took the whole text and gave a number of that range.
+template <typename Number>
+bool is_whole(std::from_chars_result result, std::string_view text, Number value, Number low,
+              Number high) {
+  return result.ec == std::errc() && result.ptr == text.data() + text.size() && value >= low &&
+         value <= high;
+}
+
+// The whole text as a number in decimal digits; false if it is none or out of range.
+bool read_integer(std::string_view text, int64_t low, int64_t high, int64_t *value) {
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), *value);
+  return is_whole(result, text, *value, low, high);
+}
+
+// The same with a point, but without an exponent.
+bool read_real(std::string_view text, double low, double high, double *value) {
+  const auto result =
+      std::from_chars(text.data(), text.data() + text.size(), *value, std::chars_format::fixed);
+  return is_whole(result, text, *value, low, high);
+}
+
+// Splits a text at a separator; false if it is not there.
+bool split(std::string_view text, char separator, std::string_view *first,
+           std::string_view *second) {
+  const size_t at = text.find(separator);
+  if (at == text.npos) return false;
+  *first = text.substr(0, at);
+  *second = text.substr(at + 1);
+  return true;
 }
 
 template <auto field, uint32_t low, uint32_t high>
 bool parse_integer(const char *name, const char *value, Options *options) {
-  double number = 0;
-  if (!read_number(value, low, high, &number) || number != std::floor(number))
+  int64_t number = 0;
+  if (!read_integer(value, low, high, &number))
     return usage_error("--%s takes a whole number from %u to %u, not \"%s\"", name, low, high,
                        value);
   options->*field = static_cast<std::remove_reference_t<decltype(options->*field)>>(number);
@@ -66,10 +90,14 @@ bool parse_seed(const char *name, const char *value, Options *options) {
 }
 
 bool parse_size(const char *, const char *value, Options *options) {
-  int end = 0;
-  const int read = std::sscanf(value, "%5dx%5d%n", &options->width, &options->height, &end);
-  const auto fits = [](int32_t side) { return side >= 1 && side <= picture_max_side; };
-  return (read == 2 && value[end] == '\0' && fits(options->width) && fits(options->height)) ||
+  std::string_view width, height;
+  int64_t sides[2] = {};
+  const bool good = split(value, 'x', &width, &height) &&
+                    read_integer(width, 1, picture_max_side, &sides[0]) &&
+                    read_integer(height, 1, picture_max_side, &sides[1]);
+  options->width = static_cast<int32_t>(sides[0]);
+  options->height = static_cast<int32_t>(sides[1]);
+  return good ||
          usage_error("--size takes a width and a height from 1 to %d, such as 1280x960, not \"%s\"",
                      picture_max_side, value);
 }
@@ -80,16 +108,15 @@ bool parse_plot(const char *, const char *value, Options *options) {
 }
 
 bool parse_zoom(const char *, const char *value, Options *options) {
-  return read_number(value, 1e-6, 1e9, &options->zoom) ||
-         usage_error("--zoom takes a distance above 0, not \"%s\"", value);
+  return read_real(value, 1e-6, 1e9, &options->zoom) ||
+         usage_error("--zoom takes a distance above 0, such as 12.5, not \"%s\"", value);
 }
 
 bool parse_turn(const char *, const char *value, Options *options) {
-  const char *comma = std::strchr(value, ',');
-  const std::string yaw(value, comma == nullptr ? value : comma);
+  std::string_view yaw, pitch;
   options->turned = true;
-  return (comma != nullptr && read_number(yaw.c_str(), -1e6, 1e6, &options->yaw) &&
-          read_number(comma + 1, -1e6, 1e6, &options->pitch)) ||
+  return (split(value, ',', &yaw, &pitch) && read_real(yaw, -1e6, 1e6, &options->yaw) &&
+          read_real(pitch, -1e6, 1e6, &options->pitch)) ||
          usage_error("--turn takes two angles in radians, such as 0.4,-0.8, not \"%s\"", value);
 }
 

@@ -123,17 +123,13 @@ int run(const Options &options) {
   const bool made = options.load.empty() ? make(options, &world) : load(options.load, &world);
   if (!made) return 1;
   print_seed(options, seed);
-  const bool done = write_results(options, &world) && std::fflush(stdout) == 0;
+  const bool done = write_results(options, &world);
   progress_end();
   World_free(&world);
   return done ? 0 : 1;
 }
 
-} // namespace
-
-int main(int argc, char **argv) {
-  report_set_program("vorel-maze");
-  report_set_prepare(progress_end);
+int run_options(int argc, char **argv) {
   Options options;
   switch (Options_read(&options, argc, argv)) {
   case OptionsResult::run:
@@ -143,4 +139,24 @@ int main(int argc, char **argv) {
   default:
     return 2;
   }
+}
+
+// Whether all that was printed has been written. Otherwise reports a sentence.
+bool flush_output() {
+  const bool failed_before = std::ferror(stdout) != 0;
+  if (std::fflush(stdout) == 0 && !failed_before) return true;
+  report_sentence("the standard output can't be written (%s)",
+                  failed_before ? "an earlier write failed" : std::strerror(errno));
+  return false;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+  file_open_standard_streams();
+  file_ignore_size_signal();
+  report_set_program("vorel-maze");
+  report_set_prepare(progress_end);
+  const int status = run_options(argc, argv);
+  return flush_output() || status != 0 ? status : 1;
 }

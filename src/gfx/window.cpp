@@ -59,8 +59,13 @@ constexpr OpenFailure open_failures[] = {
 
 constexpr const char *report_source = "gfx_opengl";
 
-[[noreturn]] void open_failed(const OpenFailure &failure, const char *missing, const char *remedy) {
+bool report_missing(const char *missing, const char *remedy) {
   report_sentence("%s (%s): %s", missing, platform_error(), remedy);
+  return false;
+}
+
+[[noreturn]] void open_failed(const OpenFailure &failure, const char *missing, const char *remedy) {
+  report_missing(missing, remedy);
   report_fatal(report_source, failure.line, failure.words);
 }
 
@@ -140,26 +145,36 @@ bool exceeds_desktop(const PlatformWindowRequest &request) {
   open_failed(failure, missing, "choose a resolution that fits the desktop");
 }
 
-void open_window(const PlatformWindowRequest &request) {
-  const PlatformOpen stage = platform_open(&request);
-  if (stage != PlatformOpen::ok) fail_to_open(stage, request);
+void context_opened() {
   context_alive = true;
   set_initial_state();
 }
 
+void open_window(const PlatformWindowRequest &request) {
+  const PlatformOpen stage = platform_open(&request);
+  if (stage != PlatformOpen::ok) fail_to_open(stage, request);
+  context_opened();
+}
+
 } // namespace
 
-void gfx_open_hidden(const char *title) {
+bool gfx_open_hidden(const char *title) {
   PlatformWindowRequest request = {};
   request.title = title;
   request.client_width = screen_width = hidden_window_side;
   request.client_height = screen_height = hidden_window_side;
   request.framed = request.hidden = true;
   if (!platform_connect(true))
-    open_failed(failure_of(PlatformOpen::no_window),
-                "neither a display nor a driver without one was found",
-                "start it inside a graphical session");
-  open_window(request);
+    return report_missing("OpenGL can be reached neither on a display nor without one",
+                          "start the program in a graphical session");
+  const PlatformOpen stage = platform_open(&request);
+  if (stage == PlatformOpen::no_context) // there may be no graphics card
+    return report_missing(failure_of(stage).missing,
+                          "install an OpenGL driver, for example Mesa's software driver");
+  if (stage != PlatformOpen::ok)
+    return report_missing(failure_of(stage).missing, failure_of(stage).remedy);
+  context_opened();
+  return true;
 }
 
 int32_t gfx_open(int32_t width_request, int32_t height_request, const char *title) {

@@ -12,8 +12,8 @@
 int32_t gfx_open(int32_t width_request, int32_t height_request, const char *title);
 
 // Opens a small window that is never shown, for drawing to framebuffer objects. Needs no display
-// where the window system can do without. Fails as gfx_open does.
-void gfx_open_hidden(const char *title);
+// where the window system can do without. False, after a sentence to the user, if that fails.
+bool gfx_open_hidden(const char *title);
 
 // Restores the display mode and destroys the context. May be called again.
 void gfx_close();

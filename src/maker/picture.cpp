@@ -131,7 +131,8 @@ bool save_frame(const Options &options, const World &world, const Frame &frame) 
   const bool interlaced = options.stereo == interlaced_mode;
   if (!draw_tiles(world, interlaced ? split_mode : options.stereo, frame, &image))
     return report_file_error(path, "can't be drawn",
-                             "the driver has no framebuffer objects of that size");
+                             "the OpenGL driver has no framebuffer objects of that size: choose a "
+                             "smaller --size, or install Mesa's software driver");
   if (interlaced) interlace(&image);
   progress_show("writing", frame.number + 1, frame.count);
   std::string error;
@@ -139,10 +140,31 @@ bool save_frame(const Options &options, const World &world, const Frame &frame) 
          report_file_error(path, "can't be written", error.c_str());
 }
 
-bool viewport_is_possible(const Options &options) {
+// Whether the driver can draw the pictures. Otherwise reports a sentence.
+bool driver_suffices(const Options &options) {
+  if (shaders_available() == 0)
+    return report_file_error(
+        options.picture, "can't be drawn",
+        "OpenGL 2.0 is needed: install a newer driver of the graphics card, or "
+        "Mesa's software driver");
   int32_t limits[2] = {};
   glGetIntegerv(GL_MAX_VIEWPORT_DIMS, limits);
-  return options.width <= limits[0] && options.height <= limits[1];
+  if (options.width <= limits[0] && options.height <= limits[1]) return true;
+  const std::string cause = "the OpenGL driver draws at most " + std::to_string(limits[0]) + "x" +
+                            std::to_string(limits[1]) + " pixels: choose a smaller --size";
+  return report_file_error(options.picture, "can't be drawn", cause.c_str());
+}
+
+bool save_frames(const Options &options, World *world) {
+  const int32_t frames = frame_count(options);
+  build_fonts();
+  set_switches(options, *world);
+  const PictureCamera plan = camera_plan(options, world);
+  for (int32_t frame = 0; frame < frames; frame++) {
+    camera_place(plan, 2 * std::numbers::pi * frame / frames, world);
+    if (!save_frame(options, *world, {frame, frames})) return false;
+  }
+  return true;
 }
 
 } // namespace
@@ -154,23 +176,11 @@ bool picture_may_write(const Options &options) {
 }
 
 bool picture_draw(const Options &options, World *world) {
-  const int32_t frames = frame_count(options);
   progress_show("drawing");
   textures_keep_component_count = 1; // as in the program
-  gfx_open_hidden("vorel-maze");
+  if (!gfx_open_hidden("vorel-maze")) return false;
   projection_is_2d = 0;
-  if (!viewport_is_possible(options))
-    return report_file_error(options.picture, "can't be drawn",
-                             "the driver draws no picture of that size");
-  shader_procs_load();
-  build_fonts();
-  set_switches(options, *world);
-  const PictureCamera plan = camera_plan(options, world);
-  bool saved = true;
-  for (int32_t frame = 0; saved && frame < frames; frame++) {
-    camera_place(plan, 2 * std::numbers::pi * frame / frames, world);
-    saved = save_frame(options, *world, {frame, frames});
-  }
+  const bool saved = driver_suffices(options) && save_frames(options, world);
   gfx_close();
   return saved;
 }

@@ -1,6 +1,8 @@
 #include "maker/png.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include <wincodec.h>
 
@@ -40,25 +42,48 @@ HRESULT write_frame(IWICBitmapFrameEncode *frame, const Image &image) {
   return SUCCEEDED(result) ? frame->Commit() : result;
 }
 
-HRESULT encode(IStream *stream, const Image &image) {
+HRESULT create_encoder(Com<IWICBitmapEncoder> *encoder) {
   Com<IWICImagingFactory> factory;
-  Com<IWICBitmapEncoder> encoder;
-  Com<IWICBitmapFrameEncode> frame;
-  HRESULT result =
+  const HRESULT result =
       CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
                        IID_IWICImagingFactory, reinterpret_cast<void **>(&factory.object));
-  if (SUCCEEDED(result))
-    result = factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, &encoder.object);
-  if (SUCCEEDED(result)) result = encoder->Initialize(stream, WICBitmapEncoderNoCache);
+  if (FAILED(result)) return result;
+  return factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, &encoder->object);
+}
+
+HRESULT encode(IWICBitmapEncoder *encoder, IStream *stream, const Image &image) {
+  Com<IWICBitmapFrameEncode> frame;
+  HRESULT result = encoder->Initialize(stream, WICBitmapEncoderNoCache);
   if (SUCCEEDED(result)) result = encoder->CreateNewFrame(&frame.object, nullptr);
   if (SUCCEEDED(result)) result = write_frame(frame.object, image);
   return SUCCEEDED(result) ? encoder->Commit() : result;
 }
 
-// Writes what the encoder left in memory.
+// Whether a step succeeded. Otherwise says so with the system's code.
+bool succeeded(HRESULT result, const char *problem, std::string *error) {
+  if (SUCCEEDED(result)) return true;
+  char code[32];
+  std::snprintf(code, sizeof code, ", error 0x%08lx", static_cast<unsigned long>(result));
+  *error = std::string(problem) + code;
+  return false;
+}
+
+bool encode_in_memory(const Image &image, Com<IStream> *stream, std::string *error) {
+  Com<IWICBitmapEncoder> encoder;
+  return succeeded(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED),
+                   "the system's COM library does not start", error) &&
+         succeeded(CreateStreamOnHGlobal(nullptr, TRUE, &stream->object),
+                   "there is no memory for the encoded picture", error) &&
+         succeeded(create_encoder(&encoder), "the system has no PNG encoder", error) &&
+         succeeded(encode(encoder.object, stream->object, image),
+                   "the system's PNG encoder rejects the picture", error);
+}
+
+// Writes what the encoder left in memory. False, with errno, on failure.
 bool copy_to_file(IStream *stream, FILE *file) {
   HGLOBAL memory = nullptr;
   STATSTG state = {};
+  errno = EIO; // of what sets none
   if (FAILED(GetHGlobalFromStream(stream, &memory)) ||
       FAILED(stream->Stat(&state, STATFLAG_NONAME)))
     return false;
@@ -73,21 +98,11 @@ bool copy_to_file(IStream *stream, FILE *file) {
 
 bool png_save(const Image &image, const std::string &path, std::string *error) {
   Com<IStream> stream;
-  HRESULT result = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  if (SUCCEEDED(result)) result = CreateStreamOnHGlobal(nullptr, TRUE, &stream.object);
-  if (SUCCEEDED(result)) result = encode(stream.object, image);
-  if (FAILED(result)) {
-    char words[64];
-    std::snprintf(words, sizeof words, "the system's encoder failed with 0x%08lx",
-                  static_cast<unsigned long>(result));
-    *error = words;
-    return false;
-  }
   FileReplacement file;
-  if (!file_replace_begin(&file, path.c_str(), false) ||
-      !file_replace_end(&file, copy_to_file(stream.object, file.stream))) {
-    *error = "the file could not be replaced";
-    return false;
-  }
-  return true;
+  if (!encode_in_memory(image, &stream, error)) return false;
+  if (file_replace_begin(&file, path.c_str(), false) &&
+      file_replace_end(&file, copy_to_file(stream.object, file.stream)))
+    return true;
+  *error = std::strerror(errno);
+  return false;
 }

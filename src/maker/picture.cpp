@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <numbers>
 
 #include "gfx/gl.h"
@@ -20,9 +19,7 @@
 #include "render/gl/view.h"
 #include "render/plot_switches.h"
 #include "render/scene.h"
-#include "text/fmod_table.h"
-#include "text/font.h"
-#include "text/normal_font.h"
+#include "text/built_in_fonts.h"
 #include "world/move.h"
 
 namespace {
@@ -40,14 +37,6 @@ void set_switches(const Options &options, const World &world) {
   plot_grid = options.grid ? 1 : 0;
   plot_connected = options.reach ? 1 : 0;
   plot_roamers = world.roamers.count > 0 ? 1 : 0;
-}
-
-void build_fonts() {
-  font_build(normal_font.data(), normal_font_size, "normal");
-  uint32_t size = 0;
-  uint8_t *bytes = fmod_generate(&size);
-  font_build(bytes, size, "fmod");
-  std::free(bytes);
 }
 
 // Draws one tile of the frame and copies it to its place in the picture.
@@ -157,7 +146,8 @@ bool driver_suffices(const Options &options) {
 
 bool save_frames(const Options &options, World *world) {
   const int32_t frames = frame_count(options);
-  build_fonts();
+  font_build_normal();
+  font_build_fmod();
   set_switches(options, *world);
   const PictureCamera plan = camera_plan(options, world);
   for (int32_t frame = 0; frame < frames; frame++) {

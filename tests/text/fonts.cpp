@@ -1,21 +1,15 @@
 #include "fonts.h"
 
-#include <cstdlib>
-
 #include "gfx/texture.h"
 #include "picture.h"
-#include "text/fmod_table.h"
-#include "text/normal_font.h"
+#include "text/built_in_fonts.h"
 
 Fonts fonts_for_test() {
   picture_begin();
   if (fonts.count == 0) {
     textures_keep_component_count = 1;
-    font_build(normal_font.data(), normal_font_size, "normal");
-    uint32_t size = 0;
-    uint8_t *bytes = fmod_generate(&size);
-    font_build(bytes, size, "fmod");
-    std::free(bytes);
+    font_build_normal();
+    font_build_fmod();
   }
   const Fonts built = {rows<Font *>(fonts)[0], rows<Font *>(fonts)[1]};
   font_select(built.normal);

@@ -9,6 +9,7 @@
 
 #include "gfx/display_settings.h"
 #include "gfx/window.h"
+#include "render/anaglyph.h"
 #include "render/gl/age_colour.h"
 #include "render/plot_switches.h"
 #include "support/report.h"
@@ -37,6 +38,11 @@ uint32_t roamer_count(const char *value) {
   return static_cast<uint32_t>(std::clamp(std::strtol(value, nullptr, 10), 0L, long{max_roamers}));
 }
 
+bool has_value(const Settings &settings, const char *key, const char *value) {
+  const char *found = Settings_get(&settings, key);
+  return found != nullptr && ascii_equal_nocase(found, value);
+}
+
 } // namespace
 
 void settings_start(Run *run) {
@@ -53,8 +59,8 @@ void settings_start(Run *run) {
   run->stereo_depth = std::isfinite(depth) ? depth : 0.0;
   run->roamers = roamer_count(Settings_get(&run->settings, "Roamers"));
   plot_roamers = run->roamers > 0 ? 1 : 0;
-  const char *trail = Settings_get(&run->settings, "Trail");
-  age_colour_light = trail != nullptr && ascii_equal_nocase(trail, "light");
+  age_colour_light = has_value(run->settings, "Trail", "light");
+  anaglyph_dubois = has_value(run->settings, "Anaglyph", "dubois");
   save_settings(run);
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "gfx/anaglyph.h"
 #include "gfx/screen.h"
 #include "support/strings.h"
 
@@ -115,6 +114,4 @@ void Display_settings_apply(Settings *settings, int32_t *stereo_mode, int32_t *s
   *stereo_mode = leading_int(Settings_get(settings, "Stereo mode"));
   Settings_default(settings, swap_key, "N");
   *stereo_swap = setting_is_true(Settings_get(settings, "Swap stereo")) ? 1 : 0;
-  const char *anaglyph = Settings_get(settings, "Anaglyph");
-  anaglyph_dubois = anaglyph != nullptr && ascii_equal_nocase(anaglyph, "dubois");
 }

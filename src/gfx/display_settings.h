@@ -7,8 +7,7 @@
 // The display settings of the user, as numbers.
 
 // Sets the resolution request and the fullscreen offsets (see gfx/screen.h), the stereo mode and
-// the swap flag, and adds the defaults of missing settings. Sets anaglyph_dubois by "Anaglyph",
-// which is not added.
+// the swap flag, and adds the defaults of missing settings.
 void Display_settings_apply(Settings *settings, int32_t *stereo_mode, int32_t *stereo_swap);
 
 // Sets the resolution request and the offsets alone. "auto", "display N", "span", "span N,M..." and

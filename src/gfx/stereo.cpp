@@ -3,8 +3,8 @@
 #include <cmath>
 #include <numbers>
 
-#include "gfx/anaglyph.h"
 #include "gfx/gl.h"
+#include "gfx/gl_procs.h"
 #include "gfx/gl_util.h"
 #include "gfx/platform.h"
 #include "gfx/screen.h"
@@ -20,6 +20,8 @@ uint32_t stereo_eye_textures[2];
 uint32_t stereo_eye_tex_width, stereo_eye_tex_height;
 uint32_t interlace_texture;
 uint32_t interlace_tex_width, interlace_tex_height;
+
+StereoMixer mixer;
 
 // How the eyes differ.
 struct Eyes {
@@ -130,10 +132,13 @@ void draw_tinted_eyes(uint32_t first_colour, uint32_t second_colour) {
   gfx_push_2d();
   glEnable(GL_TEXTURE_2D);
   glDisable(GL_LIGHTING);
-  if (anaglyph_begin(first_colour, second_colour, stereo_eye_textures[1])) {
+  if (mixer.begin != nullptr && mixer.begin(first_colour, second_colour)) {
     glDisable(GL_BLEND);
+    gl.active_texture(GL_TEXTURE1);
+    glBindTexture(GL_TEXTURE_2D, stereo_eye_textures[1]);
+    gl.active_texture(GL_TEXTURE0);
     draw_tinted(stereo_eye_textures[0], colour_white);
-    anaglyph_end();
+    mixer.end();
   } else {
     glEnable(GL_BLEND);
     glBlendFunc(GL_ONE, GL_ONE);
@@ -231,6 +236,10 @@ void stereo_colour(StereoScene scene, const void *context, uint32_t first_colour
   }
   gfx_load_projection(stereo.eyes.projection);
   draw_tinted_eyes(first_colour, second_colour);
+}
+
+void stereo_set_mixer(const StereoMixer &chosen) {
+  mixer = chosen;
 }
 
 int32_t stereo_interlaced_row(int32_t y, int32_t height, int32_t parity) {

@@ -26,10 +26,21 @@ void stereo_split(StereoScene scene, const void *context, int32_t swap, double e
 void stereo_two_screen(StereoScene scene, const void *context, int32_t swap, int32_t vertical,
                        double eye_offset, double neg_depth);
 
-// Adds the pictures of both eyes, each tinted with one colour, 0xRRGGBB, or multiplied by a matrix
-// (see gfx/anaglyph.h).
+// Adds the pictures of both eyes, each tinted with one colour, 0xRRGGBB, or mixes them as
+// stereo_set_mixer says.
 void stereo_colour(StereoScene scene, const void *context, uint32_t first_colour,
                    uint32_t second_colour, double eye_offset, double neg_depth);
+
+// What mixes two eyes in place of the colours: a program.
+struct StereoMixer {
+  // Makes it current, for the first eye in texture unit 0, with the texture coordinates, and the
+  // second in unit 1. False, with nothing changed, if it can't serve glasses of these colours.
+  bool (*begin)(uint32_t first_colour, uint32_t second_colour);
+  void (*end)(); // back to the fixed pipeline
+};
+
+// Sets what stereo_colour mixes with; null functions at first, for the colours alone.
+void stereo_set_mixer(const StereoMixer &mixer);
 
 // Turns a frame that has one eye's picture above the other's into alternate lines. Which eye gets a
 // line depends on its row on the screen, not in the window; `parity` 1 swaps them.

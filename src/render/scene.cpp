@@ -4,6 +4,7 @@
 #include "gfx/projection.h"
 #include "gfx/stereo.h"
 #include "gfx/window.h"
+#include "render/anaglyph.h"
 #include "render/gl/draw_cache.h"
 #include "render/gl/view.h"
 #include "render/plot.h"
@@ -38,6 +39,7 @@ void scene_draw(const World *world, Vec3 followed, int32_t stereo_mode, int32_t 
                 double stereo_depth) {
   frame_followed = followed;
   draw_cache_begin_frame();
+  stereo_set_mixer(anaglyph_mixer);
   stereo_render(stereo_scene, world, stereo_mode, stereo_swap,
                 eye_separation(world, followed, stereo_depth), -stereo_depth);
 }

@@ -347,6 +347,18 @@ void main()
   if(gl_FragColor.a<0.5) z-=1e6;
 )" WRITE_DEPTH;
 
+// The sum is clamped after both eyes are added, since either can be negative.
+const char *const shader_anaglyph = R"(#version 120
+uniform sampler2D first,second;
+uniform mat4 first_matrix,second_matrix;
+void main()
+{
+  vec2 at=gl_TexCoord[0].xy;
+  vec4 c=first_matrix*texture2D(first,at)+second_matrix*texture2D(second,at);
+  gl_FragColor=vec4(c.rgb,1.0);
+}
+)";
+
 // The sum of three waves at 60 degrees is a hexagonal lattice. It is a hole where it is below -0.3,
 // and steep at the rim. A rotated grid of 100 samples per pixel smooths the rims.
 const char *const shader_gantry_texture = R"(#version 120

@@ -49,6 +49,10 @@ extern const char *const shader_stick_fragment;
 extern const char *const shader_gantry_vertex;
 extern const char *const shader_gantry_fragment;
 
+// Mixes the pictures of two eyes, "first" and "second", by a matrix for the colours of each.
+// Follows the vertex stage of the fixed pipeline.
+extern const char *const shader_anaglyph;
+
 // One repeat of the texture of the perforated plate: its colour if tn is 0, with holes of alpha 0,
 // its normals if tn is 1. Follows the vertex stage of the fixed pipeline.
 extern const char *const shader_gantry_texture;

@@ -6,9 +6,9 @@
 
 #include "app/session_file.h"
 #include "app/settings_file.h"
-#include "gfx/anaglyph.h"
 #include "gfx/window.h"
 #include "own_folder.h"
+#include "render/anaglyph.h"
 #include "render/gl/age_colour.h"
 #include "world/roamer.h"
 

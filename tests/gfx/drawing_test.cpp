@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include "gfx/anaglyph.h"
 #include "gfx/gl_procs.h"
 #include "gfx/gl_util.h"
 #include "gfx/offscreen.h"
@@ -116,29 +115,6 @@ TEST_F(Drawing, ANearPointIsFurtherRightInTheEvenLines) {
         columns[(y + platform_window_rect().top) & 1].push_back(x);
   ASSERT_EQ(columns[0].size(), 1U);
   EXPECT_NEAR(columns[0][0] - columns[1].at(0), picture_width * 0.07, 1);
-}
-
-void draw_a_colour(const void *) {
-  static bool second;
-  second ? glClearColor(0.2F, 0.9F, 1, 1) : glClearColor(0.8F, 0.3F, 0.1F, 1);
-  second = !second;
-  glClear(GL_COLOR_BUFFER_BIT);
-  glClearColor(0, 0, 0, 0);
-}
-
-TEST_F(Drawing, MatricesMixBothEyesWhereTheyArePublished) {
-  anaglyph_dubois = true;
-  const struct {
-    int32_t mode, swap;
-    uint32_t mixed;
-  } cases[] = {
-      {6, 0, 0x76B3FF}, {6, 1, 0xA27001}, {8, 0, 0x71C61E}, {8, 1, 0xA95CFC}, {7, 0, 0xCCE600}};
-  for (const auto &[mode, swap, mixed] : cases) {
-    stereo_render(draw_a_colour, nullptr, mode, swap, 0, 0);
-    const uint32_t seen = picture_colour(picture_take(), 9, picture_height - 9);
-    EXPECT_LE(colour_distance(seen, mixed), 1) << mode << std::hex << " 0x" << seen;
-  }
-  anaglyph_dubois = false;
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "picture.h"
+#include "render/anaglyph.h"
 #include "render/gl/age_colour.h"
 #include "render/gl/shader_program.h"
 #include "render/gl/shaderprocs.h"
@@ -69,6 +70,31 @@ TEST(Shaders, FailuresAreAppendedToTheLogFile) {
   std::free(shader_log);
   std::free(program_log);
   shader_set_error_log(default_log);
+}
+
+void draw_a_colour(const void *) {
+  static bool second;
+  second ? glClearColor(0.2F, 0.9F, 1, 1) : glClearColor(0.8F, 0.3F, 0.1F, 1);
+  second = !second;
+  glClear(GL_COLOR_BUFFER_BIT);
+  glClearColor(0, 0, 0, 0);
+}
+
+TEST(Anaglyph, MatricesMixBothEyesWhereTheyArePublished) {
+  picture_begin();
+  stereo_set_mixer(anaglyph_mixer);
+  anaglyph_dubois = true;
+  const struct {
+    int32_t mode, swap;
+    uint32_t mixed;
+  } cases[] = {
+      {6, 0, 0x76B3FF}, {6, 1, 0xA27001}, {8, 0, 0x71C61E}, {8, 1, 0xA95CFC}, {7, 0, 0xCCE600}};
+  for (const auto &[mode, swap, mixed] : cases) {
+    stereo_render(draw_a_colour, nullptr, mode, swap, 0, 0);
+    const uint32_t seen = picture_colour(picture_take(), 9, picture_height - 9);
+    EXPECT_LE(colour_distance(seen, mixed), 1) << mode << std::hex << " 0x" << seen;
+  }
+  anaglyph_dubois = false;
 }
 
 } // namespace

@@ -1,6 +1,8 @@
-#include "gfx/anaglyph.h"
+#include "render/anaglyph.h"
 
 #include "gfx/gl_procs.h"
+#include "render/gl/shader_program.h"
+#include "render/shader_text.h"
 
 bool anaglyph_dubois;
 
@@ -39,18 +41,6 @@ constexpr GlassMatrix matrices[] = {
       0, 0, 0, 1}},
 };
 
-// The sum is clamped after both eyes are added, since either can be negative.
-const char *const fragment_text = R"(#version 120
-uniform sampler2D first,second;
-uniform mat4 first_matrix,second_matrix;
-void main()
-{
-  vec2 at=gl_TexCoord[0].xy;
-  vec4 c=first_matrix*texture2D(first,at)+second_matrix*texture2D(second,at);
-  gl_FragColor=vec4(c.rgb,1.0);
-}
-)";
-
 GLuint program;
 bool built;
 
@@ -62,16 +52,9 @@ const GlassMatrix *find_matrix(uint32_t colour, uint32_t other_colour) {
 
 // 0 if it fails.
 GLuint build_program() {
-  gl_procs_load();
-  if (gl.create_shader == nullptr) return 0;
-  const GLuint shader = gl.create_shader(GL_FRAGMENT_SHADER);
-  gl.shader_source(shader, 1, &fragment_text, nullptr);
-  gl.compile_shader(shader);
-  const GLuint name = gl.create_program();
-  gl.attach_shader(name, shader);
-  gl.link_program(name);
+  const GLuint name = fragment_program_build(shader_anaglyph, nullptr, nullptr);
   GLint linked = 0;
-  gl.get_program_iv(name, GL_LINK_STATUS, &linked);
+  if (name != 0) gl.get_program_iv(name, GL_LINK_STATUS, &linked);
   return linked != 0 ? name : 0;
 }
 
@@ -79,9 +62,7 @@ void set_matrix(const char *name, const GlassMatrix &matrix) {
   gl.uniform_matrix_4fv(gl.get_uniform_location(program, name), 1, GL_TRUE, matrix.rows);
 }
 
-} // namespace
-
-bool anaglyph_begin(uint32_t first_colour, uint32_t second_colour, uint32_t second_texture) {
+bool begin(uint32_t first_colour, uint32_t second_colour) {
   const GlassMatrix *first = find_matrix(first_colour, second_colour);
   const GlassMatrix *second = find_matrix(second_colour, first_colour);
   if (!anaglyph_dubois || first == nullptr || second == nullptr) return false;
@@ -91,14 +72,15 @@ bool anaglyph_begin(uint32_t first_colour, uint32_t second_colour, uint32_t seco
   gl.use_program(program);
   set_matrix("first_matrix", *first);
   set_matrix("second_matrix", *second);
-  gl.uniform_1i(gl.get_uniform_location(program, "first"), 0);
-  gl.uniform_1i(gl.get_uniform_location(program, "second"), 1);
-  gl.active_texture(GL_TEXTURE1);
-  glBindTexture(GL_TEXTURE_2D, second_texture);
-  gl.active_texture(GL_TEXTURE0);
+  program_set_int(program, "first", 0);
+  program_set_int(program, "second", 1);
   return true;
 }
 
-void anaglyph_end() {
+void end() {
   gl.use_program(0);
 }
+
+} // namespace
+
+const StereoMixer anaglyph_mixer = {begin, end};

@@ -176,7 +176,7 @@ int main(int argc, char **argv) {
   make_world();
   make_bare();
   add_plots();
-  measure_all(argc, argv, TimeKind::cpu);
+  measure_all(argc, argv);
   Maze_destroy(world.root, 1);
   gfx_close();
   return 0;

@@ -174,6 +174,6 @@ int main(int argc, char **argv) {
       "new_patchwork", 3, [] { return reference_choose(1); }, [] { return Maze_new_tree(1); });
   measure_both("new_nested", nested_seed, reference_single, single);
   measure_repulsion();
-  measure_all(argc, argv, TimeKind::cpu);
+  measure_all(argc, argv);
   return 0;
 }

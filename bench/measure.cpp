@@ -22,20 +22,13 @@ struct Timed {
 
 std::map<std::string, std::vector<Timed>> rows; // by the part of the name before the slash
 
-double now(TimeKind kind) {
-  if (kind == TimeKind::cpu) return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-  const std::chrono::duration<double, std::milli> time =
-      std::chrono::steady_clock::now().time_since_epoch();
-  return time.count();
-}
-
 // Milliseconds per step.
 double run(const Timed &timed, TimeKind kind) {
   if (timed.work.prepare) timed.work.prepare();
-  const double start = now(kind);
+  const double start = measure_now(kind);
   for (int step = 0; step < timed.steps; step++)
     timed.work.step();
-  const double end = now(kind);
+  const double end = measure_now(kind);
   if (timed.work.finish) timed.work.finish();
   return (end - start) / timed.steps;
 }
@@ -47,31 +40,41 @@ void choose_steps(Timed &timed) {
   timed.steps = static_cast<int>(std::ceil(run_milliseconds / run(timed, TimeKind::wall)));
 }
 
-void measure_row(std::vector<Timed> &row, TimeKind kind) {
+void measure_row(std::vector<Timed> &row) {
   for (Timed &timed : row)
     choose_steps(timed);
   for (int i = 0; i < repetitions; i++)
     for (Timed &timed : row)
-      timed.times.push_back(run(timed, kind));
-  for (Timed &timed : row) {
-    const auto middle = timed.times.begin() + repetitions / 2;
-    std::nth_element(timed.times.begin(), middle, timed.times.end());
-    std::printf("%s,%.6f\n", timed.work.name.c_str(), *middle);
-  }
+      timed.times.push_back(run(timed, timed.work.kind));
+  for (Timed &timed : row)
+    std::printf("%s,%.6f\n", timed.work.name.c_str(), measure_median(timed.times));
   std::fflush(stdout);
 }
 
 } // namespace
 
+double measure_now(TimeKind kind) {
+  if (kind == TimeKind::cpu) return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+  const std::chrono::duration<double, std::milli> time =
+      std::chrono::steady_clock::now().time_since_epoch();
+  return time.count();
+}
+
+double measure_median(std::vector<double> &values) {
+  const auto middle = values.begin() + static_cast<ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
 void measure_add(const Work &work) {
   rows[work.name.substr(0, work.name.find('/'))].push_back({work, 1, {}});
 }
 
-void measure_all(int argc, char **argv, TimeKind kind) {
+void measure_all(int argc, char **argv) {
   const std::regex wanted(argc > 1 ? argv[1] : "");
   for (auto &[name, row] : rows) {
     std::erase_if(
         row, [&wanted](const Timed &timed) { return !std::regex_search(timed.work.name, wanted); });
-    measure_row(row, kind);
+    measure_row(row);
   }
 }

@@ -2,8 +2,12 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 // Times alternatives by turns in one process.
+
+// What takes time: this process with all its threads, or everything with the waits.
+enum class TimeKind { cpu, wall };
 
 // Something to be timed. The name is "ROW/WHO"; those of one row take turns.
 struct Work {
@@ -12,16 +16,20 @@ struct Work {
   std::function<void()> prepare = {}; // before each run, not timed; may be empty
   std::function<void()> finish = {};  // after each run, not timed; may be empty
   bool is_once = false;               // a run is one step, not as many as fill a run's time
+  TimeKind kind = TimeKind::cpu;
 };
 
-// What takes the time: this process with all its threads, or everything including waits.
-enum class TimeKind { cpu, wall };
+// Milliseconds since some time in the past.
+double measure_now(TimeKind kind);
+
+// The middle one of at least one value. Reorders them.
+double measure_median(std::vector<double> &values);
 
 void measure_add(const Work &work);
 
 // Measures all works, or those whose names match the regular expression in argv[1], and prints the
 // median time of a step as "ROW/WHO,milliseconds".
-void measure_all(int argc, char **argv, TimeKind kind);
+void measure_all(int argc, char **argv);
 
 // Lets the compiler assume that a result is read.
 inline void measure_keep(const void *result) {

@@ -232,7 +232,7 @@ int main(int argc, char **argv) {
   make_worlds();
   if (!check_plots()) return 1;
   add_all();
-  measure_all(argc, argv, TimeKind::cpu);
+  measure_all(argc, argv);
   for (const World *world : {&tree, &plain, &disc})
     Maze_destroy(world->root, 1);
   gfx_close();

@@ -95,6 +95,6 @@ int main(int argc, char **argv) {
   measure_cells("cells_torus", Maze_torus(20, 10), false);
   measure_cells("cells_box", Maze_box(40, 40, 40), false);
   measure_cells("cells_block", Maze_grid3d(20, 20, 20), false);
-  measure_all(argc, argv, TimeKind::cpu);
+  measure_all(argc, argv);
   return 0;
 }

@@ -25,8 +25,8 @@ uint8_t *store_edge(uint8_t *at, const MazeEdge &edge) {
 }
 
 void write_node(const MazeNode &node, ByteWriter *out) {
-  uint8_t bytes[min_node_size + MAZE_MAX_DEGREE * (4 + edge_size)];
-  uint8_t *at = bytes;
+  static_assert(min_node_size + MAZE_MAX_DEGREE * (4 + edge_size) <= max_record_size);
+  uint8_t *at = begin_record(out);
   for (const double coordinate : {node.x, node.y, node.z})
     at = store_le(at, coordinate);
   at = store_le(at, node.degree);
@@ -35,8 +35,7 @@ void write_node(const MazeNode &node, ByteWriter *out) {
   for (uint32_t r = 0; r < node.degree; r++)
     at = store_edge(at, node.edge[r]);
   at = store_edge(at, node.self);
-  at = store_le(at, static_cast<uint8_t>(node.submaze != nullptr ? 1 : 0));
-  write_bytes(out, bytes, static_cast<size_t>(at - bytes));
+  end_record(out, store_le(at, static_cast<uint8_t>(node.submaze != nullptr ? 1 : 0)));
 }
 
 void write_head(const Maze *maze, ByteWriter *out, const Maze *current) {

@@ -73,21 +73,38 @@ struct ByteBlock {
   size_t size;
 };
 
+constexpr size_t write_block_size = 1 << 18; // what a writer passes on at once
+constexpr size_t max_record_size = 512;
+
 // A buffer in front of a file or, if `file` is null, of a list of ByteBlock. After a failure
 // nothing more is written, and errno has its cause.
 struct ByteWriter {
   FILE *file;
   GrowList *blocks;
-  size_t used; // bytes in the buffer
+  size_t used;       // bytes in the buffer, less than a block
+  size_t since_sync; // bytes passed on since the last file_sync_begin
   bool failed;
-  uint8_t buffer[1 << 16];
+  uint8_t buffer[write_block_size + max_record_size];
 };
 
 // Passes the buffered bytes on.
 void flush_bytes(ByteWriter *out);
 
+// Passes a whole block on and keeps the bytes behind it.
+void flush_block(ByteWriter *out);
+
+// Where the next bytes go, at most max_record_size. Pass the address after them to end_record.
+inline uint8_t *begin_record(ByteWriter *out) {
+  return out->buffer + out->used;
+}
+
+inline void end_record(ByteWriter *out, const uint8_t *end) {
+  out->used = static_cast<size_t>(end - out->buffer);
+  if (out->used >= write_block_size) flush_block(out);
+}
+
 void write_bytes(ByteWriter *out, const void *bytes, size_t size);
 
 template <typename Number> void write_number(ByteWriter *out, Number number) {
-  write_bytes(out, &number, sizeof number);
+  end_record(out, store_le(begin_record(out), number));
 }

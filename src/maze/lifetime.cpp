@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "maze/attachment.h"
+#include "maze/node_block.h"
 #include "maze/walk.h"
 #include "support/strings.h"
 
@@ -15,6 +16,8 @@ uint64_t last_serial = 0;
 
 void destroy_one(Maze *maze) {
   GrowList_free(&maze->nodes);
+  NodeBlock_release(maze->block);
+  maze->block = nullptr;
   std::free(maze->name);
   maze->name = nullptr;
   Attachment_free_all(maze);
@@ -33,9 +36,8 @@ Maze *last_leaf(Maze *maze) {
 // Copies rows, capacity and growth, but not the mirror.
 void copy_nodes(GrowList *list, const GrowList *source) {
   list->growth = source->growth;
-  list->initial = source->capacity; // GrowList_clear allocates `initial` rows
-  GrowList_clear(list);
   list->initial = source->initial;
+  GrowList_reserve(list, source->capacity > 0 ? source->capacity : source->count);
   GrowList_append_many(list, source->data, source->count);
 }
 

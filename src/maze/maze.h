@@ -27,6 +27,7 @@ struct MazeEdge {
 constexpr MazeEdge maze_edge_default = {maze_default_colour, time_never, time_never};
 
 struct Maze;
+struct NodeBlock;
 
 struct MazeNode {
   double x, y, z;                 // world units; z is height
@@ -46,6 +47,7 @@ struct Maze {
   char *name;           // owned level label such as "1.01.03"; may be null
   double halfwidth;     // half a corridor's width in world units
   GrowList attachments; // of Attachment; derived data, never saved
+  NodeBlock *block;     // memory that loaded nodes share, see maze/node_block.h; or null
   uint64_t serial;      // counts the records created; orders mazes by age
   Maze *pool_next;      // chain of destroyed records, see maze/lifetime.h
 };

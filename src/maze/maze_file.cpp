@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "maze/lifetime.h"
+#include "maze/node_block.h"
 #include "maze/pos.h"
 #include "support/strings.h"
 
@@ -62,7 +63,6 @@ bool is_set(ByteReader *in, uint8_t flag) {
 
 // Reads a node without its submaze; returns whether it has one.
 bool read_node(ByteReader *in, MazeNode *node) {
-  node->submaze = nullptr;
   const uint8_t *head = read_bytes(in, node_head);
   if (head == nullptr) return false;
   MazeNode_init(node, load_le<double>(head), load_le<double>(head + 8), load_le<double>(head + 16));
@@ -117,26 +117,26 @@ struct MazeReader {
   ByteReader *in;
   std::vector<Level> levels; // the root first
   Maze *current;             // the maze with its flag set; null before that
-  MazeNode node;             // the last node read
+  NodeBlock *block;          // that is being filled; null before that
 };
 
 // Reads the head of a maze and pushes a level for it, or sets `failed`. Counts are checked against
-// the bytes left minus what the enclosing mazes still need, so no count in a hostile file reserves
-// more nodes than the file could hold.
+// the bytes left minus what the enclosing mazes still need, so all counts of a hostile file
+// together are no more than the nodes that the file could hold.
 Maze *begin_maze(MazeReader *reader, uint32_t min_plain_nodes, size_t reserved_bytes) {
   ByteReader *in = reader->in;
   const bool is_current = is_set(in, read_number<uint8_t>(in));
   const uint32_t count = read_number<uint32_t>(in);
   const size_t left = bytes_left(in);
   const size_t kept = reserved_bytes + min_tail_size;
-  const bool plausible = count <= INT32_MAX && count >= min_plain_nodes && left >= kept &&
-                         count <= (left - kept) / min_node_size &&
-                         !(is_current && reader->current != nullptr);
+  const size_t max_count = left >= kept ? (left - kept) / min_node_size : 0;
+  const bool plausible = left >= kept && count <= INT32_MAX && count >= min_plain_nodes &&
+                         count <= max_count && !(is_current && reader->current != nullptr);
   if (!plausible) in->failed = true;
   if (in->failed) return nullptr;
   Maze *maze = Maze_new();
   if (is_current) reader->current = maze;
-  in->out_of_memory = !GrowList_try_reserve(&maze->nodes, count);
+  in->out_of_memory = !NodeBlock_lend(&reader->block, maze, count, max_count);
   if (in->out_of_memory) in->failed = true;
   reader->levels.push_back({maze, count, min_plain_nodes, reserved_bytes});
   return maze;
@@ -146,21 +146,23 @@ void begin_submaze(MazeReader *reader, uint32_t holder) {
   const Level above = reader->levels.back();
   const size_t reserved_bytes =
       above.reserved_bytes + (above.count - holder - 1) * min_node_size + min_tail_size;
-  Maze *below = begin_maze(reader, reader->node.degree, reserved_bytes);
+  MazeNode &node = maze_nodes(above.maze)[holder];
+  Maze *below = begin_maze(reader, node.degree, reserved_bytes);
   if (below == nullptr) return;
   below->parent = above.maze;
   below->parentnode = static_cast<int32_t>(holder);
-  maze_nodes(above.maze)[holder].submaze = below;
+  node.submaze = below;
 }
 
 // Reads nodes of the innermost level, up to one that holds a maze.
 void read_nodes(MazeReader *reader) {
   const Level level = reader->levels.back();
+  MazeNode *nodes = maze_nodes(level.maze);
   for (uint32_t i = level.maze->nodes.count; i < level.count; i++) {
-    const bool holds = read_node(reader->in, &reader->node);
+    const bool holds = read_node(reader->in, &nodes[i]);
     if (holds && i < level.min_plain_nodes) reader->in->failed = true;
     if (reader->in->failed) return;
-    GrowList_append(&level.maze->nodes, &reader->node);
+    level.maze->nodes.count++;
     if (holds) return begin_submaze(reader, i);
   }
 }
@@ -197,7 +199,7 @@ void Maze_write(const Maze *root, ByteWriter *out, const Maze *current) {
 }
 
 Maze *Maze_read(ByteReader *in, Maze **current) {
-  MazeReader reader = {in, {}, nullptr, {}};
+  MazeReader reader = {in, {}, nullptr, nullptr};
   Maze *root = begin_maze(&reader, 0, 0);
   while (!in->failed && !reader.levels.empty()) {
     const Level &level = reader.levels.back();
@@ -206,6 +208,7 @@ Maze *Maze_read(ByteReader *in, Maze **current) {
     else
       end_maze(&reader);
   }
+  NodeBlock_release(reader.block);
   if (in->failed) {
     if (root != nullptr) Maze_destroy(root, 1);
     return nullptr;

@@ -35,11 +35,16 @@ void set_data(GrowList *list, void *data, uint32_t capacity) {
   if (list->mirror != nullptr) *list->mirror = data;
 }
 
+// The block that the list has to free; null if its rows are borrowed.
+void *own_block(const GrowList *list) {
+  return list->capacity > 0 ? list->data : nullptr;
+}
+
 // Copies the rows to a new block and returns the old one, which the caller frees.
 void *take_block(GrowList *list, void *fresh, uint32_t capacity) {
   assert(capacity >= list->count);
-  void *old = list->data;
-  std::memcpy(fresh, old, static_cast<size_t>(list->count) * list->elemsize);
+  void *old = own_block(list);
+  std::memcpy(fresh, list->data, static_cast<size_t>(list->count) * list->elemsize);
   set_data(list, fresh, capacity);
   return old;
 }
@@ -49,8 +54,9 @@ void *change_capacity(GrowList *list, uint32_t capacity) {
 }
 
 void shrink_if_sparse(GrowList *list) {
+  if (list->capacity <= list->initial) return;
   const double used = static_cast<double>(list->count) / list->capacity;
-  if (used >= 0.01 * list->growth || list->capacity <= list->initial) return;
+  if (used >= 0.01 * list->growth) return;
   const uint32_t capacity = capacity_for(list, list->count);
   std::free(change_capacity(list, capacity > list->initial ? capacity : list->initial));
 }
@@ -58,7 +64,7 @@ void shrink_if_sparse(GrowList *list) {
 } // namespace
 
 void GrowList_init(GrowList *list, uint32_t elemsize) {
-  assert(elemsize > 0);
+  assert(elemsize > 0 && growlist_initial_capacity > 0);
   list->mirror = nullptr;
   list->count = 0;
   list->initial = growlist_initial_capacity;
@@ -104,15 +110,21 @@ void GrowList_remove(GrowList *list, uint32_t index) {
   shrink_if_sparse(list);
 }
 
+void GrowList_borrow(GrowList *list, void *memory) {
+  assert(list->count == 0);
+  std::free(own_block(list));
+  set_data(list, memory, 0);
+}
+
 void GrowList_clear(GrowList *list) {
-  std::free(list->data);
+  std::free(own_block(list));
   list->count = 0;
   set_data(list, new_block(list, list->initial), list->initial);
 }
 
 void GrowList_free(GrowList *list) {
   if (list->mirror != nullptr) *list->mirror = nullptr;
-  std::free(list->data);
+  std::free(own_block(list));
   list->data = nullptr;
   list->count = 0;
 }

@@ -11,7 +11,7 @@ struct GrowList {
   void *data;        // the rows; never null between GrowList_init and GrowList_free
   void **mirror;     // a variable elsewhere that is kept equal to data; null if unused
   uint32_t count;    // rows in use
-  uint32_t capacity; // rows allocated
+  uint32_t capacity; // rows allocated; 0 if the rows are borrowed
   uint32_t initial;  // the capacity below which the list never shrinks
   uint32_t elemsize; // bytes per row
   float growth;      // always 60, which means growth by a quarter
@@ -35,6 +35,10 @@ void GrowList_reserve(GrowList *list, uint32_t capacity);
 
 // The same for a size that a file names. False, with nothing changed, if there is no memory for it.
 bool GrowList_try_reserve(GrowList *list, uint32_t capacity);
+
+// Makes an empty list put its rows into memory that stays the caller's, until it grows or is freed.
+// The caller writes the rows and sets their count, up to what the memory holds.
+void GrowList_borrow(GrowList *list, void *memory);
 
 // Removes a row by moving the last one to its index; may shrink the array. An index past the end
 // changes nothing. The list must not be empty.

@@ -44,6 +44,12 @@ void *memory_zeroed(size_t bytes) {
   return block;
 }
 
+void *memory_huge_block(size_t bytes) {
+  void *block = std::malloc(bytes);
+  if (block != nullptr) memory_prefer_huge_pages(block, bytes);
+  return block;
+}
+
 void memory_set_save(void (*save)()) {
   exit_state.save_work = save;
 }

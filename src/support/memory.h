@@ -4,7 +4,7 @@
 #include <cstdint>
 
 // Running out of memory ends the program, in one place. Only where a file names a size is the
-// failure handled instead: GrowList_try_reserve.
+// failure handled instead: GrowList_try_reserve, memory_huge_block.
 
 // Reserves memory for the end of the program, and makes `new` on this thread end it when there is
 // none left.
@@ -13,6 +13,10 @@ void memory_begin();
 // Blocks of at least one byte, released with std::free. memory_zeroed fills its block with zeros.
 void *memory_block(size_t bytes);
 void *memory_zeroed(size_t bytes);
+
+// A block for megabytes that are soon written, in huge pages if the system has them, which take far
+// fewer page faults. Null if there is no memory. Released with std::free.
+void *memory_huge_block(size_t bytes);
 
 // Bytes of memory that programs can still get without swapping; UINT64_MAX if unknown.
 uint64_t memory_available();
@@ -26,3 +30,6 @@ void memory_set_save(void (*save)());
 
 // For code that runs inside std::exit, which must not be called twice.
 void memory_forbid_exit();
+
+// Differs between systems. Asks for huge pages in a block, where whole ones fit.
+void memory_prefer_huge_pages(void *block, size_t bytes);

@@ -90,28 +90,26 @@ void read_name(ByteReader *in, char **name) {
   if (!in->failed && !text.empty()) str_dup_into(name, text.c_str());
 }
 
-bool slot_is_valid(const Maze *maze, int32_t i, uint32_t r) {
-  const MazeNode &node = maze_nodes(maze)[i];
-  const int32_t to = node.nbr[r];
-  if (to < 0 || to >= maze_count(maze) || to == i) return false;
-  if (std::find(node.nbr, node.nbr + r, to) != node.nbr + r) return false;
-  return MazeNode_find_slot(maze_nodes(maze)[to], i) >= 0;
-}
-
-bool slots_are_valid(const Maze *maze) {
-  for (int32_t i = 0; i < maze_count(maze); i++)
-    for (uint32_t r = 0; r < maze_nodes(maze)[i].degree; r++)
-      if (!slot_is_valid(maze, i, r)) return false;
-  return true;
-}
-
 // A maze whose record is being read.
 struct Level {
   Maze *maze;
   uint32_t count;           // nodes in the record
   uint32_t min_plain_nodes; // its doors: the first nodes, which must not hold mazes
   size_t reserved_bytes;    // that the enclosing mazes still need after this record
+  int64_t unmatched;        // slots for later nodes less slots for earlier nodes
 };
+
+// Checks a slot of the last node read, `i`. A slot for an earlier node needs one back. Since no
+// node has two slots for another, all match if there are as many for later nodes as for earlier
+// ones.
+bool slot_is_valid(Level *level, int32_t i, uint32_t r) {
+  const MazeNode *nodes = maze_nodes(level->maze);
+  const int32_t *nbr = nodes[i].nbr, to = nbr[r];
+  if (to < 0 || to >= static_cast<int32_t>(level->count) || to == i) return false;
+  if (std::find(nbr, nbr + r, to) != nbr + r) return false;
+  level->unmatched += to > i ? 1 : -1;
+  return to > i || MazeNode_find_slot(nodes[to], i) >= 0;
+}
 
 struct MazeReader {
   ByteReader *in;
@@ -138,7 +136,7 @@ Maze *begin_maze(MazeReader *reader, uint32_t min_plain_nodes, size_t reserved_b
   if (is_current) reader->current = maze;
   in->out_of_memory = !NodeBlock_lend(&reader->block, maze, count, max_count);
   if (in->out_of_memory) in->failed = true;
-  reader->levels.push_back({maze, count, min_plain_nodes, reserved_bytes});
+  reader->levels.push_back({maze, count, min_plain_nodes, reserved_bytes, 0});
   return maze;
 }
 
@@ -156,23 +154,26 @@ void begin_submaze(MazeReader *reader, uint32_t holder) {
 
 // Reads nodes of the innermost level, up to one that holds a maze.
 void read_nodes(MazeReader *reader) {
-  const Level level = reader->levels.back();
+  Level &level = reader->levels.back();
   MazeNode *nodes = maze_nodes(level.maze);
   for (uint32_t i = level.maze->nodes.count; i < level.count; i++) {
     const bool holds = read_node(reader->in, &nodes[i]);
     if (holds && i < level.min_plain_nodes) reader->in->failed = true;
     if (reader->in->failed) return;
     level.maze->nodes.count++;
+    for (uint32_t r = 0; r < nodes[i].degree; r++)
+      if (!slot_is_valid(&level, static_cast<int32_t>(i), r)) reader->in->failed = true;
     if (holds) return begin_submaze(reader, i);
   }
 }
 
 void end_maze(MazeReader *reader) {
-  Maze *maze = reader->levels.back().maze;
+  const Level &level = reader->levels.back();
+  Maze *maze = level.maze;
   maze->visited = read_number<int32_t>(reader->in);
   maze->bordermask = read_number<uint32_t>(reader->in);
   read_name(reader->in, &maze->name);
-  if (!slots_are_valid(maze)) reader->in->failed = true;
+  if (level.unmatched != 0) reader->in->failed = true;
   reader->levels.pop_back();
 }
 

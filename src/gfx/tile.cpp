@@ -5,6 +5,7 @@
 
 namespace {
 
+// Without sides if the framebuffer holds the whole picture.
 struct Tile {
   int32_t x, y, width, height;
 };
@@ -15,6 +16,10 @@ Tile tile;
 
 void tile_set(int32_t x, int32_t y, int32_t width, int32_t height) {
   tile = {x, y, width, height};
+}
+
+void tile_unset() {
+  tile = {};
 }
 
 int32_t tile_width() {

@@ -77,7 +77,7 @@ bool draw_tiles(const World &world, int32_t mode, const Frame &frame, Image *ima
     progress_show("drawing", int64_t{frame.number} * count + i + 1, int64_t{frame.count} * count);
     draw_tile(world, mode, i % columns * side, i / columns * side, side, image);
   }
-  tile_set(0, 0, 0, 0);
+  tile_unset();
   offscreen_end(&target);
   return true;
 }

@@ -8,7 +8,8 @@ namespace {
 
 constexpr double step_time = 0.4; // seconds
 
-// Any way but the one back, unless there is no other. Pos_null at a node without edges.
+// Any way but the one back, unless there is no other. Pos_null at a node without edges. Takes one
+// number per step, unlike a Roamer, which draws again instead of leaving the way back out.
 Pos random_way(Pos here, Pos before) {
   Pos ways[pos_max_edges];
   int32_t count = Pos_alledges(here.maze, here.node, ways, nullptr);

@@ -84,6 +84,11 @@ bool make(const Options &options, World *world) {
   return true;
 }
 
+void walk(const Options &options, World *world) {
+  progress_show("walking");
+  World_walk(world, options.walk);
+}
+
 void print_statistics(const World &world) {
   progress_show("counting");
   const Statistics s = Statistics_of(world.root);
@@ -106,8 +111,7 @@ bool may_write_results(const Options &options) {
 }
 
 bool write_results(const Options &options, World *world) {
-  if (options.walk > 0) progress_show("walking");
-  World_walk(world, options.walk);
+  if (options.walk > 0) walk(options, world);
   if (options.statistics) print_statistics(*world);
   if (!options.save.empty() && !save(options, *world)) return false;
   return options.picture.empty() || picture_draw(options, world);
@@ -119,7 +123,7 @@ int run(const Options &options) {
   const uint32_t seed = options.seeded ? options.seed : clock_ticks();
   seed_random_numbers(seed);
   progress_show(options.load.empty() ? "making" : "loading");
-  World world;
+  World world = {};
   const bool made = options.load.empty() ? make(options, &world) : load(options.load, &world);
   if (!made) return 1;
   print_seed(options, seed);

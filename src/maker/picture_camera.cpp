@@ -7,8 +7,8 @@
 #include "gfx/projection.h"
 #include "maker/drawn_extent.h"
 #include "maker/outline.h"
-#include "render/gl/frustum.h"
 #include "maze/walk.h"
+#include "render/gl/frustum.h"
 #include "world/camera.h"
 
 namespace {

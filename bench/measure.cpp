@@ -22,15 +22,27 @@ struct Timed {
 
 std::map<std::string, std::vector<Timed>> rows; // by the part of the name before the slash
 
+double time_of(const std::function<void()> &action, TimeKind kind) {
+  const double start = measure_now(kind);
+  action();
+  return measure_now(kind) - start;
+}
+
+void run_steps(const Work &work, int steps, TimeKind kind, double *restoring) {
+  for (int step = 0; step < steps; step++) {
+    if (work.restore) *restoring += time_of(work.restore, kind);
+    work.step();
+  }
+}
+
 // Milliseconds per step.
 double run(const Timed &timed, TimeKind kind) {
-  if (timed.work.prepare) timed.work.prepare();
-  const double start = measure_now(kind);
-  for (int step = 0; step < timed.steps; step++)
-    timed.work.step();
-  const double end = measure_now(kind);
-  if (timed.work.finish) timed.work.finish();
-  return (end - start) / timed.steps;
+  const Work &work = timed.work;
+  if (work.prepare) work.prepare();
+  double restoring = 0.0;
+  const double all = time_of([&] { run_steps(work, timed.steps, kind, &restoring); }, kind);
+  if (work.finish) work.finish();
+  return (all - restoring) / timed.steps;
 }
 
 // The first run pays for what later ones find done. After a short one, the second tells how many

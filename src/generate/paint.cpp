@@ -37,7 +37,7 @@ void Maze_colour_field(Maze *root, ColourFunction fn, int32_t recursive) {
     MazeNode *nodes = maze_nodes(maze);
     nodes[i].self.colour = fn(node_position(nodes[i]));
     for (uint32_t slot = nodes[i].degree; slot-- > 0;)
-      if (nodes[i].nbr[slot] < i) colour_edge(nodes, i, slot, fn);
+      if (nodes[i].nbr[slot] > i) colour_edge(nodes, i, slot, fn);
   });
 }
 

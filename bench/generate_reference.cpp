@@ -116,7 +116,7 @@ Maze *reference_single() {
   for (int32_t pass = 0; t == 9 && pass < 2; pass++)
     reference_nest(root, 10);
   if (rand_int(2) != 0) {
-    Maze_colour_field(root, colour_field_sine, 1);
+    Maze_colour_field(root, reference_sine, 1);
   } else {
     const double d1 = rand_real(0.5), d2 = rand_real(0.5), d3 = rand_real(0.5);
     Maze_paint(root, rgb_colour(d3 + 0.25, d2 + 0.25, d1 + 0.25), 1);
@@ -218,6 +218,11 @@ Maze *reference_choose(int32_t mode) {
   if (mode != 0) str_dup_into(&root->name, "1.01");
   Maze_scale(root, 2.5, 1);
   return root;
+}
+
+uint32_t reference_sine(Vec3 p) {
+  const auto wave = [](double c) { return 0.25 * (std::sin(0.1 * c) + 1.0); };
+  return rgb_colour(wave(p.x), wave(p.y), wave(p.z));
 }
 
 std::vector<Vec3> reference_repulsion(const Maze *maze) {

@@ -21,5 +21,8 @@ Maze *reference_patchwork();
 // A whole new tree of mode 0 or 1. Uses the program's transforms and builders, except for the box.
 Maze *reference_choose(int32_t mode);
 
+// The colour field of a new tree, by its formula.
+uint32_t reference_sine(Vec3 p);
+
 // The sum of forces on each node, pair by pair.
 std::vector<Vec3> reference_repulsion(const Maze *maze);

@@ -1,14 +1,40 @@
 #include "generate/paint.h"
 
+#include <bit>
 #include <cmath>
+#include <numbers>
 
 #include "maze/walk.h"
 #include "support/colour.h"
 
 namespace {
 
-double slow_sine(double c) {
-  return 0.25 * (std::sin(0.1 * c) + 1.0);
+// A colour channel that varies with a coordinate, 0 to 255 / 2.
+uint32_t exact_channel(double c) {
+  return rgb_colour(0, 0, 0.25 * (std::sin(0.1 * c) + 1.0));
+}
+
+// The sine of x within 1e-7, for |x| up to 1e5: a Taylor series around the nearest multiple of pi.
+double rough_sine(double x) {
+  constexpr double rounder = 0x1.8p52; // a sum with it is whole, and its lowest bit is the parity
+  const double shifted = x * std::numbers::inv_pi + rounder;
+  const double r = x - (shifted - rounder) * std::numbers::pi;
+  const double r2 = r * r;
+  const double high_terms =
+      1.0 / 120 + r2 * (-1.0 / 5040 + r2 * (1.0 / 362880 - r2 * (1.0 / 39916800)));
+  const double sine = r + r * r2 * (-1.0 / 6 + r2 * high_terms);
+  return (std::bit_cast<uint64_t>(shifted) & 1) != 0 ? -sine : sine;
+}
+
+// The same as exact_channel(c). The rough sine is enough unless it is near the step between two
+// channels; it takes a quarter of the time.
+uint32_t sine_channel(double c) {
+  constexpr double margin = 1e-4; // more than 255 / 4 times the error
+  if (!(std::abs(c) < 1e6)) return exact_channel(c);
+  const double rough = 255 * 0.25 * (rough_sine(0.1 * c) + 1.0) + 0.5;
+  const auto low = static_cast<uint32_t>(rough - margin);
+  const auto high = static_cast<uint32_t>(rough + margin);
+  return low == high ? low : exact_channel(c);
 }
 
 // Colours both halves of the edge in a slot of node i.
@@ -42,5 +68,5 @@ void Maze_colour_field(Maze *root, ColourFunction fn, int32_t recursive) {
 }
 
 uint32_t colour_field_sine(Vec3 p) {
-  return rgb_colour(slow_sine(p.x), slow_sine(p.y), slow_sine(p.z));
+  return sine_channel(p.x) << 16 | sine_channel(p.y) << 8 | sine_channel(p.z);
 }

@@ -16,6 +16,7 @@
 #include "generate/transform.h"
 #include "maze/lifetime.h"
 #include "maze/walk.h"
+#include "scenarios.h"
 #include "support/random.h"
 
 namespace {
@@ -45,9 +46,7 @@ Maze *relaxed(double size, double smoothing, double repulsion) {
 }
 
 Maze *build(const std::string &name, double a, double b, double c) {
-  const int32_t i = static_cast<int32_t>(a);
-  const int32_t j = static_cast<int32_t>(b);
-  const int32_t k = static_cast<int32_t>(c);
+  const auto i = static_cast<int32_t>(a), j = static_cast<int32_t>(b), k = static_cast<int32_t>(c);
   rand_seed(name == "choose" ? static_cast<uint32_t>(j) : 1);
   if (name == "plane_xy") return Maze_plane_xy(i, j);
   if (name == "plane_xz") return Maze_plane_xz(i, j);
@@ -75,10 +74,7 @@ struct Digest {
   }
   // Independent of the rounding of the mathematical library.
   void add_rounded(double number) { add(std::llround(number * 1e4)); }
-  void add_place(Vec3 place) {
-    for (const double coordinate : {place.x, place.y, place.z})
-      add_rounded(coordinate);
-  }
+  void add_place(Vec3 place) { add_rounded(place.x), add_rounded(place.y), add_rounded(place.z); }
   uint32_t folded() const { return (value ^ value >> 16) & 0xFFFF; }
 };
 
@@ -156,13 +152,9 @@ TEST(Generate, TreesMatchTheirDigests) {
 }
 
 TEST(Generate, BoundsCoverTheFirstNodeThoughItHoldsAMaze) {
-  Maze *root = Maze_plane_xy(3, 1), *below = Maze_plane_xy(1, 1);
-  Maze_translate(below, {1.5, 0, 0}, 0);
-  below->parent = root;
-  maze_nodes(root)[0].submaze = below;
-  Vec3 low, high;
-  Maze_bounds(root, &low, &high);
-  EXPECT_EQ(low.x, maze_nodes(root)[0].x);
+  Maze *root = scenario_path(3);
+  scenario_hold(root, 0, scenario_grid(1, 1, 1, {1.5, 0, 0}));
+  EXPECT_EQ(Maze_tree_bounds(root)[0].min.x, 0);
   Maze_destroy(root, 1);
 }
 

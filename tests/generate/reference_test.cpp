@@ -1,5 +1,5 @@
-// Compares carving and welding with the reference implementations, and the kernels of the repulsion
-// with each other, on random graphs.
+// Compares carving, welding and colours with the reference implementations, and the kernels of the
+// repulsion with each other.
 #include "generate_reference.h"
 
 #include <cmath>
@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "generate/carve.h"
+#include "generate/paint.h"
 #include "generate/repulsion_kernel.h"
 #include "maze/edit.h"
 #include "maze/lifetime.h"
@@ -67,6 +68,14 @@ TEST(Reference, WeldingMatches) {
                             seed);
     for (Maze *maze : mazes)
       Maze_destroy(maze, 1);
+  }
+}
+
+// Next to the steps between two channels, and beyond the range of the rough sine.
+TEST(Reference, SineFieldMatches) {
+  for (int32_t k = 0; k < 3 * 127; k++) {
+    const double c = 10 * std::asin((k / 3 + 0.5) / 63.75 - 1) + (k % 3 - 1) * 1e-9;
+    EXPECT_EQ(colour_field_sine({c, -7 * c, 1e20 * c}), reference_sine({c, -7 * c, 1e20 * c})) << c;
   }
 }
 

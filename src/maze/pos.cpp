@@ -6,6 +6,14 @@
 
 namespace {
 
+// The same as Pos_submaze_enter, but Pos_null is a fatal report.
+Pos enter(Maze *maze, int32_t from, int32_t to) {
+  const Pos door = Pos_submaze_enter(maze, from, to);
+  if (door.maze == nullptr)
+    report_fatal("maze", 115, "Pos_alledges: Pos_submaze_enter returned Pos_null");
+  return door;
+}
+
 // Where a step from `from` to its neighbour `to` ends: at a door if `to` holds a maze.
 Pos walk_to(Maze *maze, int32_t from, int32_t to) {
   if (maze_nodes(maze)[to].submaze != nullptr) return Pos_submaze_enter(maze, from, to);
@@ -63,6 +71,25 @@ int32_t Pos_edges(Maze *maze, int32_t node, bool all_levels, Pos *out, MazeEdge 
     if (edges_out != nullptr) edges_out[r] = here.edge[r];
   }
   return static_cast<int32_t>(here.degree);
+}
+
+int32_t Pos_first_end_edges(Maze *maze, int32_t node, bool all_levels, PosEdge *out) {
+  assert(node >= 0 && node < maze_count(maze));
+  const MazeNode *nodes = maze_nodes(maze);
+  const MazeNode &here = nodes[node];
+  int32_t count = 0;
+  const auto add = [&](Pos end, const MazeEdge *row, uint32_t index) {
+    if (Pos_before({maze, node}, end)) out[count++] = {end, row, static_cast<int32_t>(index)};
+  };
+  const Pos exit = all_levels ? Pos_submaze_exit(maze, node) : Pos_null;
+  if (exit.maze != nullptr)
+    add(exit, &maze_nodes(maze->parent)[maze->parentnode].edge[node], here.degree);
+  for (uint32_t r = here.degree; r-- > 0;) {
+    const int32_t to = here.nbr[r];
+    const bool enters = all_levels && nodes[to].submaze != nullptr;
+    add(enters ? enter(maze, node, to) : Pos{maze, to}, &here.edge[r], r);
+  }
+  return count;
 }
 
 Vec3 Pos_position(Pos pos) {

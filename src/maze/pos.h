@@ -25,6 +25,17 @@ int32_t Pos_alledges(Maze *maze, int32_t node, Pos *out, MazeEdge *edges_out);
 // The same if `all_levels`; otherwise only the node's own slots, which may lead to holders.
 int32_t Pos_edges(Maze *maze, int32_t node, bool all_levels, Pos *out, MazeEdge *edges_out);
 
+// An entry of Pos_edges.
+struct PosEdge {
+  Pos end;
+  const MazeEdge *row; // in the tree
+  int32_t index;       // in the list of Pos_edges
+};
+
+// The entries of Pos_edges whose first end is (maze, node) (Pos_before), last entry first. `out`
+// gets up to pos_max_edges entries; returns their number.
+int32_t Pos_first_end_edges(Maze *maze, int32_t node, bool all_levels, PosEdge *out);
+
 // World position of the node.
 Vec3 Pos_position(Pos pos);
 

@@ -36,34 +36,29 @@ struct Stick {
 static_assert(sizeof(Ball) == 16 && sizeof(Stick) == 28); // no padding
 
 void collect_balls(const CollectInput &input, GrowList *streams, Box *box) {
-  for (int32_t i = input.nodes.end - 1; i >= input.nodes.first; i--) {
-    const MazeNode &node = maze_nodes(input.maze)[i];
-    if (node.submaze != nullptr) continue;
-    const Ball ball = {rounded(node_position(node)),
-                       edge_colour(node.self.colour, {input.maze, i}, Pos_null)};
-    GrowList_append(&streams[0], &ball);
-    box_add_ball(box, node_position(node), input.maze->halfwidth);
-  }
+  each_plain_node(input, [&](Pos here, const MazeNode &node) {
+    const Ball ball = {rounded(node_position(node)), edge_colour(node.self.colour, here, Pos_null)};
+    append_row(&streams[0], ball);
+    box_add_ball(box, node_position(node), here.maze->halfwidth);
+  });
 }
 
 void node_sticks(Pos here, GrowList *sticks, Box *box) {
   const Vec3 p = Pos_position(here);
-  Pos ends[pos_max_edges];
-  MazeEdge edges[pos_max_edges];
-  for (int32_t e = Pos_alledges(here.maze, here.node, ends, edges) - 1; e >= 0; e--) {
-    if (!Pos_before(here, ends[e])) continue;
-    const Vec3 q = Pos_position(ends[e]);
-    const Stick stick = {rounded(p), rounded(q - p), edge_colour(edges[e].colour, here, ends[e])};
-    GrowList_append(sticks, &stick);
-    box_add_ball(box, p, here.maze->halfwidth);
+  PosEdge edges[pos_max_edges];
+  const int32_t count = Pos_first_end_edges(here.maze, here.node, true, edges);
+  if (count > 0) box_add_ball(box, p, here.maze->halfwidth);
+  for (int32_t e = 0; e < count; e++) {
+    const auto &[end, row, index] = edges[e];
+    const Vec3 q = Pos_position(end);
+    const Stick stick = {rounded(p), rounded(q - p), edge_colour(row->colour, here, end)};
+    append_row(sticks, stick);
     box_add_ball(box, q, here.maze->halfwidth);
   }
 }
 
 void collect_sticks(const CollectInput &input, GrowList *streams, Box *box) {
-  for (int32_t i = input.nodes.end - 1; i >= input.nodes.first; i--)
-    if (maze_nodes(input.maze)[i].submaze == nullptr)
-      node_sticks({input.maze, i}, &streams[0], box);
+  each_plain_node(input, [&](Pos here, const MazeNode &) { node_sticks(here, &streams[0], box); });
 }
 
 void draw_balls(const GrowList &balls, uint32_t first, uint32_t end, double radius) {

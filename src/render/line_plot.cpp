@@ -51,36 +51,32 @@ void add(Box *box, Vec3f place) {
 
 void collect_ribbons(Pos here, bool all_levels, GrowList *streams, Box *box) {
   const Vec3 p = Pos_position(here);
-  Pos ends[pos_max_edges];
-  MazeEdge edges[pos_max_edges];
-  for (int32_t e = Pos_edges(here.maze, here.node, all_levels, ends, edges) - 1; e >= 0; e--) {
-    if (!Pos_before(here, ends[e])) continue;
-    const Vec3 q = Pos_position(ends[e]);
+  PosEdge edges[pos_max_edges];
+  const int32_t count = Pos_first_end_edges(here.maze, here.node, all_levels, edges);
+  for (int32_t e = 0; e < count; e++) {
+    const auto &[end, row, index] = edges[e];
+    const Vec3 q = Pos_position(end);
     const Ribbon ribbon = {rounded(p),
                            rounded(q),
                            rounded(p - q),
-                           static_cast<float>(edges[e].usertime),
-                           edge_colour(edges[e].colour, here, ends[e]),
-                           static_cast<float>(edges[e].roamertime)};
-    GrowList_append(&streams[ribbons], &ribbon);
-    if (ends[e].maze != here.maze) GrowList_append(&streams[cross_level_ends], &ends[e]);
-    add(box, ribbon.p);
+                           static_cast<float>(row->usertime),
+                           edge_colour(row->colour, here, end),
+                           static_cast<float>(row->roamertime)};
+    append_row(&streams[ribbons], ribbon);
+    if (end.maze != here.maze) append_row(&streams[cross_level_ends], end);
     add(box, ribbon.q);
   }
 }
 
 void collect(const CollectInput &input, GrowList *streams, Box *box) {
-  for (int32_t i = input.nodes.end - 1; i >= input.nodes.first; i--) {
-    const MazeNode &node = maze_nodes(input.maze)[i];
-    if (node.submaze != nullptr) continue;
-    const Pos here = {input.maze, i};
+  each_plain_node(input, [&](Pos here, const MazeNode &node) {
     collect_ribbons(here, input.all_levels, streams, box);
     const Disc disc = {rounded(node_position(node)), static_cast<float>(node.self.usertime),
                        edge_colour(node.self.colour, here, Pos_null),
                        static_cast<float>(node.self.roamertime)};
-    GrowList_append(&streams[discs], &disc);
+    append_row(&streams[discs], disc);
     add(box, disc.centre);
-  }
+  });
 }
 
 // The fourth coordinate is a corner code: 0 and 1 are the two sides at q, 2 and 3 those at p.

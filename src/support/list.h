@@ -67,3 +67,11 @@ template <typename Row> const Row *rows(const GrowList &list) {
   assert(list.elemsize == sizeof(Row));
   return static_cast<const Row *>(list.data);
 }
+
+// The same as GrowList_append, faster where there is room.
+template <typename Row> void append_row(GrowList *list, const Row &row) {
+  if (list->count == list->capacity)
+    GrowList_append(list, &row);
+  else
+    rows<Row>(*list)[list->count++] = row;
+}

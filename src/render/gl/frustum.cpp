@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace {
 
@@ -42,26 +41,6 @@ void set_plane(Frustum *frustum, int plane, const ClipRow &w, double scale, cons
 }
 
 } // namespace
-
-void box_add(Box *box, Vec3 point) {
-  if (!is_finite(point)) {
-    *box = {box_empty.high, box_empty.low};
-    return;
-  }
-  box->low = min_components(box->low, point);
-  box->high = max_components(box->high, point);
-}
-
-void box_add_ball(Box *box, Vec3 centre, double radius) {
-  const double reach = std::numbers::sqrt3 * radius; // to a corner of the ball's cube
-  box_add(box, centre - Vec3{reach, reach, reach});
-  box_add(box, centre + Vec3{reach, reach, reach});
-}
-
-void box_unite(Box *box, const Box &other) {
-  box->low = min_components(box->low, other.low);
-  box->high = max_components(box->high, other.high);
-}
 
 double box_max_distance(const Box &box, Vec3 from) {
   return length({std::max(std::abs(box.low.x - from.x), std::abs(box.high.x - from.x)),

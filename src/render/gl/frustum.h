@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <numbers>
 
 #include "support/vec3.h"
 
@@ -17,13 +18,27 @@ constexpr double box_limit = std::numeric_limits<double>::infinity();
 constexpr Box box_empty = {{box_limit, box_limit, box_limit}, {-box_limit, -box_limit, -box_limit}};
 
 // Grows the box to contain a point, or all of space if the point isn't finite.
-void box_add(Box *box, Vec3 point);
+inline void box_add(Box *box, Vec3 point) {
+  if (!is_finite(point)) {
+    *box = {box_empty.high, box_empty.low};
+    return;
+  }
+  box->low = min_components(box->low, point);
+  box->high = max_components(box->high, point);
+}
 
 // Grows the box to contain a ball and the square around it, in any orientation.
-void box_add_ball(Box *box, Vec3 centre, double radius);
+inline void box_add_ball(Box *box, Vec3 centre, double radius) {
+  const double reach = std::numbers::sqrt3 * radius; // to a corner of the ball's cube
+  box_add(box, centre - Vec3{reach, reach, reach});
+  box_add(box, centre + Vec3{reach, reach, reach});
+}
 
 // Grows the box to contain another.
-void box_unite(Box *box, const Box &other);
+inline void box_unite(Box *box, const Box &other) {
+  box->low = min_components(box->low, other.low);
+  box->high = max_components(box->high, other.high);
+}
 
 // The largest distance from a point to anything in the box.
 double box_max_distance(const Box &box, Vec3 from);

@@ -227,12 +227,16 @@ void compile_plates(Maze *maze) {
   }
 }
 
-using Shape = void (*)(ShapeList *out, Maze *maze, int32_t node, const World *world);
+using Shape = void (*)(ShapeList *out, Maze *maze, int32_t node, uint32_t colour);
 
 void compile_shape(Maze *maze, GLenum primitive, Shape shape) {
   ShapeList vertices;
-  for (int32_t i = maze_count(maze); i-- > 0;)
-    if (!maze_nodes(maze)[i].submaze) shape(&vertices, maze, i, shown);
+  for (int32_t i = maze_count(maze); i-- > 0;) {
+    const MazeNode &node = maze_nodes(maze)[i];
+    if (!node.submaze)
+      shape(&vertices, maze, i,
+            visit_colour(node.self, {maze, i}, Pos_null, voronoi_mode < 5 ? shown : nullptr));
+  }
   glBegin(primitive);
   for (const ShapeVertex &v : vertices) {
     glColor3ub(colour_red(v.colour), colour_green(v.colour), colour_blue(v.colour));
@@ -244,8 +248,8 @@ void compile_shape(Maze *maze, GLenum primitive, Shape shape) {
 
 void compile_cells(Maze *maze) {
   constexpr Shape shapes[] = {voronoi_outline, voronoi_box,      voronoi_box,
-                              voronoi_terrain, voronoi_delaunay, voronoi_ground};
-  if (!voronoi_is_built(maze)) voronoi_build(maze, 1);
+                              voronoi_terrain, voronoi_delaunay, voronoi_delaunay};
+  if (!voronoi_is_attached(maze)) voronoi_build(maze, 1);
   if (voronoi_mode > 1) fixed_light_on();
   compile_shape(maze, voronoi_mode == 0 ? GL_LINES : GL_TRIANGLES, shapes[voronoi_mode]);
   if (voronoi_mode == 5) compile_shape(maze, GL_QUADS, voronoi_walls);

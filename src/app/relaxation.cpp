@@ -4,7 +4,6 @@
 
 #include "generate/relax.h"
 #include "maze/attachment.h"
-#include "maze/attachment_names.h"
 
 namespace {
 
@@ -16,6 +15,7 @@ constexpr double experiment_step = 0.1; // per frame, whatever its time
 
 bool relax_frame(Relaxation *relaxation, Maze *maze, double dt, bool simplify, bool experiment) {
   double &rate = relaxation->simplify_rate;
+  if (simplify || experiment) Attachment_before_move(maze);
   if (simplify) {
     Maze_smooth(maze, std::min(std::min(dt, max_step_time) * rate, 1.0));
     rate = std::min((1.0 + dt) * rate, max_simplify_rate);
@@ -27,7 +27,6 @@ bool relax_frame(Relaxation *relaxation, Maze *maze, double dt, bool simplify, b
     Maze_repel(maze, experiment_step);
   }
   if (!simplify && !experiment) return false;
-  for (const char *name : attachments_stale_after_move)
-    Attachment_drop_tree(maze, name);
+  Attachment_after_move(maze);
   return true;
 }

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int32_t gantry_type = 1, line_type = 0; // of PlotName
 
-using Shape = void (*)(ShapeList *out, Maze *maze, int32_t node, const World *world);
+using Shape = void (*)(ShapeList *out, Maze *maze, int32_t node, uint32_t colour);
 
 // The outermost shapes of each mode of the landscape. The last mode draws walls along the outlines,
 // on ground that is extrapolated to them: it can be anywhere, and isn't framed.
@@ -22,7 +22,7 @@ constexpr Shape outer_shapes[] = {voronoi_outline, voronoi_box,      voronoi_box
 void add_cell(int32_t mode, Maze *maze, int32_t node, std::vector<ExtentBall> *out) {
   static ShapeList vertices; // keeps its memory
   vertices.clear();
-  outer_shapes[mode](&vertices, maze, node, nullptr);
+  outer_shapes[mode](&vertices, maze, node, 0);
   for (const ShapeVertex &vertex : vertices)
     out->push_back({vertex.place, 0});
 }
@@ -41,7 +41,7 @@ void add_plates(Maze *maze, int32_t node, std::vector<ExtentBall> *out) {
 } // namespace
 
 void drawn_extent_begin(const PlotName &plot, Maze *root) {
-  if (plot.landscape >= 0) voronoi_build_missing(root, 1);
+  if (plot.landscape >= 0) voronoi_attach_missing(root, 1);
 }
 
 void drawn_extent(const PlotName &plot, Maze *maze, int32_t node, std::vector<ExtentBall> *out) {

@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "maze/attachment_names.h"
+#include "maze/pos.h"
 #include "maze/walk.h"
 #include "support/strings.h"
 
@@ -28,8 +30,8 @@ intptr_t Attachment_find(const Maze *maze, const char *name) {
 }
 
 void Attachment_add(Maze *maze, const char *name, intptr_t data, AttachmentDestructor destructor,
-                    AttachmentTouch touch) {
-  Attachment row = {nullptr, data, destructor, touch};
+                    AttachmentTouch touch, AttachmentSettle settle) {
+  Attachment row = {nullptr, data, destructor, touch, settle};
   str_dup_into(&row.name, name);
   GrowList_append(&maze->attachments, &row);
 }
@@ -51,6 +53,24 @@ void Attachment_drop(Maze *maze, const char *name) {
 void Attachment_drop_tree(Maze *maze, const char *name) {
   for (Maze *at = maze; at != nullptr; at = Maze_next(maze, at))
     Attachment_drop(at, name);
+}
+
+void Attachment_before_move(Maze *maze) {
+  if (maze->parent == nullptr) return;
+  const int32_t doors = static_cast<int32_t>(maze_nodes(maze->parent)[maze->parentnode].degree);
+  for (int32_t door = 0; door < doors; door++) {
+    const Pos outside = Pos_submaze_exit(maze, door);
+    for (uint32_t i = 0; outside.maze != nullptr && i < outside.maze->attachments.count; i++) {
+      const Attachment row = rows<Attachment>(outside.maze->attachments)[i];
+      if (row.settle != nullptr) row.settle(row.data, outside.node);
+    }
+  }
+}
+
+void Attachment_after_move(Maze *maze) {
+  for (Maze *at = maze; at != nullptr; at = Maze_next(maze, at))
+    for (const char *name : attachments_stale_after_move)
+      Attachment_drop(at, name);
 }
 
 void Attachment_free_all(Maze *maze) {

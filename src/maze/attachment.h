@@ -13,11 +13,15 @@ using AttachmentDestructor = void (*)(intptr_t data, Maze *maze);
 // Notes that times of a node or of its edges have changed.
 using AttachmentTouch = void (*)(intptr_t data, int32_t node);
 
+// Computes what was deferred for a node, since a node that it is joined to will move.
+using AttachmentSettle = void (*)(intptr_t data, int32_t node);
+
 struct Attachment {
   char *name;                      // owned
   intptr_t data;                   // a pointer or a number
   AttachmentDestructor destructor; // frees the data and changes no other attachment; may be null
   AttachmentTouch touch;           // may be null
+  AttachmentSettle settle;         // may be null
 };
 
 // The data of the last attachment with that name; 0 if there is none.
@@ -25,7 +29,7 @@ intptr_t Attachment_find(const Maze *maze, const char *name);
 
 // Appends an attachment with a copy of `name`. Older ones with that name stay.
 void Attachment_add(Maze *maze, const char *name, intptr_t data, AttachmentDestructor destructor,
-                    AttachmentTouch touch = nullptr);
+                    AttachmentTouch touch = nullptr, AttachmentSettle settle = nullptr);
 
 // Calls `touch` of the last attachment with that name, if there is one.
 void Attachment_touch(const Maze *maze, const char *name, int32_t node);
@@ -35,6 +39,13 @@ void Attachment_drop(Maze *maze, const char *name);
 
 // The same for this maze and all mazes below it.
 void Attachment_drop_tree(Maze *maze, const char *name);
+
+// Call before the nodes of a maze move, with all mazes below it: settles the attachments of the
+// nodes outside that are joined to them.
+void Attachment_before_move(Maze *maze);
+
+// Call afterwards: drops what the move made stale, from this maze and all mazes below it.
+void Attachment_after_move(Maze *maze);
 
 // Frees the list of attachments of a maze that is destroyed; the last one goes first.
 void Attachment_free_all(Maze *maze);

@@ -1,7 +1,9 @@
 #include "render/edge_angles.h"
 
 #include <cmath>
+#include <memory>
 #include <numbers>
+#include <vector>
 
 #include "maze/attachment.h"
 #include "maze/attachment_names.h"
@@ -12,8 +14,16 @@ namespace {
 // Two roads at a smaller angle, in radians, have no common corner, since it would be too far away.
 constexpr double min_corner_angle = 0.01;
 
-void recs_destroy(intptr_t data, Maze *) {
-  delete[] reinterpret_cast<EdgeAngleRec *>(data);
+// The rows of all nodes. A row is written when it is first needed.
+struct Rows {
+  Maze *maze;
+  std::unique_ptr<EdgeAngleRec[]> recs;
+  std::vector<bool> built; // by node
+  bool complete;           // the rows of all plain nodes are built
+};
+
+void destroy(intptr_t data, Maze *) {
+  delete reinterpret_cast<Rows *>(data);
 }
 
 // `from` is a plain node, so an edge slot of the same maze that leads to it has the index of the
@@ -100,6 +110,44 @@ void build_node(Pos here, EdgeAngleRec *recs) {
   }
 }
 
+// Makes room for all rows without writing to it, since most may stay unused.
+void allocate(Rows *rows) {
+  if (rows->recs == nullptr) rows->recs.reset(new EdgeAngleRec[rows->built.size() * pos_max_edges]);
+}
+
+const EdgeAngleRec *node_rows(Rows *rows, int32_t node) {
+  allocate(rows);
+  EdgeAngleRec *recs = rows->recs.get() + static_cast<size_t>(node) * pos_max_edges;
+  if (rows->built[static_cast<size_t>(node)]) return recs;
+  build_node({rows->maze, node}, recs);
+  rows->built[static_cast<size_t>(node)] = true;
+  return recs;
+}
+
+const EdgeAngleRec *all_rows(Rows *rows) {
+  for (int32_t i = maze_count(rows->maze); i-- > 0 && !rows->complete;)
+    if (maze_nodes(rows->maze)[i].submaze == nullptr) node_rows(rows, i);
+  rows->complete = true;
+  allocate(rows);
+  return rows->recs.get();
+}
+
+void settle(intptr_t data, int32_t node) {
+  node_rows(reinterpret_cast<Rows *>(data), node);
+}
+
+Rows *attach(Maze *maze) {
+  auto *rows = new Rows{maze, {}, std::vector<bool>(maze->nodes.count), false};
+  Attachment_add(maze, attachment_edge_angles, reinterpret_cast<intptr_t>(rows), destroy, nullptr,
+                 settle);
+  return rows;
+}
+
+Rows *find_or_attach(Maze *maze) {
+  const intptr_t found = Attachment_find(maze, attachment_edge_angles);
+  return found != 0 ? reinterpret_cast<Rows *>(found) : attach(maze);
+}
+
 } // namespace
 
 Vec3 horizontal_direction(Vec3 d) {
@@ -109,17 +157,17 @@ Vec3 horizontal_direction(Vec3 d) {
 }
 
 const EdgeAngleRec *edgeanglerecs(Maze *maze) {
-  const intptr_t found = Attachment_find(maze, attachment_edge_angles);
-  if (found == 0) return edgeanglerecs_build(maze);
-  return reinterpret_cast<const EdgeAngleRec *>(found);
+  return all_rows(find_or_attach(maze));
 }
 
 const EdgeAngleRec *edgeanglerecs_build(Maze *maze) {
-  auto *recs = new EdgeAngleRec[static_cast<size_t>(maze_count(maze)) * pos_max_edges];
-  for (int32_t i = maze_count(maze) - 1; i >= 0; i--) {
-    if (maze_nodes(maze)[i].submaze != nullptr) continue;
-    build_node({maze, i}, recs + static_cast<size_t>(i) * pos_max_edges);
-  }
-  Attachment_add(maze, attachment_edge_angles, reinterpret_cast<intptr_t>(recs), recs_destroy);
-  return recs;
+  return all_rows(attach(maze));
+}
+
+void edge_angles_defer(Maze *maze) {
+  find_or_attach(maze);
+}
+
+const EdgeAngleRec *edge_angles_at(Pos pos) {
+  return node_rows(find_or_attach(pos.maze), pos.node);
 }

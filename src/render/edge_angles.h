@@ -19,12 +19,22 @@ struct EdgeAngleRec {
   Vec3 corner1, corner2; // the left and the right corner, as offsets from the node; z is 0
 };
 
+// No corner is farther than this from its node, in half-widths.
+inline constexpr double edge_angles_max_reach = 201;
+
 // The rows of a maze, built if they are missing: pos_max_edges for each node. Only those of plain
 // nodes are set, as many as Pos_alledges lists. Owned by the maze.
 const EdgeAngleRec *edgeanglerecs(Maze *maze);
 
 // Computes the rows and attaches them, without looking for older ones.
 const EdgeAngleRec *edgeanglerecs_build(Maze *maze);
+
+// Attaches rows that are computed later, if there are none. They are those of now: what moves a
+// node settles the nodes that it is joined to in other mazes (Attachment_before_move).
+void edge_angles_defer(Maze *maze);
+
+// The rows of one plain node.
+const EdgeAngleRec *edge_angles_at(Pos pos);
 
 // The direction of d in the x-y plane, of length 1; zero if d is vertical.
 Vec3 horizontal_direction(Vec3 d);

@@ -1,5 +1,6 @@
 #include "render/gantry_plot.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "gfx/gl.h"
@@ -88,10 +89,6 @@ Road road(Vec3 p, Vec3 q, const EdgeAngleRec &here, const EdgeAngleRec &there, d
            corner(size - there.trim2, halfwidth, q + there.corner2, box)}};
 }
 
-const EdgeAngleRec *node_recs(const EdgeAngleRec *recs, int32_t node) {
-  return recs + static_cast<size_t>(node) * pos_max_edges;
-}
-
 // The texture of a hub is horizontal, at the scale of the roads.
 Wedge wedge(Vec3 p, const EdgeAngleRec &rec, uint32_t colour, Box *box) {
   const Vec3 right = rec.corner2, left = rec.corner1;
@@ -101,30 +98,62 @@ Wedge wedge(Vec3 p, const EdgeAngleRec &rec, uint32_t colour, Box *box) {
           {corner(right.x, right.y, p + right, box), corner(left.x, left.y, p + left, box)}};
 }
 
-// `recs` are the rows of the whole maze.
-void collect_node(Pos here, const EdgeAngleRec *recs, GrowList *streams, Box *box) {
+// The colours of a node and of its entries in Pos_alledges.
+struct NodeColours {
+  uint32_t count, colour[1 + pos_max_edges];
+};
+
+NodeColours node_colours(Pos here, const MazeNode &node) {
+  NodeColours colours = {1, {node.self.colour}};
+  for (uint32_t r = 0; r < node.degree; r++)
+    colours.colour[colours.count++] = node.edge[r].colour;
+  if (Pos_submaze_exit(here.maze, here.node).maze == nullptr) return colours;
+  const MazeNode &holder = maze_nodes(here.maze->parent)[here.maze->parentnode];
+  colours.colour[colours.count++] = holder.edge[here.node].colour;
+  return colours;
+}
+
+void collect_node(Pos here, const uint32_t *colours, GrowList *streams, Box *box) {
   const Vec3 p = Pos_position(here);
-  const uint32_t own = edge_colour(maze_nodes(here.maze)[here.node].self.colour, here, Pos_null);
+  const EdgeAngleRec *recs = edge_angles_at(here);
+  const uint32_t own = edge_colour(colours[0], here, Pos_null);
   Pos ends[pos_max_edges];
-  MazeEdge edges[pos_max_edges];
-  for (int32_t e = Pos_alledges(here.maze, here.node, ends, edges) - 1; e >= 0; e--) {
-    const EdgeAngleRec &rec = node_recs(recs, here.node)[e];
-    const Wedge plate = wedge(p, rec, own, box);
-    GrowList_append(&streams[1], &plate);
+  for (int32_t e = Pos_alledges(here.maze, here.node, ends, nullptr) - 1; e >= 0; e--) {
+    const EdgeAngleRec &rec = recs[e];
+    append_row(&streams[1], wedge(p, rec, own, box));
     if (!Pos_before(here, ends[e]) || rec.backindex < 0) continue; // no corners without a way back
-    const EdgeAngleRec *there = ends[e].maze == here.maze ? recs : edgeanglerecs(ends[e].maze);
-    const Road way =
-        road(p, Pos_position(ends[e]), rec, node_recs(there, ends[e].node)[rec.backindex],
-             here.maze->halfwidth, edge_colour(edges[e].colour, here, ends[e]), box);
-    GrowList_append(&streams[0], &way);
+    append_row(&streams[0],
+               road(p, Pos_position(ends[e]), rec, edge_angles_at(ends[e])[rec.backindex],
+                    here.maze->halfwidth, edge_colour(colours[1 + e], here, ends[e]), box));
   }
 }
 
 void collect(const CollectInput &input, GrowList *streams, Box *box) {
-  const EdgeAngleRec *recs = edgeanglerecs(input.maze);
-  for (int32_t i = input.nodes.end - 1; i >= input.nodes.first; i--)
-    if (maze_nodes(input.maze)[i].submaze == nullptr)
-      collect_node({input.maze, i}, recs, streams, box);
+  const uint32_t *deferred = input.colours;
+  each_plain_node(input, [&](Pos here, const MazeNode &node) {
+    const NodeColours now = node_colours(here, node);
+    collect_node(here, deferred != nullptr ? deferred : now.colour, streams, box);
+    if (deferred != nullptr) deferred += now.count;
+  });
+}
+
+// Only colours can change before the angles are needed; see edge_angles_defer.
+void defer(const CollectInput &input, GrowList *colours, Box *box) {
+  double halfwidth = input.maze->halfwidth;
+  edge_angles_defer(input.maze);
+  each_plain_node(input, [&](Pos here, const MazeNode &node) {
+    const NodeColours kept = node_colours(here, node);
+    GrowList_append_many(colours, kept.colour, kept.count);
+    box_add(box, node_position(node));
+    PosEdge edges[pos_max_edges];
+    const int32_t count = Pos_first_end_edges(here.maze, here.node, true, edges);
+    for (int32_t e = 0; e < count; e++) {
+      box_add(box, Pos_position(edges[e].end));
+      halfwidth = std::max(halfwidth, edges[e].end.maze->halfwidth);
+    }
+  });
+  const double reach = edge_angles_max_reach * halfwidth;
+  box_widen(box, {reach, reach, 0});
 }
 
 void plate_vertex(const Corner &corner, float angle) {
@@ -157,6 +186,8 @@ void draw_wedges(const GrowList &wedges, uint32_t first, uint32_t end, double) {
 constexpr PlotBatch gantry_batch = {
     .name = attachment_gantry,
     .collect = collect,
+    .defer = defer,
+    .colours_per_node = 4,
     .streams = {{sizeof(Road), GL_QUADS, draw_roads}, {sizeof(Wedge), GL_TRIANGLES, draw_wedges}},
     .passes = 2,
     .chunk_nodes = chunk_nodes};

@@ -77,10 +77,24 @@ void cut_out(CutCell *cell, VoronoiCandidates *candidates, const PointGrid *grid
   }
 }
 
-// The cells of a maze, from the last node's to the first one's.
+// A cell's corners in a list of all.
+struct CornerRange {
+  uint32_t begin, count;
+};
+
+constexpr CornerRange not_cut = {UINT32_MAX, 0};
+
+// The cells of a maze, each cut when it is first needed.
 struct Cells {
+  Maze *maze;
+  TreeBounds bounds; // as they were when this was attached
+  int32_t across_levels;
+  bool flat; // all nodes have the same height
+  PointGrid grid;
   std::vector<VoronoiCorner> corners;
-  std::vector<uint32_t> begin; // of each node's cell in `corners`
+  std::vector<CornerRange> ranges; // by node; none before the first is cut
+  CutCell cell;                    // buffers
+  VoronoiCandidates candidates;
 };
 
 void cells_destroy(intptr_t data, Maze *) {
@@ -97,32 +111,44 @@ PointGrid grid_of_nodes(const Maze *maze, const TreeBounds &bounds) {
   return grid;
 }
 
-void append_cell(Cells *cells, const CutCell &cell, const Centre &centre) {
-  cells->begin[static_cast<size_t>(centre.node)] = static_cast<uint32_t>(cells->corners.size());
-  for (size_t k = 0; k < cell.count; k++) {
-    cells->corners.push_back(cell.corners[k]);
+bool has_one_height(const Maze *maze) {
+  const MazeNode *nodes = maze_nodes(maze);
+  for (int32_t i = 1; i < maze_count(maze); i++)
+    if (!(nodes[i].z == nodes[0].z)) return false;
+  return true;
+}
+
+Cells *attach(Maze *maze, const TreeBounds &bounds, int32_t across_levels) {
+  auto *cells = new Cells{maze, bounds, across_levels, has_one_height(maze), {}, {}, {}, {}, {}};
+  Attachment_add(maze, attachment_cells, reinterpret_cast<intptr_t>(cells), cells_destroy);
+  return cells;
+}
+
+void append_cell(Cells *cells, const Centre &centre) {
+  CornerRange &range = cells->ranges[static_cast<size_t>(centre.node)];
+  range = {static_cast<uint32_t>(cells->corners.size()), static_cast<uint32_t>(cells->cell.count)};
+  for (size_t k = 0; k < cells->cell.count; k++) {
+    cells->corners.push_back(cells->cell.corners[k]);
     VoronoiCorner &corner = cells->corners.back();
     corner.joined = corner.site < 0 ? -1 : is_neighbour(centre, corner.site);
   }
 }
 
-void build(Maze *maze, const TreeBounds &bounds, int32_t across_levels) {
-  auto *cells = new Cells;
-  const PointGrid grid = grid_of_nodes(maze, bounds);
-  cells->corners.reserve(maze->nodes.count * usual_corners);
-  cells->begin.resize(maze->nodes.count);
-  CutCell cell;
-  VoronoiCandidates candidates;
-  for (int32_t i = maze_count(maze); i-- > 0;) {
-    const Centre centre = centre_of(maze, i, across_levels);
-    cut_out(&cell, &candidates, &grid, centre);
-    append_cell(cells, cell, centre);
+CornerRange find_or_cut(Cells *cells, int32_t node) {
+  if (cells->ranges.empty()) {
+    cells->ranges.assign(cells->maze->nodes.count, not_cut);
+    cells->grid = grid_of_nodes(cells->maze, cells->bounds);
   }
-  Attachment_add(maze, attachment_cells, reinterpret_cast<intptr_t>(cells), cells_destroy);
+  CornerRange &range = cells->ranges[static_cast<size_t>(node)];
+  if (range.begin != not_cut.begin) return range;
+  const Centre centre = centre_of(cells->maze, node, cells->across_levels);
+  cut_out(&cells->cell, &cells->candidates, &cells->grid, centre);
+  append_cell(cells, centre);
+  return range;
 }
 
-const Cells *find_cells(const Maze *maze) {
-  return reinterpret_cast<const Cells *>(Attachment_find(maze, attachment_cells));
+Cells *find_cells(const Maze *maze) {
+  return reinterpret_cast<Cells *>(Attachment_find(maze, attachment_cells));
 }
 
 } // namespace
@@ -131,24 +157,30 @@ void voronoi_build(Maze *maze, int32_t across_levels) {
   Attachment_drop(maze, attachment_cells);
   TreeBounds bounds;
   Maze_bounds(maze, &bounds.min, &bounds.max);
-  build(maze, bounds, across_levels);
+  Cells *cells = attach(maze, bounds, across_levels);
+  cells->corners.reserve(maze->nodes.count * usual_corners);
+  for (int32_t i = maze_count(maze); i-- > 0;)
+    find_or_cut(cells, i);
+  cells->grid = {};
 }
 
-void voronoi_build_missing(Maze *root, int32_t across_levels) {
+void voronoi_attach_missing(Maze *root, int32_t across_levels) {
   const std::vector<TreeBounds> bounds = Maze_tree_bounds(root);
   size_t k = 0;
   for (Maze *maze = root; maze != nullptr; maze = Maze_next(root, maze), k++)
-    if (!voronoi_is_built(maze)) build(maze, bounds[k], across_levels);
+    if (!voronoi_is_attached(maze)) attach(maze, bounds[k], across_levels);
 }
 
-bool voronoi_is_built(const Maze *maze) {
+bool voronoi_is_attached(const Maze *maze) {
   return find_cells(maze) != nullptr;
 }
 
+bool voronoi_is_flat(const Maze *maze) {
+  return find_cells(maze)->flat;
+}
+
 VoronoiCell voronoi_cell(const Maze *maze, int32_t node) {
-  const Cells *cells = find_cells(maze);
-  const uint32_t begin = cells->begin[static_cast<size_t>(node)];
-  const auto end = node > 0 ? cells->begin[static_cast<size_t>(node) - 1]
-                            : static_cast<uint32_t>(cells->corners.size());
-  return {cells->corners.data() + begin, static_cast<int32_t>(end - begin)};
+  Cells *cells = find_cells(maze);
+  const CornerRange range = find_or_cut(cells, node);
+  return {cells->corners.data() + range.begin, static_cast<int32_t>(range.count)};
 }

@@ -1,6 +1,8 @@
 #include "render/voronoi_plot.h"
 
+#include <algorithm>
 #include <cassert>
+#include <cmath>
 #include <iterator>
 
 #include "gfx/gl.h"
@@ -8,6 +10,7 @@
 #include "maze/attachment_names.h"
 #include "render/disc.h"
 #include "render/gl/draw_cache.h"
+#include "render/gl/edge_colour.h"
 #include "render/gl/immediate.h"
 #include "render/plot_switches.h"
 #include "render/voronoi_geometry.h"
@@ -17,12 +20,13 @@
 namespace {
 
 constexpr int32_t chunk_nodes = 256;
+constexpr double max_wall = 1.0; // above its height and half its thickness
 constexpr double marker_radius = 0.12;
 constexpr double marker_lift = 0.3; // towards the eye
 
 // A mode draws its layers one after another, each for all cells of a maze.
 struct Layer {
-  void (*shape)(ShapeList *out, Maze *maze, int32_t node, const World *world);
+  void (*shape)(ShapeList *out, Maze *maze, int32_t node, uint32_t colour);
   uint32_t corners; // of a face
 };
 
@@ -30,7 +34,7 @@ constexpr int32_t max_layers = 2;
 
 constexpr Layer layers[][max_layers] = {
     {{voronoi_outline, 2}}, {{voronoi_box, 3}},      {{voronoi_box, 3}},
-    {{voronoi_terrain, 3}}, {{voronoi_delaunay, 3}}, {{voronoi_ground, 3}, {voronoi_walls, 4}}};
+    {{voronoi_terrain, 3}}, {{voronoi_delaunay, 3}}, {{voronoi_delaunay, 3}, {voronoi_walls, 4}}};
 
 struct Face {
   Vec3f normal;
@@ -49,22 +53,57 @@ void collect_face(const ShapeVertex *vertices, uint32_t corners, GrowList *faces
   GrowList_append(faces, &face);
 }
 
-void collect_layer(const CollectInput &input, const Layer &layer, GrowList *faces, Box *box) {
+constexpr int walls_mode = 5; // shows no ages
+
+uint32_t node_colour(int mode, Pos here, const MazeNode &node, const World *world) {
+  if (mode == walls_mode) return edge_colour(node.self.colour, here, Pos_null);
+  return visit_colour(node.self, here, Pos_null, world);
+}
+
+void collect_layer(const CollectInput &input, int mode, const Layer &layer, GrowList *faces,
+                   Box *box) {
   ShapeList vertices;
-  for (int32_t i = input.nodes.end - 1; i >= input.nodes.first; i--) {
-    if (maze_nodes(input.maze)[i].submaze != nullptr) continue;
+  const uint32_t *deferred = input.colours;
+  each_plain_node(input, [&](Pos here, const MazeNode &node) {
     vertices.clear();
-    layer.shape(&vertices, input.maze, i, input.world);
+    layer.shape(&vertices, here.maze, here.node,
+                deferred != nullptr ? *deferred++ : node_colour(mode, here, node, input.world));
     for (size_t v = 0; v < vertices.size(); v += layer.corners)
       collect_face(&vertices[v], layer.corners, faces, box);
-  }
+  });
 }
 
 template <int mode> void collect(const CollectInput &input, GrowList *streams, Box *box) {
-  if (!voronoi_is_built(input.maze)) // whatever drops the cells also drops this cache
-    voronoi_build_missing(input.maze, 1);
   for (int32_t k = 0; k < max_layers && layers[mode][k].shape != nullptr; k++)
-    collect_layer(input, layers[mode][k], &streams[k], box);
+    collect_layer(input, mode, layers[mode][k], &streams[k], box);
+}
+
+double longest_edge_squared(const Maze *maze, const MazeNode &node) {
+  double longest = 0;
+  for (uint32_t r = 0; r < node.degree; r++) {
+    const Vec3 end = node_position(maze_nodes(maze)[node.nbr[r]]);
+    longest = std::max(longest, length_squared(end - node_position(node)));
+  }
+  return longest;
+}
+
+// The feet of walls are on planes through three nodes, which can be of any slope, so their heights
+// are known only with the cells. All else is near the node.
+template <int mode> void defer(const CollectInput &input, GrowList *colours, Box *box) {
+  if (!voronoi_is_attached(input.maze)) // whatever drops the cells also drops this cache
+    voronoi_attach_missing(input.maze, 1);
+  const bool has_slopes = mode == walls_mode && !voronoi_is_flat(input.maze);
+  double longest = 0;
+  Box walls = box_empty;
+  each_plain_node(input, [&](Pos here, const MazeNode &node) {
+    append_row(colours, node_colour(mode, here, node, input.world));
+    box_add(box, node_position(node));
+    longest = std::max(longest, longest_edge_squared(here.maze, node));
+    if (has_slopes) voronoi_add_walls(&walls, here.maze, here.node);
+  });
+  const double reach = voronoi_reach * std::sqrt(longest) + max_wall;
+  box_widen(box, {reach, reach, reach});
+  box_unite(box, walls);
 }
 
 template <int corners>
@@ -96,6 +135,8 @@ constexpr PlotBatch mode_batch(PrimitiveStream first, PrimitiveStream second, bo
                                bool shows_ages) {
   return {.name = attachment_cell_list,
           .collect = collect<mode>,
+          .defer = defer<mode>,
+          .colours_per_node = 1,
           .streams = {first, second},
           .passes = second.size == 0 ? 1 : 2,
           .chunk_nodes = chunk_nodes,
@@ -105,10 +146,12 @@ constexpr PlotBatch mode_batch(PrimitiveStream first, PrimitiveStream second, bo
           .marker = draw_marker};
 }
 
-constexpr PlotBatch batches[] = {
-    mode_batch<0>(lines, {}, false, true),    mode_batch<1>(triangles, {}, false, true),
-    mode_batch<2>(triangles, {}, true, true), mode_batch<3>(triangles, {}, true, true),
-    mode_batch<4>(triangles, {}, true, true), mode_batch<5>(triangles, quads, true, false)};
+constexpr PlotBatch batches[] = {mode_batch<0>(lines, {}, false, true),
+                                 mode_batch<1>(triangles, {}, false, true),
+                                 mode_batch<2>(triangles, {}, true, true),
+                                 mode_batch<3>(triangles, {}, true, true),
+                                 mode_batch<4>(triangles, {}, true, true),
+                                 mode_batch<walls_mode>(triangles, quads, true, false)};
 
 static_assert(std::size(batches) == std::size(layers));
 

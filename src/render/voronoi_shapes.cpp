@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "maze/pos.h"
-#include "render/gl/edge_colour.h"
 #include "render/voronoi_geometry.h"
 #include "support/colour.h"
 
@@ -42,14 +40,6 @@ Vec3 at_height(const VoronoiCorner &c, double z) {
 // The position of a site, or of the cell's own node on the border of the square.
 Vec3 site_place(const Cell &cell, int32_t site) {
   return site < 0 ? cell.place : node_position(maze_nodes(cell.maze)[site]);
-}
-
-uint32_t aged_colour(Maze *maze, int32_t node, const World *world) {
-  return visit_colour(maze_nodes(maze)[node].self, {maze, node}, Pos_null, world);
-}
-
-uint32_t plain_colour(Maze *maze, int32_t node) {
-  return edge_colour(maze_nodes(maze)[node].self.colour, {maze, node}, Pos_null);
 }
 
 uint32_t shaded(uint32_t colour, int32_t by) {
@@ -93,15 +83,6 @@ double corner_height(const Cell &cell, int32_t k) {
   return (cell.place.z + before + after) / 3;
 }
 
-void delaunay(ShapeList *out, const Cell &cell, uint32_t colour) {
-  for (int32_t k = cell.count; k-- > 0;) {
-    const int32_t a = corner(cell, k).site;
-    const int32_t b = corner(cell, k + 1).site;
-    if (a <= cell.node || b <= cell.node) continue;
-    facet(out, colour, cell.place, site_place(cell, a), site_place(cell, b));
-  }
-}
-
 // The ground below an end of the wall towards `site`. `third` is the node of the third cell that
 // meets there.
 Vec3 wall_foot(const Cell &cell, const VoronoiCorner &end, int32_t site, int32_t third) {
@@ -125,11 +106,22 @@ void wall(ShapeList *out, uint32_t colour, Vec3 a, Vec3 b, Vec3 v) {
   quad(out, colour, -1.0 * dir, a_front, a_front + rise, a_back + rise, a_back);
 }
 
+// Calls visit(a, b, site) for the ends of each wall that a node draws, and the node behind it.
+template <typename Visit> void each_wall(const Cell &cell, const Visit &visit) {
+  for (int32_t k = cell.count; k-- > 0;) {
+    const VoronoiCorner &from = corner(cell, k);
+    const VoronoiCorner &to = corner(cell, k + 1);
+    if (from.joined != 0 || from.site <= cell.node) continue;
+    if (length({to.x - from.x, to.y - from.y, 0}) < min_wall_length) continue;
+    visit(wall_foot(cell, from, from.site, corner(cell, k - 1).site),
+          wall_foot(cell, to, from.site, to.site), from.site);
+  }
+}
+
 } // namespace
 
-void voronoi_outline(ShapeList *out, Maze *maze, int32_t node, const World *world) {
+void voronoi_outline(ShapeList *out, Maze *maze, int32_t node, uint32_t base) {
   const Cell cell = cell_of(maze, node);
-  const uint32_t base = aged_colour(maze, node, world);
   for (int32_t k = cell.count; k-- > 0;) {
     const uint32_t colour = corner(cell, k).joined == 0 ? base : shaded(base, -shade);
     out->push_back({at_height(corner(cell, k), cell.place.z), {}, colour});
@@ -137,9 +129,8 @@ void voronoi_outline(ShapeList *out, Maze *maze, int32_t node, const World *worl
   }
 }
 
-void voronoi_box(ShapeList *out, Maze *maze, int32_t node, const World *world) {
+void voronoi_box(ShapeList *out, Maze *maze, int32_t node, uint32_t base) {
   const Cell cell = cell_of(maze, node);
-  const uint32_t base = aged_colour(maze, node, world);
   const double z = cell.place.z;
   const double depth = max_site_distance(cell);
   const auto at = [&](int32_t k) { return at_height(corner(cell, k), z); };
@@ -154,35 +145,40 @@ void voronoi_box(ShapeList *out, Maze *maze, int32_t node, const World *world) {
     vertical_face(out, shaded(base, -shade), at(k), at(k + 1), z - depth);
 }
 
-void voronoi_terrain(ShapeList *out, Maze *maze, int32_t node, const World *world) {
+void voronoi_terrain(ShapeList *out, Maze *maze, int32_t node, uint32_t base) {
   const Cell cell = cell_of(maze, node);
-  const uint32_t base = aged_colour(maze, node, world);
   for (int32_t k = cell.count; k-- > 0;) {
     facet(out, base, cell.place, at_height(corner(cell, k), corner_height(cell, k)),
           at_height(corner(cell, k + 1), corner_height(cell, k + 1)));
   }
 }
 
-void voronoi_delaunay(ShapeList *out, Maze *maze, int32_t node, const World *world) {
-  delaunay(out, cell_of(maze, node), aged_colour(maze, node, world));
-}
-
-void voronoi_ground(ShapeList *out, Maze *maze, int32_t node, const World *) {
-  delaunay(out, cell_of(maze, node), plain_colour(maze, node));
-}
-
-void voronoi_walls(ShapeList *out, Maze *maze, int32_t node, const World *) {
+void voronoi_delaunay(ShapeList *out, Maze *maze, int32_t node, uint32_t base) {
   const Cell cell = cell_of(maze, node);
-  const uint32_t colour = shaded(plain_colour(maze, node), shade);
   for (int32_t k = cell.count; k-- > 0;) {
-    const VoronoiCorner &from = corner(cell, k);
-    const VoronoiCorner &to = corner(cell, k + 1);
-    if (from.joined != 0 || from.site <= node) continue;
-    if (length({to.x - from.x, to.y - from.y, 0}) < min_wall_length) continue;
-    const Vec3 a = wall_foot(cell, from, from.site, corner(cell, k - 1).site);
-    const Vec3 b = wall_foot(cell, to, from.site, to.site);
-    wall(out, colour, a, b, unit(site_place(cell, from.site) - cell.place));
+    const int32_t a = corner(cell, k).site;
+    const int32_t b = corner(cell, k + 1).site;
+    if (a <= node || b <= node) continue;
+    facet(out, base, cell.place, site_place(cell, a), site_place(cell, b));
   }
+}
+
+void voronoi_walls(ShapeList *out, Maze *maze, int32_t node, uint32_t base) {
+  const Cell cell = cell_of(maze, node);
+  each_wall(cell, [&](Vec3 a, Vec3 b, int32_t site) {
+    wall(out, shaded(base, shade), a, b, unit(site_place(cell, site) - cell.place));
+  });
+}
+
+void voronoi_add_walls(Box *box, Maze *maze, int32_t node) {
+  Box feet = box_empty;
+  each_wall(cell_of(maze, node), [&](Vec3 a, Vec3 b, int32_t) {
+    box_add(&feet, a);
+    box_add(&feet, b);
+  });
+  constexpr double reach = half_thickness + wall_height;
+  box_widen(&feet, {reach, reach, reach});
+  box_unite(box, feet);
 }
 
 double plane_height(Vec3 a, Vec3 b, Vec3 c, double x, double y) {

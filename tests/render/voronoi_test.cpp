@@ -126,7 +126,7 @@ TEST(Voronoi, RoundingErrorsOfANestedLatticeEmptyNoCell) {
     EXPECT_GT(voronoi_cell(nested, i).count, 0) << i;
   const double x = voronoi_cell(nested, 7).corners->x;
   Maze_scale(nested, 0.9, 0);
-  voronoi_build_missing(nested, 1);
+  voronoi_attach_missing(nested, 1);
   EXPECT_EQ(voronoi_cell(nested, 7).corners->x, x) << "cells are built once";
   Maze_destroy(root, 1);
 }
@@ -139,7 +139,7 @@ TEST(Landscape, ShortEdgesHaveNoWalls) {
     Maze_cut(maze, 2, 3);
     voronoi_build(maze, 1);
     ShapeList walls;
-    voronoi_walls(&walls, maze, 1, nullptr);
+    voronoi_walls(&walls, maze, 1, 0);
     EXPECT_EQ(walls.size(), y < 2.07 ? 0U : 20U) << y;
     Maze_destroy(maze, 1);
   }

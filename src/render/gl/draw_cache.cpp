@@ -35,6 +35,7 @@ void release(DrawCache *cache) {
     glDeleteLists(cache->first_list, list_count(cache));
   for (GrowList &stream : cache->streams)
     GrowList_free(&stream);
+  GrowList_free(&cache->colours);
   GrowList_free(&cache->chunks);
   GrowList_free(&cache->children);
   delete cache;
@@ -93,11 +94,37 @@ void destroy(intptr_t data, Maze *maze) {
   if (maze_count(maze) == 0) release_retired_of_destroyed();
 }
 
+Chunk &chunk_of(DrawCache *cache, int32_t node) {
+  const int32_t k = (maze_count(cache->maze) - 1 - node) / cache->batch->chunk_nodes;
+  return rows<Chunk>(cache->chunks)[k];
+}
+
 void touch(intptr_t data, int32_t node) {
   auto *cache = reinterpret_cast<DrawCache *>(data);
   if (!cache->batch->renews_touched) return;
-  const int32_t chunk = (maze_count(cache->maze) - 1 - node) / cache->batch->chunk_nodes;
-  rows<Chunk>(cache->chunks)[chunk].stale = true;
+  chunk_of(cache, node).stale = true;
+}
+
+// Collects the primitives of a chunk, from deferred colours if `colours` is not null.
+void collect(DrawCache *cache, Chunk *chunk, const uint32_t *colours, const World *world) {
+  chunk->bounds.box = box_empty;
+  for (int32_t k = 0; k < max_streams; k++)
+    chunk->primitive_begin[k] = cache->streams[k].count;
+  cache->batch->collect({cache->maze, chunk->nodes, cache->all_levels, world, colours},
+                        cache->streams, &chunk->bounds.box);
+  for (int32_t k = 0; k < max_streams; k++)
+    chunk->primitive_end[k] = cache->streams[k].count;
+  chunk->deferred = false;
+}
+
+void collect_deferred(DrawCache *cache, Chunk *chunk) {
+  if (!chunk->deferred) return;
+  collect(cache, chunk, rows<uint32_t>(cache->colours) + chunk->first_colour, nullptr);
+}
+
+void settle(intptr_t data, int32_t node) {
+  auto *cache = reinterpret_cast<DrawCache *>(data);
+  collect_deferred(cache, &chunk_of(cache, node));
 }
 
 DrawCache *find(const Maze *maze, const char *attachment) {
@@ -111,8 +138,11 @@ DrawCache *new_cache(Maze *maze, const PlotBatch &batch, bool all_levels) {
   cache->all_levels = all_levels;
   cache->halfwidth = maze->halfwidth;
   init_streams(cache->streams, batch);
-  for (int32_t k = 0; k < batch.passes; k++)
+  for (int32_t k = 0; k < batch.passes && batch.defer == nullptr; k++)
     GrowList_reserve(&cache->streams[k], maze->nodes.count);
+  GrowList_init(&cache->colours, sizeof(uint32_t));
+  if (batch.defer != nullptr)
+    GrowList_reserve(&cache->colours, maze->nodes.count * batch.colours_per_node);
   GrowList_init(&cache->chunks, sizeof(Chunk));
   GrowList_init(&cache->children, sizeof(Child));
   return cache;
@@ -134,19 +164,29 @@ void scan_nodes(DrawCache *cache, NodeRange range) {
   cache->own_nodes = box;
 }
 
+void defer(DrawCache *cache, Chunk *chunk, const World *world) {
+  chunk->first_colour = cache->colours.count;
+  cache->batch->defer({cache->maze, chunk->nodes, cache->all_levels, world}, &cache->colours,
+                      &chunk->bounds.box);
+  chunk->deferred = true;
+}
+
 // Scans a chunk's nodes right after they were collected, while they are in the processor's cache.
-void collect_chunks(DrawCache *cache, const World *world) {
-  CollectInput input = {cache->maze, {0, maze_count(cache->maze)}, cache->all_levels, world};
+void make_chunks(DrawCache *cache, bool may_defer, const World *world) {
   cache->own_nodes = box_empty;
-  if (input.nodes.end > 0)
+  NodeRange nodes = {0, maze_count(cache->maze)};
+  if (nodes.end > 0)
     cache->own_nodes.low = cache->own_nodes.high = node_position(maze_nodes(cache->maze)[0]);
-  for (NodeRange &nodes = input.nodes; nodes.end > 0; nodes.end = nodes.first) {
+  for (; nodes.end > 0; nodes.end = nodes.first) {
     nodes.first = std::max(nodes.end - cache->batch->chunk_nodes, 0);
-    Chunk chunk = {nodes, {}, false, false, 0, {box_empty, cache->halfwidth}};
-    cache->batch->collect(input, cache->streams, &chunk.bounds.box);
-    for (int32_t k = 0; k < max_streams; k++)
-      chunk.primitive_end[k] = cache->streams[k].count;
-    GrowList_append(&cache->chunks, &chunk);
+    Chunk chunk = {};
+    chunk.nodes = nodes;
+    chunk.bounds = {box_empty, cache->halfwidth};
+    if (may_defer && cache->batch->defer != nullptr)
+      defer(cache, &chunk, world);
+    else
+      collect(cache, &chunk, nullptr, world);
+    append_row(&cache->chunks, chunk);
     scan_nodes(cache, nodes);
   }
 }
@@ -185,6 +225,7 @@ void reuse_display_lists(DrawCache *cache, DrawCache *old) {
   for (uint32_t k = 0; k < cache->chunks.count; k++) {
     Chunk &chunk = rows<Chunk>(cache->chunks)[k];
     const Chunk &before = rows<Chunk>(old->chunks)[k];
+    if (before.compiled) collect_deferred(cache, &chunk);
     chunk.round = before.round;
     chunk.stale = before.compiled && before.stale && is_same_chunk(cache, old, k, false);
     chunk.compiled = chunk.stale || (before.compiled && is_same_chunk(cache, old, k, true));
@@ -196,12 +237,12 @@ void reuse_display_lists(DrawCache *cache, DrawCache *old) {
 DrawCache *find_or_build(Maze *maze, const PlotBatch &batch, bool all_levels, const World *world) {
   if (DrawCache *found = find(maze, batch.name)) return found;
   DrawCache *cache = new_cache(maze, batch, all_levels);
-  collect_chunks(cache, world);
+  make_chunks(cache, true, world);
   if (DrawCache *old = take_retired(maze, batch)) {
     reuse_display_lists(cache, old);
     release(old);
   }
-  Attachment_add(maze, batch.name, reinterpret_cast<intptr_t>(cache), destroy, touch);
+  Attachment_add(maze, batch.name, reinterpret_cast<intptr_t>(cache), destroy, touch, settle);
   return cache;
 }
 
@@ -291,9 +332,17 @@ bool is_visible(const CullState &cull, const Bounds &bounds) {
   return !frustum_culls(cull.view->frustum, bounds.box, margin, cull.batch->cull_planes);
 }
 
+// The bounds are exact only after the primitives were collected.
+bool collect_visible(const CullState &cull, DrawCache *cache, Chunk *chunk) {
+  if (!is_visible(cull, chunk->bounds)) return false;
+  if (!chunk->deferred) return true;
+  collect_deferred(cache, chunk);
+  return is_visible(cull, chunk->bounds);
+}
+
 void call_chunks(const CullState &cull, DrawCache *cache, int32_t pass) {
   for (uint32_t k = 0; k < cache->chunks.count; k++) {
-    if (!is_visible(cull, rows<Chunk>(cache->chunks)[k].bounds)) continue;
+    if (!collect_visible(cull, cache, &rows<Chunk>(cache->chunks)[k])) continue;
     renewal_visit(cache, k, cull.view->world);
     compile_chunk(cache, k);
     glCallList(list_name(cache, k, pass));
@@ -374,7 +423,7 @@ void draw_cache_draw(Maze *root, const PlotBatch &batch, int32_t pass, bool all_
 void draw_cache_draw_immediate(Maze *maze, const PlotBatch &batch, int32_t pass, bool all_levels,
                                const View *view) {
   DrawCache *cache = new_cache(maze, batch, all_levels);
-  collect_chunks(cache, view != nullptr ? view->world : nullptr);
+  make_chunks(cache, false, view != nullptr ? view->world : nullptr);
   for (uint32_t k = 0; k < cache->chunks.count; k++) {
     const Chunk &chunk = rows<Chunk>(cache->chunks)[k];
     if (view != nullptr && !is_visible({&batch, view, view->world->root->halfwidth}, chunk.bounds))
@@ -387,8 +436,10 @@ void draw_cache_draw_immediate(Maze *maze, const PlotBatch &batch, int32_t pass,
 
 void draw_cache_compile(Maze *maze, const PlotBatch &batch, bool all_levels, const World *world) {
   DrawCache *cache = find_or_build(maze, batch, all_levels, world);
-  for (uint32_t k = 0; k < cache->chunks.count; k++)
+  for (uint32_t k = 0; k < cache->chunks.count; k++) {
+    collect_deferred(cache, &rows<Chunk>(cache->chunks)[k]);
     compile_chunk(cache, k);
+  }
 }
 
 const Box *draw_cache_node_bounds(const Maze *maze, const char *attachment) {

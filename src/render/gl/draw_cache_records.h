@@ -14,11 +14,14 @@ struct Bounds {
 
 struct Chunk {
   NodeRange nodes;
-  uint32_t primitive_end[max_streams]; // primitives of this chunk and those before it
+  uint32_t primitive_begin[max_streams]; // its rows in the streams
+  uint32_t primitive_end[max_streams];
+  uint32_t first_colour; // of the deferred ones
+  bool deferred;         // not collected yet
   bool compiled;
   bool stale;     // touched since its primitives were collected or its list was compiled
   uint32_t round; // in which it was last renewed
-  Bounds bounds;
+  Bounds bounds;  // of its primitives; may be wider while they are deferred
 };
 
 // A maze held by a node.
@@ -35,6 +38,7 @@ struct DrawCache {
   double halfwidth;
   GLuint first_list; // display lists, those of a chunk side by side; 0 until one is compiled
   GrowList streams[max_streams];
+  GrowList colours;  // of uint32_t: those of deferred chunks when the cache was built
   GrowList chunks;   // of Chunk, last nodes first
   GrowList children; // of Child, last holder first
   DrawCache *parent; // the cache that has this one as a child; null if none has
@@ -49,7 +53,7 @@ struct DrawCache {
 
 // The row of a chunk's first primitive in a stream.
 inline uint32_t primitive_begin(const DrawCache *cache, uint32_t chunk, int32_t stream) {
-  return chunk == 0 ? 0 : rows<Chunk>(cache->chunks)[chunk - 1].primitive_end[stream];
+  return rows<Chunk>(cache->chunks)[chunk].primitive_begin[stream];
 }
 
 // Starts the streams that a batch uses.

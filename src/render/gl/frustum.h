@@ -34,6 +34,12 @@ inline void box_add_ball(Box *box, Vec3 centre, double radius) {
   box_add(box, centre + Vec3{reach, reach, reach});
 }
 
+// Moves the sides of a box outwards.
+inline void box_widen(Box *box, Vec3 by) {
+  box->low = box->low - by;
+  box->high = box->high + by;
+}
+
 // Grows the box to contain another.
 inline void box_unite(Box *box, const Box &other) {
   box->low = min_components(box->low, other.low);

@@ -17,8 +17,9 @@ struct NodeRange {
 struct CollectInput {
   Maze *maze;
   NodeRange nodes;
-  bool all_levels;    // with the edges to other mazes
-  const World *world; // for the colours of ages; null: none are shown
+  bool all_levels;                   // with the edges to other mazes
+  const World *world;                // for the colours of ages; null: none are shown
+  const uint32_t *colours = nullptr; // that `defer` kept of these nodes; null: as they are now
 };
 
 // Prefetches what a plot reads of a node: its place, slots, times and colours.
@@ -60,6 +61,12 @@ struct PlotBatch {
   // Appends the primitives of the nodes, last node first, to the streams, and grows the box by all
   // that they can cover, in colour or depth, from any viewpoint.
   void (*collect)(const CollectInput &input, GrowList *streams, Box *box);
+
+  // Prepares to collect the nodes later, when they are first visible: appends the colours that will
+  // be needed, and grows the box by all that the nodes can cover. Null: nodes are collected at
+  // once. What else is collected must not change before the attachment is dropped or settled.
+  void (*defer)(const CollectInput &input, GrowList *colours, Box *box) = nullptr;
+  uint32_t colours_per_node = 0; // room for deferred ones; more grow the list
 
   PrimitiveStream streams[max_streams];
   int32_t passes = 1;                   // the first streams, each drawn in a pass of its own

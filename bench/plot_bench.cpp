@@ -6,11 +6,13 @@
 #include <vector>
 
 #include "generate/carve.h"
+#include "generate/relax.h"
 #include "generate/topologies.h"
 #include "gfx/gl.h"
 #include "gfx/projection.h"
 #include "gfx/window.h"
 #include "large_world.h"
+#include "maze/attachment.h"
 #include "maze/lifetime.h"
 #include "maze/pos.h"
 #include "maze/walk.h"
@@ -183,6 +185,18 @@ void add_first(const std::string &name, PlotDraw draw) {
                .is_once = true});
 }
 
+// A frame while R is held at the root: all nodes move, and everything is built again.
+void add_held(const std::string &name, PlotDraw draw, bool is_reference) {
+  const auto frame = [draw, is_reference] {
+    Attachment_before_move(fresh.root);
+    Maze_smooth(fresh.root, 0.01);
+    Attachment_after_move(fresh.root);
+    if (is_reference) reference_follow_drops(fresh.root);
+    draw_slabs(&fresh, draw);
+  };
+  measure_add({name, frame, copy_tree, [] { Maze_destroy(fresh.root, 1); }});
+}
+
 void add_step(const std::string &name, void (*compile)()) {
   const auto step = [compile] {
     large_world_walk(&disc, 1);
@@ -216,6 +230,8 @@ void add_all() {
   add_first("first_gantry/vorel", own_gantry_plot);
   add_first("first_ground/reference", reference_voronoi_plot);
   add_first("first_ground/vorel", own_voronoi_plot);
+  add_held("r_held/reference", reference_line_plot, true);
+  add_held("r_held/vorel", own_line_plot, false);
 }
 
 } // namespace

@@ -194,7 +194,7 @@ SlotOrder try_slot(SlotOrder order, uint32_t slot, bool stays) {
   const auto left = static_cast<uint32_t>(order >> 32) - 1;
   const uint32_t difference = (digits >> 4 * left & 15) ^ slot; // of the two that are swapped
   const uint32_t swapped = digits ^ difference << find_digit(digits, slot) ^ difference << 4 * left;
-  return slot_order(swapped, left + stays);
+  return slot_order(swapped, stays ? left + 1 : left);
 }
 
 std::unique_ptr<SlotOrder[]> try_edges(const Maze *maze, const Edges &edges, const bool *stays) {

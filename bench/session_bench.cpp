@@ -1,9 +1,10 @@
 // Loading and saving a session of about 900,000 nodes against reading and writing the same bytes.
-// The file is in the current folder and stays in the system's cache. Loading is measured in CPU
-// time, and saving, which waits for the disk, in elapsed time.
+// The session is in the current folder and stays in the system's cache. Saving, which waits for the
+// disk, is measured in elapsed time.
 
 #include <malloc.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <vector>
@@ -19,16 +20,20 @@
 
 namespace {
 
-constexpr const char *path = "session_bench.dat";
+constexpr const char *session_file = "session_bench.dat";
 
-World world;
-std::vector<uint8_t> content; // of the file
+std::vector<uint8_t> content; // of the file; empty before it is made
+World world;                  // the session in it, loaded
+World loaded;                 // by the last step
+void *plain_bytes;            // read by the last step
 
 void require(bool holds) {
-  if (!holds) std::abort();
+  if (holds) return;
+  std::perror(session_file);
+  std::exit(1);
 }
 
-// A plane of 90,000 nodes that holds large mazes, and all of them many small ones.
+// A plane of 90,000 nodes with large mazes in it, and many small mazes in all of them.
 Maze *make_tree() {
   rand_seed(2020);
   Maze *root = Maze_plane_xy(300, 300);
@@ -38,71 +43,85 @@ Maze *make_tree() {
   return root;
 }
 
-// Gives freed memory back to the system, so that all read into fresh memory. A virtual machine may
-// have passed on what is free to its host; taking it back is not part of the measurement.
-void prepare_memory() {
+size_t read_plainly() {
+  FILE *file = file_open(session_file);
+  require(file != nullptr);
+  const size_t size = static_cast<size_t>(file_size(file));
+  plain_bytes = std::malloc(size);
+  require(std::fread(plain_bytes, 1, size, file) == size);
+  std::fclose(file);
+  return size;
+}
+
+void free_plain_bytes() {
+  std::free(plain_bytes);
+}
+
+void prepare_session() {
+  if (!content.empty()) return;
+  World_begin(&world, make_tree());
+  require(World_save(&world, session_file));
+  World_free(&world);
+  require(World_load(&world, session_file) == SessionLoad::loaded);
+  const size_t size = read_plainly();
+  content.assign(static_cast<uint8_t *>(plain_bytes), static_cast<uint8_t *>(plain_bytes) + size);
+  free_plain_bytes();
+}
+
+// Gives freed memory back to the system, so that each step takes fresh memory. A virtual machine
+// may have passed on what is free to its host; getting it back is not part of the step.
+void prepare_load() {
   constexpr size_t size = size_t{512} << 20;
+  prepare_session();
   malloc_trim(0);
   void *block = memory_huge_block(size);
+  require(block != nullptr);
   std::memset(block, 1, size);
   measure_keep(block);
   std::free(block);
 }
 
-void *plain; // what was read
-
-void read_plainly() {
-  FILE *file = file_open(path);
-  const size_t size = static_cast<size_t>(file_size(file));
-  plain = std::malloc(size);
-  require(std::fread(plain, 1, size, file) == size);
-  std::fclose(file);
-}
-
-World loaded;
-
 void load() {
-  require(World_load(&loaded, path) == SessionLoad::loaded);
+  require(World_load(&loaded, session_file) == SessionLoad::loaded);
 }
 
 void write_plainly() {
   FileReplacement file;
-  require(file_replace_begin(&file, path, false));
+  require(file_replace_begin(&file, session_file, false));
   const size_t written = std::fwrite(content.data(), 1, content.size(), file.stream);
   require(file_replace_end(&file, written == content.size()));
 }
 
 void save() {
-  require(World_save(&world, path));
-}
-
-void add_all() {
-  measure_add({"load/plain", read_plainly, prepare_memory, [] { std::free(plain); }, true});
-  measure_add({"load/vorel", load, prepare_memory, [] { World_free(&loaded); }, true});
-  measure_add({"save/plain", write_plainly, {}, {}, true, TimeKind::wall});
-  measure_add({"save/vorel", save, {}, {}, true, TimeKind::wall});
-}
-
-// The session that is saved was loaded.
-void make_session() {
-  World made;
-  World_begin(&made, make_tree());
-  require(World_save(&made, path));
-  World_free(&made);
-  require(World_load(&world, path) == SessionLoad::loaded);
-  FILE *file = file_open(path);
-  content.resize(static_cast<size_t>(file_size(file)));
-  require(std::fread(content.data(), 1, content.size(), file) == content.size());
-  std::fclose(file);
+  require(World_save(&world, session_file));
 }
 
 } // namespace
 
 int main(int argc, char **argv) {
-  make_session();
-  add_all();
+  measure_add({.name = "load/plain",
+               .step = [] { read_plainly(); },
+               .prepare = prepare_load,
+               .finish = free_plain_bytes,
+               .is_once = true});
+  measure_add({.name = "load/vorel",
+               .step = load,
+               .prepare = prepare_load,
+               .finish = [] { World_free(&loaded); },
+               .is_once = true});
+  measure_add({.name = "save/plain",
+               .step = write_plainly,
+               .prepare = prepare_session,
+               .is_once = true,
+               .kind = TimeKind::wall});
+  measure_add({.name = "save/vorel",
+               .step = save,
+               .prepare = prepare_session,
+               .is_once = true,
+               .kind = TimeKind::wall});
   measure_all(argc, argv);
+  if (content.empty()) return 0;
   World_free(&world);
-  file_remove(path);
+  file_remove(session_file);
   return 0;
 }

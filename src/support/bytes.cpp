@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr size_t sync_size = size_t{16} << 20; // bytes
+constexpr size_t sync_size = size_t{4} << 20; // bytes
 
 void append_block(GrowList *blocks, const uint8_t *bytes, size_t size) {
   const ByteBlock block = {static_cast<uint8_t *>(memory_block(size)), size};

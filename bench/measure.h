@@ -15,9 +15,9 @@ struct Work {
   std::function<void()> step;         // what is timed
   std::function<void()> prepare = {}; // before each run, not timed; may be empty
   std::function<void()> finish = {};  // after each run, not timed; may be empty
-  std::function<void()> restore = {}; // before each step, not timed; may be empty
   bool is_once = false;               // a run is one step, not as many as fill a run's time
   TimeKind kind = TimeKind::cpu;
+  std::function<void()> restore = {}; // before each step, not timed; may be empty
 };
 
 // Milliseconds since some time in the past.

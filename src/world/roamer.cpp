@@ -60,7 +60,7 @@ void World_set_roamers(World *world, uint32_t count) {
   while (list->count < count) {
     const Pos place = random_place(counts);
     const double period = min_roamer_period + rand_real(max_roamer_period - min_roamer_period);
-    const Roamer roamer = {period, period, place, Pos_null};
+    const Roamer roamer = {rand_real(period), period, place, Pos_null};
     GrowList_append(list, &roamer);
   }
 }

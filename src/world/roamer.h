@@ -10,7 +10,8 @@ constexpr double min_roamer_period = 0.15; // seconds
 constexpr double max_roamer_period = 0.6;  // seconds
 
 // Adds or removes Roamers until there are `count`. A new one gets a random node without a submaze,
-// any of them with the same probability, and a random period. The tree must have such a node.
+// any of them with the same probability, a random period, and a random time to its first step: if
+// all began at once, many would step in the same frame ever after. The tree must have such a node.
 void World_set_roamers(World *world, uint32_t count);
 
 // Advances a Roamer's timer by dt seconds. When it runs out, takes a random step; goes straight

@@ -52,9 +52,9 @@ TEST(Roamer, NewOnesStartAtAnyPlaceWithTheirOwnPeriod) {
   std::set<double> periods;
   World_set_roamers(&world, 4400);
   for (uint32_t i = 0; i < 4400; i++) {
-    const Roamer &roamer = rows<Roamer>(world.roamers)[i];
-    places[{roamer.cur.maze, roamer.cur.node}] += Pos_is_place(roamer.cur);
-    periods.insert(roamer.period);
+    const Roamer &r = rows<Roamer>(world.roamers)[i];
+    places[{r.cur.maze, r.cur.node}] += Pos_is_place(r.cur) && r.timer < r.period;
+    periods.insert(r.period);
   }
   EXPECT_EQ(places.size(), 11U);
   for (const auto &[place, count] : places)

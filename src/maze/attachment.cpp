@@ -36,11 +36,10 @@ void Attachment_add(Maze *maze, const char *name, intptr_t data, AttachmentDestr
   GrowList_append(&maze->attachments, &row);
 }
 
-void Attachment_touch(const Maze *maze, const char *name, int32_t node) {
-  const int32_t i = find_last(maze, name);
-  if (i < 0) return;
-  const Attachment &row = rows<Attachment>(maze->attachments)[i];
-  if (row.touch != nullptr) row.touch(row.data, node);
+void Attachment_touch(const Maze *maze, int32_t node) {
+  const Attachment *table = rows<Attachment>(maze->attachments);
+  for (uint32_t i = maze->attachments.count; i-- > 0;)
+    if (table[i].touch != nullptr) table[i].touch(table[i].data, node);
 }
 
 void Attachment_drop(Maze *maze, const char *name) {

@@ -31,8 +31,8 @@ intptr_t Attachment_find(const Maze *maze, const char *name);
 void Attachment_add(Maze *maze, const char *name, intptr_t data, AttachmentDestructor destructor,
                     AttachmentTouch touch = nullptr, AttachmentSettle settle = nullptr);
 
-// Calls `touch` of the last attachment with that name, if there is one.
-void Attachment_touch(const Maze *maze, const char *name, int32_t node);
+// Calls `touch` of all attachments that have it.
+void Attachment_touch(const Maze *maze, int32_t node);
 
 // Calls the destructor of the last attachment with that name and removes it, if there is one.
 void Attachment_drop(Maze *maze, const char *name);

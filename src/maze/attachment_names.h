@@ -23,10 +23,6 @@ inline constexpr const char *attachments_stale_after_crossing[][2] = {
     {attachment_gantry, nullptr},
 };
 
-// A Roamer's step touches these where it arrives and where its edge is drawn, and drops nothing.
-inline constexpr const char *attachments_with_roamers[] = {attachment_line_lists,
-                                                           attachment_cell_list};
-
 // Moving nodes drops all of them.
 inline constexpr const char *attachments_stale_after_move[] = {
     attachment_line_lists, attachment_balls,  attachment_sticks,      attachment_cells,

@@ -78,8 +78,6 @@ void Pos_mark_roamertime(Maze *from_maze, int32_t from_node, Maze *to_maze, int3
   const Crossing crossing = find_crossing(from, to);
   if (crossing.maze == nullptr) return;
   Maze_mark_roamertime(crossing.maze, crossing.a, crossing.b, t);
-  for (const char *name : attachments_with_roamers) {
-    Attachment_touch(to.maze, name, to.node);
-    if (Pos_before(from, to)) Attachment_touch(from.maze, name, from.node); // it draws the edge
-  }
+  Attachment_touch(to.maze, to.node);
+  if (Pos_before(from, to)) Attachment_touch(from.maze, from.node); // it draws the edge
 }

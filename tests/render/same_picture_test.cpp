@@ -300,8 +300,7 @@ TEST(SamePicture, WhereRoamersWalk) {
       draw_cache_begin_frame();
       draw(world, plot);
       for (int32_t node = 0; turn % 5 == 0 && node < 24 * 24; node++)
-        Attachment_touch(world.root, plot.mode < 0 ? attachment_line_lists : attachment_cell_list,
-                         node);
+        Attachment_touch(world.root, node);
     }
     EXPECT_FALSE(draw_and_compare(world, plot) == before) << turn;
     if (plot.mode >= 0) Attachment_drop(world.root, attachment_cell_list); // it keeps ages

@@ -101,7 +101,6 @@ Chunk &chunk_of(DrawCache *cache, int32_t node) {
 
 void touch(intptr_t data, int32_t node) {
   auto *cache = reinterpret_cast<DrawCache *>(data);
-  if (!cache->batch->renews_touched) return;
   chunk_of(cache, node).stale = true;
 }
 
@@ -242,7 +241,8 @@ DrawCache *find_or_build(Maze *maze, const PlotBatch &batch, bool all_levels, co
     reuse_display_lists(cache, old);
     release(old);
   }
-  Attachment_add(maze, batch.name, reinterpret_cast<intptr_t>(cache), destroy, touch, settle);
+  Attachment_add(maze, batch.name, reinterpret_cast<intptr_t>(cache), destroy,
+                 batch.renews_touched ? touch : nullptr, settle);
   return cache;
 }
 

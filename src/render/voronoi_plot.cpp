@@ -20,7 +20,8 @@
 namespace {
 
 constexpr int32_t chunk_nodes = 256;
-constexpr double max_wall = 1.0; // above its height and half its thickness
+constexpr int32_t few_nodes = 64; // where a node has many faces, to be renewed at little cost
+constexpr double max_wall = 1.0;  // above its height and half its thickness
 constexpr double marker_radius = 0.12;
 constexpr double marker_lift = 0.3; // towards the eye
 
@@ -131,27 +132,28 @@ void light_off() {
 }
 
 template <int mode>
-constexpr PlotBatch mode_batch(PrimitiveStream first, PrimitiveStream second, bool lit,
-                               bool shows_ages) {
+constexpr PlotBatch mode_batch(PrimitiveStream first, PrimitiveStream second, int32_t nodes,
+                               bool lit, bool shows_ages) {
   return {.name = attachment_cell_list,
           .collect = collect<mode>,
           .defer = defer<mode>,
           .colours_per_node = 1,
           .streams = {first, second},
           .passes = second.size == 0 ? 1 : 2,
-          .chunk_nodes = chunk_nodes,
+          .chunk_nodes = nodes,
           .renews_touched = shows_ages,
           .before = lit ? fixed_light_on : nullptr,
           .after = lit ? light_off : nullptr,
           .marker = draw_marker};
 }
 
-constexpr PlotBatch batches[] = {mode_batch<0>(lines, {}, false, true),
-                                 mode_batch<1>(triangles, {}, false, true),
-                                 mode_batch<2>(triangles, {}, true, true),
-                                 mode_batch<3>(triangles, {}, true, true),
-                                 mode_batch<4>(triangles, {}, true, true),
-                                 mode_batch<walls_mode>(triangles, quads, true, false)};
+constexpr PlotBatch batches[] = {
+    mode_batch<0>(lines, {}, chunk_nodes, false, true),
+    mode_batch<1>(triangles, {}, few_nodes, false, true),
+    mode_batch<2>(triangles, {}, few_nodes, true, true),
+    mode_batch<3>(triangles, {}, few_nodes, true, true),
+    mode_batch<4>(triangles, {}, chunk_nodes, true, true),
+    mode_batch<walls_mode>(triangles, quads, chunk_nodes, true, false)};
 
 static_assert(std::size(batches) == std::size(layers));
 

@@ -170,8 +170,7 @@ TEST(SamePicture, FromAnywhereWhileWalkingAndRelaxing) {
   EXPECT_LT(far_shown, 50);
 }
 
-// A maze of two nodes, held by one end of a single edge. The user may be where only the marker
-// shows.
+// Two nodes, held by one end of a single edge. The user may be where only the marker shows.
 struct Pair {
   Maze *root = scenario_path(2), *inner = scenario_path(2);
   SmallWorld world{root};
@@ -226,8 +225,7 @@ TEST(SamePicture, OfPrimitivesAcrossEachPlaneOfTheFrustum) {
   EXPECT_LT(shown, 1000);
 }
 
-// Only some caches are dropped: that of a maze to which an edge leads, and that of a maze below one
-// that was drawn by itself.
+// Only caches of a maze to which an edge leads, and of one below a maze drawn alone, are dropped.
 TEST(SamePicture, OfMazesThatMoved) {
   Pair pair;
   pair.world.camera = {0, 0, 10};
@@ -279,16 +277,22 @@ TEST(SamePicture, OfMazesThatChangeBeforeTheyAreVisible) {
   }
 }
 
-// Chunks are renewed in turn, even if all are touched in every frame.
+// Chunks are renewed in turn, even if all are touched in each frame. A new edge shows after a drop.
 TEST(SamePicture, WhereRoamersWalk) {
   rand_seed(5);
-  World world = {};
-  world.showtrail = 1;
-  GrowList_init(&world.roamers, sizeof(Roamer));
-  world.root = Maze_plane_xy(24, 24);
+  SmallWorld world(Maze_plane_xy(24, 24));
   Maze_carve(world.root);
   look(&world, {world.root, 300}, 26, 0.3, -0.4);
   plot_roamers = 1;
+  const auto frames = [&](const Plot &plot, int32_t touched) {
+    for (int frame = 0; frame < 12; frame++) { // two rounds
+      draw_cache_begin_frame();
+      draw(world, plot);
+      for (int32_t node = 0; node < touched; node++)
+        Attachment_touch(world.root, node);
+    }
+    return draw(world, plot);
+  };
   for (int turn = 0; turn < 50; turn++) {
     const Plot &plot = turn < 45 ? lines : outlines;
     world.time++;
@@ -296,17 +300,14 @@ TEST(SamePicture, WhereRoamersWalk) {
     World_set_roamers(&world, turn % 5 == 0 ? 999 : 2);
     World_step_roamers(&world, 1);
     if (turn % 5 == 1 && plot.mode < 0) step(&world, false);
-    for (int frame = 0; frame < (plot.mode < 0 ? 5 : 24); frame++) {
-      draw_cache_begin_frame();
-      draw(world, plot);
-      for (int32_t node = 0; turn % 5 == 0 && node < 24 * 24; node++)
-        Attachment_touch(world.root, node);
-    }
+    frames(plot, turn % 5 == 0 ? 24 * 24 : 0);
     EXPECT_FALSE(draw_and_compare(world, plot) == before) << turn;
     if (plot.mode >= 0) Attachment_drop(world.root, attachment_cell_list); // it keeps ages
   }
+  const Slabs before = frames(lines, 0);
+  Maze_join(world.root, 0, 310);
+  EXPECT_TRUE(frames(lines, 24 * 24) == before);
   plot_roamers = 0;
-  World_free(&world);
 }
 
 // A step changes few of many primitives. Other changes move all of them, or add and remove some.

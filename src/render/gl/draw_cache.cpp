@@ -343,8 +343,9 @@ bool collect_visible(const CullState &cull, DrawCache *cache, Chunk *chunk) {
 void call_chunks(const CullState &cull, DrawCache *cache, int32_t pass) {
   for (uint32_t k = 0; k < cache->chunks.count; k++) {
     if (!collect_visible(cull, cache, &rows<Chunk>(cache->chunks)[k])) continue;
-    renewal_visit(cache, k, cull.view->world);
+    const bool renews = renewal_begin(cache, k, cull.view->world);
     compile_chunk(cache, k);
+    if (renews) renewal_end(cache, k);
     glCallList(list_name(cache, k, pass));
   }
 }

@@ -1,18 +1,25 @@
 #include "render/gl/draw_cache_renewal.h"
 
 #include <algorithm>
-#include <cassert>
-#include <cstring>
+
+#include "support/clock.h"
 
 namespace {
 
-constexpr int32_t renewals_per_frame = 350; // primitives; the next frames pay what exceeds it
+// Of a frame; less for each Roamer, whose steps take time too. A chunk that takes longer is renewed
+// alone.
+constexpr double max_seconds = 0.0008, seconds_per_roamer = 4e-8;
+
+constexpr double cost_step = 1.05; // the factor by which one renewal changes the cost
+constexpr double min_cost = 1e-8;
 
 // A round lasts until all stale chunks that were visible are renewed.
 struct {
   uint32_t round = 1;
-  int32_t left = renewals_per_frame;
-  bool unfinished; // this frame left a stale chunk as it was
+  bool unfinished;    // this frame left a stale chunk as it was
+  double seconds;     // that this frame's renewals should have taken
+  double start;       // of the current renewal, by the clock
+  double cost = 1e-6; // seconds per primitive: a running median, since other programs run between
 } renewals;
 
 // Grows the bounds of a cache and of its ancestors.
@@ -24,26 +31,19 @@ void widen(DrawCache *cache, const Box &box) {
   }
 }
 
-// Collects a chunk's primitives again. Their number is the same: whatever changes the count drops
-// the attachment.
-void renew_primitives(DrawCache *cache, uint32_t k, const World *world) {
-  Chunk &chunk = rows<Chunk>(cache->chunks)[k];
-  GrowList streams[max_streams];
-  init_streams(streams, *cache->batch);
-  for (int32_t pass = 0; pass < cache->batch->passes; pass++)
-    GrowList_reserve(&streams[pass], chunk.primitive_end[pass] - primitive_begin(cache, k, pass));
-  chunk.bounds.box = box_empty;
-  cache->batch->collect({cache->maze, chunk.nodes, cache->all_levels, world}, streams,
-                        &chunk.bounds.box);
-  for (int32_t i = 0; i < max_streams && cache->batch->streams[i].size > 0; i++) {
-    const size_t size = cache->batch->streams[i].size;
-    const uint32_t begin = primitive_begin(cache, k, i);
-    assert(streams[i].count == chunk.primitive_end[i] - begin);
-    std::memcpy(static_cast<uint8_t *>(cache->streams[i].data) + begin * size, streams[i].data,
-                streams[i].count * size);
-    GrowList_free(&streams[i]);
+// Copies a chunk's primitives unless their number has changed: they stay as they were until
+// whatever changed it drops the attachment.
+bool replace_primitives(DrawCache *cache, uint32_t k, const GrowList *streams) {
+  const Chunk &chunk = rows<Chunk>(cache->chunks)[k];
+  const PrimitiveStream *kinds = cache->batch->streams;
+  for (int32_t i = 0; i < max_streams && kinds[i].size > 0; i++)
+    if (streams[i].count != chunk.primitive_end[i] - primitive_begin(cache, k, i)) return false;
+  for (int32_t i = 0; i < max_streams && kinds[i].size > 0; i++) {
+    const size_t size = kinds[i].size, begin = primitive_begin(cache, k, i) * size;
+    std::copy_n(static_cast<const uint8_t *>(streams[i].data), streams[i].count * size,
+                static_cast<uint8_t *>(cache->streams[i].data) + begin);
   }
-  widen(cache, chunk.bounds.box);
+  return true;
 }
 
 uint32_t drawn_primitives(const DrawCache *cache, uint32_t k) {
@@ -53,23 +53,58 @@ uint32_t drawn_primitives(const DrawCache *cache, uint32_t k) {
   return count;
 }
 
+// Collects a chunk's primitives again.
+void renew_primitives(DrawCache *cache, uint32_t k, const World *world) {
+  Chunk &chunk = rows<Chunk>(cache->chunks)[k];
+  GrowList streams[max_streams];
+  init_streams(streams, *cache->batch);
+  for (int32_t pass = 0; pass < cache->batch->passes; pass++)
+    GrowList_reserve(&streams[pass], chunk.primitive_end[pass] - primitive_begin(cache, k, pass));
+  Box box = box_empty;
+  cache->batch->collect({cache->maze, chunk.nodes, cache->all_levels, world}, streams, &box);
+  if (replace_primitives(cache, k, streams)) {
+    chunk.bounds.box = box;
+    chunk.compiled = false;
+    widen(cache, box);
+  }
+  for (int32_t i = 0; i < max_streams && cache->batch->streams[i].size > 0; i++)
+    GrowList_free(&streams[i]);
+}
+
+double frame_seconds(const World &world) {
+  return max_seconds - seconds_per_roamer * world.roamers.count;
+}
+
+double expected_seconds(const DrawCache *cache, uint32_t k) {
+  return renewals.cost * drawn_primitives(cache, k);
+}
+
 } // namespace
 
 void renewal_begin_frame() {
   if (!renewals.unfinished) renewals.round++;
-  renewals.left = std::min(renewals.left, 0) + renewals_per_frame;
   renewals.unfinished = false;
+  renewals.seconds = 0;
 }
 
-void renewal_visit(DrawCache *cache, uint32_t k, const World *world) {
+bool renewal_begin(DrawCache *cache, uint32_t k, const World *world) {
   Chunk &chunk = rows<Chunk>(cache->chunks)[k];
-  if (!chunk.stale || chunk.round == renewals.round) return;
-  if (renewals.left <= 0) {
+  if (!chunk.stale || chunk.round == renewals.round) return false;
+  if (renewals.seconds > 0 &&
+      renewals.seconds + expected_seconds(cache, k) > frame_seconds(*world)) {
     renewals.unfinished = true;
-    return;
+    return false;
   }
+  renewals.start = gfx_clock();
   renew_primitives(cache, k, world);
-  renewals.left -= static_cast<int32_t>(drawn_primitives(cache, k));
   chunk.round = renewals.round;
-  chunk.stale = chunk.compiled = false;
+  chunk.stale = false;
+  return true;
+}
+
+void renewal_end(const DrawCache *cache, uint32_t k) {
+  const double seconds = gfx_clock() - renewals.start, expected = expected_seconds(cache, k);
+  renewals.seconds += expected;
+  renewals.cost *= seconds > expected ? cost_step : 1 / cost_step;
+  renewals.cost = std::max(renewals.cost, min_cost);
 }

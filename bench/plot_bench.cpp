@@ -22,15 +22,18 @@
 #include "render/gl/shaderprocs.h"
 #include "render/gl/view.h"
 #include "render/line_plot.h"
+#include "render/plot_switches.h"
 #include "render/shader_text.h"
 #include "support/random.h"
 #include "world/camera.h"
+#include "world/roamer.h"
 
 namespace {
 
 World tree;
-World plain; // a plane of 50 by 50
-World disc;  // a large maze, for steps
+World plain;        // a plane of 50 by 50
+World disc;         // a large maze, for steps
+World alone, crowd; // copies of the tree, without and with Roamers
 
 struct Pose {
   const char *name;
@@ -149,17 +152,29 @@ int32_t count(const Maze *maze, int32_t *mazes) {
   return nodes;
 }
 
+// In the first submaze from the middle of the root on.
+Pos central_place(Maze *root) {
+  int32_t node = 32 * 65 + 32;
+  while (maze_nodes(root)[node].submaze == nullptr)
+    node++;
+  return {maze_nodes(root)[node].submaze, 0};
+}
+
 void make_worlds() {
   rand_seed(2020);
   tree.root = large_world(65, 9.0, 1);
-  tree.cur = {maze_nodes(tree.root)[32 * 65 + 32].submaze, 0};
-  for (int32_t i = 32 * 65 + 32; tree.cur.maze == nullptr; i++)
-    tree.cur.maze = maze_nodes(tree.root)[i].submaze;
+  tree.cur = central_place(tree.root);
   plain.root = large_world(50, 1.0, 0);
   plain.cur = {plain.root, 25 * 50 + 25};
   disc.root = Maze_polar(50, 1);
   Maze_carve(disc.root);
   disc.cur = {disc.root, 0};
+  for (World *world : {&alone, &crowd}) {
+    world->root = Maze_copy(tree.root, 1);
+    world->cur = central_place(world->root);
+    GrowList_init(&world->roamers, sizeof(Roamer));
+  }
+  World_set_roamers(&crowd, max_roamers);
   int32_t mazes = 0;
   const int32_t nodes = count(tree.root, &mazes);
   std::fprintf(stderr, "a tree of %d mazes and %d nodes; steps on %d nodes; %s\n", mazes, nodes,
@@ -205,6 +220,23 @@ void add_step(const std::string &name, void (*compile)()) {
   measure_add({name, step, compile});
 }
 
+// Frames at 60 a second.
+void add_roamers(const std::string &name, World *world) {
+  const auto begin = [world] {
+    gfx_resize(800, 600);
+    large_world_look(world, world->cur, initial_zoom, 0.3, 0);
+  };
+  const auto step = [world] {
+    plot_roamers = 1;
+    world->time += 1.0 / 60;
+    World_step_roamers(world, 1.0 / 60);
+    draw_cache_begin_frame();
+    draw_slabs(world, own_line_plot);
+    plot_roamers = 0;
+  };
+  measure_add({name, step, begin});
+}
+
 void add_all() {
   for (const Pose &pose : poses) {
     add("lines", pose, "reference", reference_line_plot);
@@ -222,6 +254,8 @@ void add_all() {
   }
   add_step("step/reference", compile_reference);
   add_step("step/vorel", compile_ours);
+  add_roamers("roamers/none", &alone);
+  add_roamers("roamers/vorel", &crowd);
   add_first("first/reference", reference_line_plot);
   add_first("first/vorel", own_line_plot);
   add_first("first_balls/reference", reference_ballstick_plot);
@@ -249,8 +283,8 @@ int main(int argc, char **argv) {
   if (!check_plots()) return 1;
   add_all();
   measure_all(argc, argv);
-  for (const World *world : {&tree, &plain, &disc})
-    Maze_destroy(world->root, 1);
+  for (World *world : {&tree, &plain, &disc, &alone, &crowd})
+    World_free(world);
   gfx_close();
   return 0;
 }

@@ -187,8 +187,8 @@ constexpr PlotBatch gantry_batch = {
     .name = attachment_gantry,
     .collect = collect,
     .defer = defer,
-    .colours_per_node = 4,
     .streams = {{sizeof(Road), GL_QUADS, draw_roads}, {sizeof(Wedge), GL_TRIANGLES, draw_wedges}},
+    .colours_per_node = 4,
     .passes = 2,
     .chunk_nodes = chunk_nodes};
 

@@ -66,9 +66,9 @@ struct PlotBatch {
   // be needed, and grows the box by all that the nodes can cover. Null: nodes are collected at
   // once. What else is collected must not change before the attachment is dropped or settled.
   void (*defer)(const CollectInput &input, GrowList *colours, Box *box) = nullptr;
-  uint32_t colours_per_node = 0; // room for deferred ones; more grow the list
 
   PrimitiveStream streams[max_streams];
+  uint32_t colours_per_node = 0;        // room for deferred ones; more grow the list
   int32_t passes = 1;                   // the first streams, each drawn in a pass of its own
   int32_t chunk_nodes;                  // nodes of a display list
   bool renews_touched = false;          // chunks are renewed when their nodes are touched

@@ -288,7 +288,7 @@ TEST(SamePicture, OfWallsFarBelowTheirNodes) {
 // Chunks are renewed in turn, even if all are touched in each frame. A new edge shows after a drop.
 TEST(SamePicture, WhereRoamersWalk) {
   rand_seed(5);
-  SmallWorld world(Maze_plane_xy(24, 24));
+  SmallWorld world(Maze_plane_xy(192, 3));
   Maze_carve(world.root);
   look(&world, {world.root, 300}, 26, 0.3, -0.4);
   plot_roamers = 1;
@@ -308,20 +308,20 @@ TEST(SamePicture, WhereRoamersWalk) {
     World_set_roamers(&world, turn % 5 == 0 ? 999 : 2);
     World_step_roamers(&world, 1);
     if (turn % 5 == 1 && plot.mode < 0) step(&world, false);
-    frames(plot, turn % 5 == 0 ? 24 * 24 : 0);
+    frames(plot, turn % 5 == 0 ? 192 * 3 : 0);
     EXPECT_FALSE(draw_and_compare(world, plot) == before) << turn;
     if (plot.mode >= 0) Attachment_drop(world.root, attachment_cell_list); // it keeps ages
   }
   const Slabs before = frames(lines, 0);
   Maze_join(world.root, 0, 310);
-  EXPECT_TRUE(frames(lines, 24 * 24) == before);
+  EXPECT_TRUE(frames(lines, 192 * 3) == before);
   plot_roamers = 0;
 }
 
 // A step changes few of many primitives. Other changes move all of them, or add and remove some.
 TEST(SamePicture, LinesOfALargeMazeAfterEachChange) {
   rand_seed(5);
-  SmallWorld world(Maze_plane_xy(24, 24));
+  SmallWorld world(Maze_plane_xy(192, 3));
   Maze_carve(world.root);
   look(&world, {world.root, 300}, 14, 0.3, -0.4);
   Maze *more = scenario_path(300);

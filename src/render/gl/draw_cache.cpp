@@ -95,8 +95,9 @@ void destroy(intptr_t data, Maze *maze) {
 }
 
 Chunk &chunk_of(DrawCache *cache, int32_t node) {
-  const int32_t k = (maze_count(cache->maze) - 1 - node) / cache->batch->chunk_nodes;
-  return rows<Chunk>(cache->chunks)[k];
+  Chunk *chunks = rows<Chunk>(cache->chunks);
+  return *std::partition_point(chunks, chunks + cache->chunks.count,
+                               [node](const Chunk &chunk) { return node < chunk.nodes.first; });
 }
 
 void touch(intptr_t data, int32_t node) {
@@ -170,6 +171,23 @@ void defer(DrawCache *cache, Chunk *chunk, const World *world) {
   chunk->deferred = true;
 }
 
+// The first node of a chunk that ends before `end`. A chunk is up to a quarter longer or three
+// quarters shorter if the next node is far away, as after a row of a wide plane: the bounds of
+// nodes at both ends of the plane would be in sight from almost everywhere.
+int32_t chunk_first(const Maze *maze, int32_t end, int32_t usual_nodes) {
+  if (end <= usual_nodes) return 0;
+  const MazeNode *nodes = maze_nodes(maze);
+  const int32_t low = std::max(end - usual_nodes - usual_nodes / 4, 0);
+  Box box = box_empty;
+  for (int32_t i = end - 1; i > low; i--) {
+    const Vec3 place = node_position(nodes[i]), jump = node_position(nodes[i - 1]) - place;
+    box_add(&box, place);
+    const Vec3 extent = box.high - box.low;
+    if (end - i >= usual_nodes / 4 && dot(jump, jump) > 4.0 * dot(extent, extent)) return i;
+  }
+  return end - usual_nodes;
+}
+
 // Scans a chunk's nodes right after they were collected, while they are in the processor's cache.
 void make_chunks(DrawCache *cache, bool may_defer, const World *world) {
   cache->own_nodes = box_empty;
@@ -177,7 +195,7 @@ void make_chunks(DrawCache *cache, bool may_defer, const World *world) {
   if (nodes.end > 0)
     cache->own_nodes.low = cache->own_nodes.high = node_position(maze_nodes(cache->maze)[0]);
   for (; nodes.end > 0; nodes.end = nodes.first) {
-    nodes.first = std::max(nodes.end - cache->batch->chunk_nodes, 0);
+    nodes.first = chunk_first(cache->maze, nodes.end, cache->batch->chunk_nodes);
     Chunk chunk = {};
     chunk.nodes = nodes;
     chunk.bounds = {box_empty, cache->halfwidth};

@@ -70,7 +70,7 @@ struct PlotBatch {
   PrimitiveStream streams[max_streams];
   uint32_t colours_per_node = 0;        // room for deferred ones; more grow the list
   int32_t passes = 1;                   // the first streams, each drawn in a pass of its own
-  int32_t chunk_nodes;                  // nodes of a display list
+  int32_t chunk_nodes;                  // nodes of a display list, more or less
   bool renews_touched = false;          // chunks are renewed when their nodes are touched
   int32_t end_stream = -1;              // stream of Pos: ends of edges in other mazes
   int32_t cull_planes = frustum_planes; // how many frustum planes to cull against

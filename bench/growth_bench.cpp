@@ -87,9 +87,15 @@ void draw(World *world) {
   glFinish();
 }
 
+// For the nodes of a maze, and a half more since the system may not take the same pages.
+void prepare_memory(size_t nodes) {
+  measure_fresh_memory(nodes * sizeof(MazeNode) * 3 / 2);
+}
+
 void make_world(World *world, int32_t side) {
   Maze *root = nullptr;
   rand_seed(2020);
+  prepare_memory(static_cast<size_t>(side) * static_cast<size_t>(side));
   time_stage("build", [&root, side] { root = Maze_plane_xy(side, side); });
   time_stage("carve", [root] { Maze_carve(root); });
   Maze_colour_field(root, colour_field_sine, 1);
@@ -110,8 +116,9 @@ void draw_world(World *world) {
 
 void keep_world(World *world) {
   time_stage("save", [world] { require(World_save(world, session_file)); });
+  const size_t nodes = world->root->nodes.count;
   World_free(world);
-  malloc_trim(0);
+  prepare_memory(nodes);
   time_stage("load", [world] { require(World_load(world, session_file) == SessionLoad::loaded); });
   World_free(world);
   malloc_trim(0);

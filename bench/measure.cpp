@@ -1,13 +1,19 @@
 #include "measure.h"
 
+#include <malloc.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <map>
 #include <regex>
 #include <vector>
+
+#include "support/memory.h"
 
 namespace {
 
@@ -80,6 +86,15 @@ double measure_median(std::vector<double> &values) {
 
 void measure_add(const Work &work) {
   rows[work.name.substr(0, work.name.find('/'))].push_back({work, 1, {}});
+}
+
+void measure_fresh_memory(size_t bytes) {
+  malloc_trim(0);
+  void *block = memory_huge_block(bytes);
+  if (block == nullptr) return;
+  std::memset(block, 1, bytes);
+  measure_keep(block);
+  std::free(block);
 }
 
 void measure_all(int argc, char **argv) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -31,6 +32,10 @@ void measure_add(const Work &work);
 // Measures all works, or those whose names match the regular expression in argv[1], and prints the
 // median time of a step as "ROW/WHO,milliseconds".
 void measure_all(int argc, char **argv);
+
+// Gives freed memory back to the system, so that the next steps take fresh memory. A virtual
+// machine may have passed on what is free to its host: this gets as many bytes back, untimed.
+void measure_fresh_memory(size_t bytes);
 
 // Lets the compiler assume that a result is read.
 inline void measure_keep(const void *result) {

@@ -2,11 +2,8 @@
 // The session is in the current folder and stays in the system's cache. Saving, which waits for the
 // disk, is measured in elapsed time.
 
-#include <malloc.h>
-
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <vector>
 
 #include "generate/carve.h"
@@ -14,7 +11,6 @@
 #include "generate/topologies.h"
 #include "measure.h"
 #include "support/file.h"
-#include "support/memory.h"
 #include "support/random.h"
 #include "world/session.h"
 
@@ -68,17 +64,9 @@ void prepare_session() {
   free_plain_bytes();
 }
 
-// Gives freed memory back to the system, so that each step takes fresh memory. A virtual machine
-// may have passed on what is free to its host; getting it back is not part of the step.
 void prepare_load() {
-  constexpr size_t size = size_t{512} << 20;
   prepare_session();
-  malloc_trim(0);
-  void *block = memory_huge_block(size);
-  require(block != nullptr);
-  std::memset(block, 1, size);
-  measure_keep(block);
-  std::free(block);
+  measure_fresh_memory(size_t{512} << 20);
 }
 
 void load() {

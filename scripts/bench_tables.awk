@@ -11,6 +11,7 @@ BEGIN {
   title["list"] = "one display list"
   title["plain"] = "plain reads and writes"
   title["igraph"] = "igraph"
+  title["none"] = "without them"
   size_count = split("100 316 1000 3000", sizes, " ")
 }
 
@@ -42,7 +43,7 @@ END {
 
 function print_row(what, who, ratio, min) {
   if (!rows++) {
-    print "CPU time of all threads, medians of 9 runs that take turns"
+    print "CPU time of all threads, of saving the elapsed time; medians of 9 runs that take turns"
     printf "%-48s %-24s %13s %13s %8s %10s\n", "", "peer", "its time", "vorel's", "ratio", "at least  "
   }
   printf "%-48s %-24s %10.3f ms %10.3f ms %8.2f %10s\n", what, who, time[peer], time[ours], ratio,

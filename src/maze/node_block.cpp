@@ -24,7 +24,7 @@ uint32_t unused_nodes(const NodeBlock *block) {
 
 // A block with one user; null if there is no memory.
 NodeBlock *new_block(uint32_t capacity) {
-  void *memory = memory_huge_block(sizeof(NodeBlock) + size_t{capacity} * sizeof(MazeNode));
+  void *memory = memory_try_block(sizeof(NodeBlock) + size_t{capacity} * sizeof(MazeNode));
   return memory != nullptr ? new (memory) NodeBlock{capacity, 0, 1} : nullptr;
 }
 

@@ -95,7 +95,7 @@ void GrowList_reserve(GrowList *list, uint32_t capacity) {
 
 bool GrowList_try_reserve(GrowList *list, uint32_t capacity) {
   if (capacity <= list->capacity) return true;
-  void *fresh = std::malloc(block_size(list, capacity));
+  void *fresh = memory_try_block(block_size(list, capacity));
   if (fresh == nullptr) return false;
   std::free(take_block(list, fresh, capacity));
   return true;

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr size_t reserve_size = size_t{4} << 20; // bytes
+constexpr size_t huge_size = size_t{4} << 20;    // from which huge pages save page faults
 
 struct ExitState {
   void *reserve; // released before the work is saved
@@ -33,7 +34,7 @@ void memory_begin() {
 }
 
 void *memory_block(size_t bytes) {
-  void *block = std::malloc(bytes > 0 ? bytes : 1);
+  void *block = memory_try_block(bytes);
   if (block == nullptr) memory_exhausted();
   return block;
 }
@@ -44,9 +45,9 @@ void *memory_zeroed(size_t bytes) {
   return block;
 }
 
-void *memory_huge_block(size_t bytes) {
-  void *block = std::malloc(bytes);
-  if (block != nullptr) memory_prefer_huge_pages(block, bytes);
+void *memory_try_block(size_t bytes) {
+  void *block = std::malloc(bytes > 0 ? bytes : 1);
+  if (block != nullptr && bytes >= huge_size) memory_prefer_huge_pages(block, bytes);
   return block;
 }
 

@@ -4,19 +4,17 @@
 #include <cstdint>
 
 // Running out of memory ends the program, in one place. Only where a file names a size is the
-// failure handled instead: GrowList_try_reserve, memory_huge_block.
+// failure handled instead: memory_try_block.
 
 // Reserves memory for the end of the program, and makes `new` on this thread end it when there is
 // none left.
 void memory_begin();
 
-// Blocks of at least one byte, released with std::free. memory_zeroed fills its block with zeros.
+// Blocks of at least one byte, released with std::free. memory_zeroed fills its block with zeros,
+// memory_try_block returns null if there is no memory.
 void *memory_block(size_t bytes);
 void *memory_zeroed(size_t bytes);
-
-// A block for megabytes that are soon written, in huge pages if the system has them, which take far
-// fewer page faults. Null if there is no memory. Released with std::free.
-void *memory_huge_block(size_t bytes);
+void *memory_try_block(size_t bytes);
 
 // Bytes of memory that programs can still get without swapping; UINT64_MAX if unknown.
 uint64_t memory_available();

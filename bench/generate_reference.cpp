@@ -12,6 +12,7 @@
 #include "maze/reach.h"
 #include "support/colour.h"
 #include "support/random.h"
+#include "support/trigonometry.h"
 #include "support/strings.h"
 
 namespace {
@@ -221,7 +222,7 @@ Maze *reference_choose(int32_t mode) {
 }
 
 uint32_t reference_sine(Vec3 p) {
-  const auto wave = [](double c) { return 0.25 * (std::sin(0.1 * c) + 1.0); };
+  const auto wave = [](double c) { return 0.25 * (portable_sin(0.1 * c) + 1.0); };
   return rgb_colour(wave(p.x), wave(p.y), wave(p.z));
 }
 

@@ -6,12 +6,13 @@
 
 #include "maze/walk.h"
 #include "support/colour.h"
+#include "support/trigonometry.h"
 
 namespace {
 
 // A colour channel that varies with a coordinate, 0 to 255 / 2.
 uint32_t exact_channel(double c) {
-  return rgb_colour(0, 0, 0.25 * (std::sin(0.1 * c) + 1.0));
+  return rgb_colour(0, 0, 0.25 * (portable_sin(0.1 * c) + 1.0));
 }
 
 // The sine of x within 1e-7, for |x| up to 1e5: a Taylor series around the nearest multiple of pi.

@@ -9,6 +9,7 @@
 #include "maze/lifetime.h"
 #include "support/bits.h"
 #include "support/random.h"
+#include "support/trigonometry.h"
 
 namespace {
 
@@ -69,6 +70,15 @@ void add_skew_node(Maze *maze, int32_t m, int32_t i, int32_t j) {
   GrowList_append(&maze->nodes, &node);
 }
 
+// A direction in the plane, as cosine and sine.
+struct Angle {
+  double cosine, sine;
+};
+
+Angle angle_at(double radians) {
+  return {portable_cos(radians), portable_sin(radians)};
+}
+
 // Rings of a disc, where ring r has the radius r, or of a sphere, where the angle between ring r
 // and the pole is r times the step.
 struct Rings {
@@ -80,7 +90,7 @@ struct Rings {
 constexpr double ring_density = 4.1887902047863905; // 4 pi / 3 nodes per unit of radius
 
 double ring_radius(const Rings &rings, int32_t r) {
-  return rings.radius > 0 ? rings.radius * std::sin(r * rings.step) : r;
+  return rings.radius > 0 ? rings.radius * portable_sin(r * rings.step) : r;
 }
 
 // Node count of a ring: a power of two, so that neighbouring rings have equal counts or one has
@@ -101,10 +111,10 @@ void add_ring(Maze *maze, const Rings &rings, int32_t r) {
   const int64_t outside = r < rings.last ? ring_count(rings, r + 1) : 0;
   const int64_t base = maze_count(maze);
   const double radius = ring_radius(rings, r);
-  const double z = rings.radius > 0 ? rings.radius * std::cos(r * rings.step) : 0.0;
+  const double z = rings.radius > 0 ? rings.radius * portable_cos(r * rings.step) : 0.0;
   for (int64_t k = 0; k < n; k++) {
-    const double angle = static_cast<double>(k) * (2.0 * pi) / static_cast<double>(n);
-    MazeNode node = node_at({radius * std::cos(angle), radius * std::sin(angle), z});
+    const Angle a = angle_at(static_cast<double>(k) * (2.0 * pi) / static_cast<double>(n));
+    MazeNode node = node_at({radius * a.cosine, radius * a.sine, z});
     MazeNode_append_slot(&node, static_cast<int32_t>(base + (k + n - 1) % n));
     MazeNode_append_slot(&node, static_cast<int32_t>(base + (k + 1) % n));
     if (r > rings.first) append_spoke(&node, k, n, inside, base - inside);
@@ -129,26 +139,30 @@ int32_t circle_count(double radius) {
   return static_cast<int32_t>(2.0 * pi * radius);
 }
 
-Vec3 torus_position(double major, double minor, double a, double b) {
-  const double from_axis = major + minor * std::cos(b);
-  return {from_axis * std::cos(a), from_axis * std::sin(a), minor * std::sin(b)};
+// At the angle a around the axis and b around the tube.
+Vec3 torus_position(double major, double minor, Angle a, Angle b) {
+  const double from_axis = major + minor * b.cosine;
+  return {from_axis * a.cosine, from_axis * a.sine, minor * b.sine};
 }
 
 // At the angle a around the axis and the distance t from the middle of the strip.
-Vec3 mobius_position(double major, double t, double a) {
-  const double from_axis = major + t * std::cos(a / 2.0);
-  return {from_axis * std::cos(a), from_axis * std::sin(a), t * std::sin(a / 2.0)};
+Vec3 mobius_position(double major, double t, Angle a, Angle half_a) {
+  const double from_axis = major + t * half_a.cosine;
+  return {from_axis * a.cosine, from_axis * a.sine, t * half_a.sine};
 }
 
-// Adds nu x nv nodes; position(angle, v) is that of node v at an angle around the axis.
+// Adds nu x nv nodes; position(a, half_a, v) is that of node v at an angle a around the axis.
 template <typename Position>
 void add_circles(Maze *maze, int32_t nu, int32_t nv, const Position &position) {
   GrowList_reserve(&maze->nodes, static_cast<uint32_t>(nu * nv));
-  for (int32_t u = 0; u < nu; u++)
+  for (int32_t u = 0; u < nu; u++) {
+    const double radians = u * (2.0 * pi) / nu;
+    const Angle a = angle_at(radians), half_a = angle_at(radians / 2.0);
     for (int32_t v = 0; v < nv; v++) {
-      const MazeNode node = node_at(position(u * (2.0 * pi) / nu, v));
+      const MazeNode node = node_at(position(a, half_a, v));
       GrowList_append(&maze->nodes, &node);
     }
+  }
 }
 
 // Makes the node opposite node 0 the last one.
@@ -265,8 +279,8 @@ Maze *Maze_torus(double major, double minor) {
   const int32_t nu = circle_count(major);
   const int32_t nv = circle_count(minor);
   Maze *maze = Maze_new();
-  add_circles(maze, nu, nv, [=](double a, int32_t v) {
-    return torus_position(major, minor, a, v * (2.0 * pi) / nv);
+  add_circles(maze, nu, nv, [=](Angle a, Angle, int32_t v) {
+    return torus_position(major, minor, a, angle_at(v * (2.0 * pi) / nv));
   });
   for (int32_t u = 0; u < nu; u++)
     for (int32_t v = 0; v < nv; v++) {
@@ -281,8 +295,9 @@ Maze *Maze_mobius(double major, double half) {
   const int32_t nu = circle_count(major);
   const int32_t nv = static_cast<int32_t>(2.0 * half + 1.0);
   Maze *maze = Maze_new();
-  add_circles(maze, nu, nv,
-              [=](double a, int32_t v) { return mobius_position(major, v - 0.5 * (nv - 1), a); });
+  add_circles(maze, nu, nv, [=](Angle a, Angle half_a, int32_t v) {
+    return mobius_position(major, v - 0.5 * (nv - 1), a, half_a);
+  });
   for (int32_t u = 0; u < nu; u++)
     for (int32_t v = 0; v < nv; v++) {
       // The ends are joined mirrored, which makes the strip one-sided.

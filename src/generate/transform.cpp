@@ -6,6 +6,7 @@
 
 #include "maze/walk.h"
 #include "support/mat3.h"
+#include "support/trigonometry.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ template <typename Change> void move_nodes(Maze *root, bool recursive, const Cha
 }
 
 double warp_coordinate(double c) {
-  return (4.0 * c + 3.0 * std::sin(c)) * 0.5;
+  return (4.0 * c + 3.0 * portable_sin(c)) * 0.5;
 }
 
 void extend(TreeBounds *bounds, Vec3 low, Vec3 high) {
@@ -73,7 +74,7 @@ void Maze_map_positions(Maze *maze, PositionFunction fn, int32_t recursive) {
 
 void Maze_height_wave(Maze *maze, int32_t recursive) {
   move_nodes(maze, recursive != 0, [](Vec3 p) {
-    const double rise = 4.0 * (std::sin(p.x / 4.0) + std::sin(p.y / 4.0));
+    const double rise = 4.0 * (portable_sin(p.x / 4.0) + portable_sin(p.y / 4.0));
     return Vec3{p.x, p.y, p.z + rise};
   });
 }
@@ -119,10 +120,10 @@ double Maze_quad_angle(const Maze *maze, int32_t node) {
     const double dx = there.x - here.x;
     const double dy = there.y - here.y;
     if (dx == 0.0 && dy == 0.0) continue;
-    const double fourfold = 4.0 * std::atan2(dy, dx);
-    cosines += std::cos(fourfold);
-    sines += std::sin(fourfold);
+    const double fourfold = 4.0 * portable_atan2(dy, dx);
+    cosines += portable_cos(fourfold);
+    sines += portable_sin(fourfold);
   }
   if (cosines == 0.0 && sines == 0.0) return 0.0;
-  return std::atan2(sines, cosines) / 4.0;
+  return portable_atan2(sines, cosines) / 4.0;
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "support/trigonometry.h"
+
 namespace {
 
 // Signed cofactor of entry (i, j). Cyclic indices give the sign.
@@ -87,20 +89,20 @@ Mat3 Mat3_inverse(const Mat3 &a) {
 }
 
 Mat3 Mat3_rotation_x(double angle) {
-  const double c = std::cos(angle);
-  const double s = std::sin(angle);
+  const double c = portable_cos(angle);
+  const double s = portable_sin(angle);
   return {{{1, 0, 0}, {0, c, -s}, {0, s, c}}};
 }
 
 Mat3 Mat3_rotation_y(double angle) {
-  const double c = std::cos(angle);
-  const double s = std::sin(angle);
+  const double c = portable_cos(angle);
+  const double s = portable_sin(angle);
   return {{{c, 0, s}, {0, 1, 0}, {-s, 0, c}}};
 }
 
 Mat3 Mat3_rotation_z(double angle) {
-  const double c = std::cos(angle);
-  const double s = std::sin(angle);
+  const double c = portable_cos(angle);
+  const double s = portable_sin(angle);
   return {{{c, -s, 0}, {s, c, 0}, {0, 0, 1}}};
 }
 
@@ -109,8 +111,8 @@ Mat3 Mat3_rotation(Vec3 v) {
   if (angle == 0.0) return mat3_identity;
   const Vec3 axis = {v.x / angle, v.y / angle, v.z / angle};
   const Mat3 cross = {{{0, -axis.z, axis.y}, {axis.z, 0, -axis.x}, {-axis.y, axis.x, 0}}};
-  const double c = std::cos(angle);
-  return mat3_identity * c + cross * std::sin(angle) + Mat3_outer(axis, axis) * (1.0 - c);
+  const double c = portable_cos(angle);
+  return mat3_identity * c + cross * portable_sin(angle) + Mat3_outer(axis, axis) * (1.0 - c);
 }
 
 double Mat3_max_abs(const Mat3 &a) {

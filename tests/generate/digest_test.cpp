@@ -47,7 +47,7 @@ Maze *relaxed(double size, double smoothing, double repulsion) {
 
 Maze *build(const std::string &name, double a, double b, double c) {
   const auto i = static_cast<int32_t>(a), j = static_cast<int32_t>(b), k = static_cast<int32_t>(c);
-  rand_seed(name == "choose" ? static_cast<uint32_t>(j) : 1);
+  rand_seed(name == "choose" || name == "nested-twice" ? static_cast<uint32_t>(j) : 1);
   if (name == "plane_xy") return Maze_plane_xy(i, j);
   if (name == "plane_xz") return Maze_plane_xz(i, j);
   if (name == "plane_yz") return Maze_plane_yz(i, j);
@@ -61,8 +61,8 @@ Maze *build(const std::string &name, double a, double b, double c) {
   if (name == "box") return Maze_box(i, j, k);
   if (name == "topologies") return random_topologies(a, j);
   if (name == "relaxed") return relaxed(a, b, c);
-  EXPECT_EQ(name, "choose");
-  return Maze_new_tree(i);
+  if (name == "choose") return Maze_new_tree(i);
+  return Maze_new_of_kind(*MazeKind_find(name.c_str()), a);
 }
 
 struct Digest {

@@ -19,47 +19,50 @@ using Shape = void (*)(ShapeList *out, Maze *maze, int32_t node, uint32_t colour
 constexpr Shape outer_shapes[] = {voronoi_outline, voronoi_box,      voronoi_box,
                                   voronoi_terrain, voronoi_delaunay, voronoi_outline};
 
-void add_cell(int32_t mode, Maze *maze, int32_t node, std::vector<ExtentBall> *out) {
+void visit_cell(int32_t mode, Maze *maze, int32_t node, const VisitBall &visit) {
   static ShapeList vertices; // keeps its memory
   vertices.clear();
   outer_shapes[mode](&vertices, maze, node, 0);
   for (const ShapeVertex &vertex : vertices)
-    out->push_back({vertex.place, 0});
+    visit(vertex.place, 0);
 }
 
-// The hub and the corners of its roads.
-void add_plates(Maze *maze, int32_t node, std::vector<ExtentBall> *out) {
+// The corners of a hub's roads.
+void visit_plates(Maze *maze, int32_t node, const VisitBall &visit) {
   const Vec3 place = node_position(maze_nodes(maze)[node]);
   const EdgeAngleRec *recs = edgeanglerecs(maze) + static_cast<size_t>(node) * pos_max_edges;
   Pos ends[pos_max_edges];
   for (int32_t i = Pos_alledges(maze, node, ends, nullptr); i-- > 0;) {
-    out->push_back({place + recs[i].corner1, 0});
-    out->push_back({place + recs[i].corner2, 0});
+    visit(place + recs[i].corner1, 0);
+    visit(place + recs[i].corner2, 0);
+  }
+}
+
+void visit_node(const PlotName &plot, Maze *maze, int32_t node, const VisitBall &visit) {
+  const MazeNode &row = maze_nodes(maze)[node];
+  if (row.submaze != nullptr) return;
+  if (plot.landscape >= 0) return visit_cell(plot.landscape, maze, node, visit);
+  if (plot.type == gantry_type) return visit_plates(maze, node, visit);
+  visit(node_position(row), maze->halfwidth);
+}
+
+void visit_names(bool all, const Maze *root, const VisitBall &visit) {
+  const std::vector<TreeBounds> bounds = Maze_tree_bounds(root);
+  size_t i = 0;
+  for (const Maze *maze = root; maze != nullptr; maze = Maze_next(root, maze), i++) {
+    if (maze->name == nullptr || (maze != root && !all)) continue;
+    const MazeLabelCorners corners = maze_label_corners(maze->name, bounds[i].min, bounds[i].max);
+    visit(corners.low, 0);
+    visit(corners.high, 0);
   }
 }
 
 } // namespace
 
-void drawn_extent_begin(const PlotName &plot, Maze *root) {
-  if (plot.landscape >= 0) voronoi_attach_missing(root, 1);
-}
-
-void drawn_extent(const PlotName &plot, Maze *maze, int32_t node, std::vector<ExtentBall> *out) {
-  const MazeNode &row = maze_nodes(maze)[node];
-  if (row.submaze != nullptr) return;
-  if (plot.landscape >= 0) return add_cell(plot.landscape, maze, node, out);
-  if (plot.type == gantry_type) return add_plates(maze, node, out);
-  out->push_back({node_position(row), maze->halfwidth});
-}
-
-void drawn_extent_of_names(const PlotName &plot, const Maze *root, std::vector<ExtentBall> *out) {
-  if (plot.landscape >= 0 || plot.type != line_type) return;
-  const std::vector<TreeBounds> bounds = Maze_tree_bounds(root);
-  size_t i = 0;
-  for (const Maze *maze = root; maze != nullptr; maze = Maze_next(root, maze), i++) {
-    if (maze->name == nullptr || (maze != root && !plot.fixed)) continue;
-    const MazeLabelCorners corners = maze_label_corners(maze->name, bounds[i].min, bounds[i].max);
-    out->push_back({corners.low, 0});
-    out->push_back({corners.high, 0});
-  }
+void drawn_extent(const PlotName &plot, Maze *root, const VisitBall &visit) {
+  if (plot.landscape >= 0)
+    voronoi_attach_missing(root, 1);
+  else if (plot.type == line_type)
+    visit_names(plot.fixed, root, visit);
+  Maze_each_node(root, true, [&](Maze *maze, int32_t i) { visit_node(plot, maze, i, visit); });
 }

@@ -1,24 +1,14 @@
 #pragma once
 
-#include <vector>
+#include <functional>
 
 #include "maker/plot_names.h"
 #include "maze/maze.h"
 
-// What plots draw, for framing it.
+// Receives a ball in world units; a radius of 0 is a point.
+using VisitBall = std::function<void(Vec3 centre, double radius)>;
 
-// A part of space; a radius of 0 is a point.
-struct ExtentBall {
-  Vec3 centre;
-  double radius; // world units
-};
-
-// Builds what drawn_extent needs.
-void drawn_extent_begin(const PlotName &plot, Maze *root);
-
-// Appends balls around all that a plot draws for a node. Ribbons are drawn up to 0.5 % of their
-// distance wider on each side. A node with a submaze adds nothing.
-void drawn_extent(const PlotName &plot, Maze *maze, int32_t node, std::vector<ExtentBall> *out);
-
-// Appends the corners of the names that a plot draws. Needs the font "fmod".
-void drawn_extent_of_names(const PlotName &plot, const Maze *root, std::vector<ExtentBall> *out);
+// Visits balls around all that a plot draws of a tree, the names included, for framing it. Ribbons
+// are drawn up to 0.5 % of their distance wider on each side. Builds the landscape's cells. Needs
+// the font "fmod".
+void drawn_extent(const PlotName &plot, Maze *root, const VisitBall &visit);

@@ -205,6 +205,8 @@ bool check(const Options &options) {
     return usage_error("--turntable needs --picture");
   if (options.save.empty() && options.picture.empty() && !options.statistics)
     return usage_error("nothing to do without --save, --picture or --statistics");
+  if (!options.save.empty() && options.save == options.picture)
+    return usage_error("--save and --picture need two files");
   return true;
 }
 

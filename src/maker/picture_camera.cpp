@@ -7,7 +7,6 @@
 #include "gfx/projection.h"
 #include "maker/drawn_extent.h"
 #include "maker/outline.h"
-#include "maze/walk.h"
 #include "render/gl/frustum.h"
 #include "world/camera.h"
 
@@ -16,24 +15,6 @@ namespace {
 constexpr double default_yaw = 0.4, default_pitch = -0.8; // radians, from above and aside
 constexpr double frame_share = 0.94;  // of the picture that the whole maze takes
 constexpr int32_t circle_points = 64; // that replace a circle
-
-// Calls visit(ball) for all that the plot draws.
-template <typename Visit>
-void each_drawn(const PlotName &plot, const World &world, const Visit &visit) {
-  std::vector<ExtentBall> balls;
-  const auto visit_all = [&] {
-    for (const ExtentBall &ball : balls)
-      visit(ball);
-    balls.clear();
-  };
-  drawn_extent_begin(plot, world.root);
-  drawn_extent_of_names(plot, world.root, &balls);
-  visit_all();
-  Maze_each_node(world.root, true, [&](Maze *maze, int32_t i) {
-    drawn_extent(plot, maze, i, &balls);
-    visit_all();
-  });
-}
 
 // Adds a square around a ball, which can be a point.
 void add_square(Outline *outline, double x, double y, double radius) {
@@ -123,9 +104,9 @@ Vec3 framed_eye(Framing *framing) {
 // A turn needs room for all that the drawn parts pass through: circles around the pivot.
 void add_turned(const PlotName &plot, const World &world, Vec3 pivot, Framing *framing) {
   Outline profile; // distances from the axis, and heights
-  each_drawn(plot, world, [&](const ExtentBall &ball) {
-    const Vec3 p = ball.centre - pivot;
-    add_square(&profile, std::hypot(p.x, p.y), p.z, ball.radius);
+  drawn_extent(plot, world.root, [&](Vec3 centre, double radius) {
+    const Vec3 p = centre - pivot;
+    add_square(&profile, std::hypot(p.x, p.y), p.z, radius);
   });
   outline_reduce(&profile);
   for (const PlanePoint p : profile.points) {
@@ -139,8 +120,8 @@ void add_turned(const PlotName &plot, const World &world, Vec3 pivot, Framing *f
 // The middle of what is drawn.
 Vec3 middle(const PlotName &plot, const World &world) {
   Box box = box_empty;
-  each_drawn(plot, world, [&](const ExtentBall &ball) {
-    if (is_finite(ball.centre)) box_add(&box, ball.centre);
+  drawn_extent(plot, world.root, [&](Vec3 centre, double) {
+    if (is_finite(centre)) box_add(&box, centre);
   });
   return (box.low + box.high) / 2;
 }
@@ -153,8 +134,8 @@ void frame_all(const Options &options, const World &world, PictureCamera *plan) 
     plan->pivot = middle(plot, world);
     add_turned(plot, world, plan->pivot, &framing);
   } else {
-    each_drawn(plot, world,
-               [&](const ExtentBall &ball) { add_ball(&framing, ball.centre, ball.radius); });
+    drawn_extent(plot, world.root,
+                 [&](Vec3 centre, double radius) { add_ball(&framing, centre, radius); });
   }
   plan->eye = framed_eye(&framing);
   plan->keeps_distance = !is_finite(plan->eye);

@@ -130,7 +130,8 @@ constexpr OptionRow option_rows[] = {
     {"kind", "NAME", parse_kind,
      "plane, grid, hexagon, honeycomb, polar, sphere, box, torus, band,\n"
      "patchwork, nested, nested-twice or ladder; by default any but box, patchwork and ladder"},
-    {"side", "N", parse_integer<&Options::side, 1, 100000>, "size of the kind"},
+    {"side", "N", parse_integer<&Options::side, 1, 100000>,
+     "size of the kind; by default that of a new maze in Vorel"},
     {"seed", "N", parse_seed, "0 to 4294967295; the same seed gives the same maze everywhere"},
     {"load", "FILE", parse_text<&Options::load>, "load this session instead of making a maze"},
     {"walk", "N", parse_integer<&Options::walk, 0, INT32_MAX>,

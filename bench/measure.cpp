@@ -90,7 +90,7 @@ void measure_add(const Work &work) {
 
 void measure_fresh_memory(size_t bytes) {
   malloc_trim(0);
-  void *block = memory_block(bytes);
+  void *block = memory_try_block(bytes);
   if (block == nullptr) return;
   std::memset(block, 1, bytes);
   measure_keep(block);

@@ -27,18 +27,18 @@ for key in d a Right Left d; do
   push 300 "$key, along the corridor" 0.5 $key
 done
 
-# drag BUTTON: from the middle of the window along the corridor and a little upwards, until the
-# picture changes.
+# drag BUTTON: from the middle of the window along the corridor and a little upwards, again until the
+# picture changes: an emulated desktop can lose the press.
 eval "$(xdotool getwindowgeometry --shell "$vorel_window")"
 drag() {
-  xdotool mousemove --window "$vorel_window" $((WIDTH / 2)) $((HEIGHT / 2)) mousedown "$1"
-  desktop_wait "button $1 to move the picture" dragged
-  xdotool mouseup "$1"
+  button=$1
+  desktop_wait "button $button to move the picture" dragged
   wait_still
 }
 dragged() {
-  xdotool mousemove_relative -- 20 -8
-  sleep 0.1
+  xdotool mousemove --window "$vorel_window" $((WIDTH / 2)) $((HEIGHT / 2)) mousedown "$button"
+  for _ in 1 2 3 4 5; do xdotool mousemove_relative -- 20 -8 sleep 0.1; done
+  xdotool mouseup "$button"
   picture_differs 300
 }
 drag 1

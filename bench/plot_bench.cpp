@@ -209,7 +209,11 @@ void add_held(const std::string &name, PlotDraw draw, bool is_reference) {
     if (is_reference) reference_follow_drops(fresh.root);
     draw_slabs(&fresh, draw);
   };
-  measure_add({name, frame, copy_tree, [] { Maze_destroy(fresh.root, 1); }});
+  const auto begin = [draw] {
+    copy_tree();
+    draw_slabs(&fresh, draw);
+  };
+  measure_add({name, frame, begin, [] { Maze_destroy(fresh.root, 1); }});
 }
 
 void add_step(const std::string &name, void (*compile)()) {

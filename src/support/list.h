@@ -70,7 +70,7 @@ template <typename Row> const Row *rows(const GrowList &list) {
 
 // The same as GrowList_append, faster where there is room.
 template <typename Row> void append_row(GrowList *list, const Row &row) {
-  if (list->count == list->capacity)
+  if (list->count >= list->capacity) // above it if the rows are borrowed
     GrowList_append(list, &row);
   else
     rows<Row>(*list)[list->count++] = row;

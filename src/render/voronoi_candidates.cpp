@@ -71,7 +71,7 @@ size_t nearest_sector(const Ring &ring) {
 }
 
 // Drops the last poles that are not corners of the convex hull if `after` comes next.
-size_t drop_inner(const Pole *poles, size_t count, Pole after) {
+size_t drop_inner(const Pole *poles, size_t count, const Pole &after) {
   while (count > 1 && cross(poles[count - 2], poles[count - 1], after) <= 0)
     count--;
   return count;

@@ -84,8 +84,7 @@ bool read_node(ByteReader *in, MazeNode *node) {
 
 void read_name(ByteReader *in, char **name) {
   std::string text;
-  for (uint8_t c = read_number<uint8_t>(in); c != 0;
-       c = read_number<uint8_t>(in)) // 0 after the end of the file
+  while (const auto c = read_number<uint8_t>(in)) // 0 after the end of the file
     text.push_back(static_cast<char>(c));
   if (!in->failed && !text.empty()) str_dup_into(name, text.c_str());
 }
@@ -99,10 +98,10 @@ struct Level {
   int64_t unmatched;        // slots for later nodes less slots for earlier nodes
 };
 
-// Checks a slot of the last node read, `i`. A slot for an earlier node needs one back. Since no
-// node has two slots for another, all match if there are as many for later nodes as for earlier
-// ones.
-bool slot_is_valid(Level *level, int32_t i, uint32_t r) {
+// Counts a slot of the last node read, `i`; false if it is not valid. A slot for an earlier node
+// needs one back. Since no node has two slots for another, all match if there are as many for later
+// nodes as for earlier ones.
+bool count_slot(Level *level, int32_t i, uint32_t r) {
   const MazeNode *nodes = maze_nodes(level->maze);
   const int32_t *nbr = nodes[i].nbr, to = nbr[r];
   if (to < 0 || to >= static_cast<int32_t>(level->count) || to == i) return false;
@@ -162,7 +161,7 @@ void read_nodes(MazeReader *reader) {
     if (reader->in->failed) return;
     level.maze->nodes.count++;
     for (uint32_t r = 0; r < nodes[i].degree; r++)
-      if (!slot_is_valid(&level, static_cast<int32_t>(i), r)) reader->in->failed = true;
+      if (!count_slot(&level, static_cast<int32_t>(i), r)) reader->in->failed = true;
     if (holds) return begin_submaze(reader, i);
   }
 }

@@ -12,6 +12,10 @@ constexpr double max_finite_query = 1e100;           // squares of larger length
 constexpr double four_with_slack = 4.0 * (1 + 1e-6); // for rounding
 constexpr size_t initial_room = 64;                  // points
 
+size_t number(bool condition) {
+  return condition ? 1 : 0;
+}
+
 // The cell of a place and those around it.
 GridBlock adjacent_cells(const PointGrid *grid, Vec3 place) {
   GridBlock block = PointGrid_block(grid, place, {0, 0, 0});
@@ -129,9 +133,10 @@ void voronoi_candidates(VoronoiCandidates *found, const PointGrid *grid, Vec3 pl
                  [&](const GridPoint &point) {
                    const Vec3 way = point.place - place;
                    const double flat = way.x * way.x + way.y * way.y;
-                   const bool is_near = (flat <= limit) & (flat + way.z * way.z <= query * query);
                    if (found->count == found->points.size()) found->points.resize(2 * found->count);
                    found->points[found->count] = &point;
-                   found->count += is_near & (flat != 0) ? 1 : 0; // a branch would be mispredicted
+                   // A branch would be mispredicted.
+                   found->count += number(flat <= limit) & number(flat != 0) &
+                                   number(flat + way.z * way.z <= query * query);
                  });
 }

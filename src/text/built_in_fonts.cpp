@@ -14,7 +14,7 @@ std::vector<uint8_t> font_build_fmod() {
   uint32_t size = 0;
   uint8_t *records = fmod_generate(&size);
   font_build(records, size, "fmod");
-  const std::vector<uint8_t> bytes(records, records + size);
+  std::vector<uint8_t> bytes(records, records + size);
   std::free(records);
   return bytes;
 }

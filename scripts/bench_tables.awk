@@ -79,7 +79,7 @@ function print_lines(   i, what, text, values) {
   }
 }
 
-function growth_cells(name, unit,   i, side, key, text) {
+function growth_cells(name, unit,   i, side, key, cell, text) {
   for (i = 1; i <= size_count; i++) {
     side = sizes[i]
     key = name "/" side

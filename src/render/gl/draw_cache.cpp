@@ -173,7 +173,7 @@ void defer(DrawCache *cache, Chunk *chunk, const World *world) {
 
 // The first node of a chunk that ends before `end`. A chunk is up to a quarter longer or three
 // quarters shorter if the next node is far away, as after a row of a wide plane: the bounds of
-// nodes at both ends of the plane would be in sight from almost everywhere.
+// nodes at both ends of the plane would be visible from almost everywhere.
 int32_t chunk_first(const Maze *maze, int32_t end, int32_t usual_nodes) {
   if (end <= usual_nodes) return 0;
   const MazeNode *nodes = maze_nodes(maze);

@@ -14,6 +14,23 @@ Pos enter(Maze *maze, int32_t from, int32_t to) {
   return door;
 }
 
+// Calls visit(end, row, index) for the edges of a node, the last one first: where it ends, its row
+// in the tree, and its index in Pos_alledges. Without `all_levels`, for the node's own slots only.
+template <typename Visit>
+void each_edge(Maze *maze, int32_t node, bool all_levels, const Visit &visit) {
+  assert(node >= 0 && node < maze_count(maze));
+  const MazeNode *nodes = maze_nodes(maze);
+  const MazeNode &here = nodes[node];
+  const Pos exit = all_levels ? Pos_submaze_exit(maze, node) : Pos_null;
+  if (exit.maze != nullptr)
+    visit(exit, maze_nodes(maze->parent)[maze->parentnode].edge[node], here.degree);
+  for (uint32_t r = here.degree; r-- > 0;) {
+    const int32_t to = here.nbr[r];
+    const bool enters = all_levels && nodes[to].submaze != nullptr;
+    visit(enters ? enter(maze, node, to) : Pos{maze, to}, here.edge[r], r);
+  }
+}
+
 // Where a step from `from` to its neighbour `to` ends: at a door if `to` holds a maze.
 Pos walk_to(Maze *maze, int32_t from, int32_t to) {
   if (maze_nodes(maze)[to].submaze != nullptr) return Pos_submaze_enter(maze, from, to);
@@ -46,49 +63,24 @@ Pos Pos_submaze_exit(Maze *maze, int32_t node) {
 }
 
 int32_t Pos_alledges(Maze *maze, int32_t node, Pos *out, MazeEdge *edges_out) {
-  assert(node >= 0 && node < maze_count(maze));
-  const MazeNode &here = maze_nodes(maze)[node];
-  int32_t count = 0;
-  for (uint32_t r = 0; r < here.degree; r++, count++) {
-    out[count] = walk_to(maze, node, here.nbr[r]);
-    if (out[count].maze == nullptr)
-      report_fatal("maze", 115, "Pos_alledges: Pos_submaze_enter returned Pos_null");
-    if (edges_out != nullptr) edges_out[count] = here.edge[r];
-  }
-  out[count] = Pos_submaze_exit(maze, node);
-  if (out[count].maze == nullptr) return count;
-  if (edges_out != nullptr)
-    edges_out[count] = maze_nodes(maze->parent)[maze->parentnode].edge[node];
-  return count + 1;
+  return Pos_edges(maze, node, true, out, edges_out);
 }
 
 int32_t Pos_edges(Maze *maze, int32_t node, bool all_levels, Pos *out, MazeEdge *edges_out) {
-  if (all_levels) return Pos_alledges(maze, node, out, edges_out);
-  assert(node >= 0 && node < maze_count(maze));
-  const MazeNode &here = maze_nodes(maze)[node];
-  for (uint32_t r = 0; r < here.degree; r++) {
-    out[r] = {maze, here.nbr[r]};
-    if (edges_out != nullptr) edges_out[r] = here.edge[r];
-  }
-  return static_cast<int32_t>(here.degree);
+  int32_t count = 0;
+  each_edge(maze, node, all_levels, [&](Pos end, const MazeEdge &row, uint32_t index) {
+    out[index] = end;
+    if (edges_out != nullptr) edges_out[index] = row;
+    count++;
+  });
+  return count;
 }
 
 int32_t Pos_first_end_edges(Maze *maze, int32_t node, bool all_levels, PosEdge *out) {
-  assert(node >= 0 && node < maze_count(maze));
-  const MazeNode *nodes = maze_nodes(maze);
-  const MazeNode &here = nodes[node];
   int32_t count = 0;
-  const auto add = [&](Pos end, const MazeEdge *row, uint32_t index) {
-    if (Pos_before({maze, node}, end)) out[count++] = {end, row, static_cast<int32_t>(index)};
-  };
-  const Pos exit = all_levels ? Pos_submaze_exit(maze, node) : Pos_null;
-  if (exit.maze != nullptr)
-    add(exit, &maze_nodes(maze->parent)[maze->parentnode].edge[node], here.degree);
-  for (uint32_t r = here.degree; r-- > 0;) {
-    const int32_t to = here.nbr[r];
-    const bool enters = all_levels && nodes[to].submaze != nullptr;
-    add(enters ? enter(maze, node, to) : Pos{maze, to}, &here.edge[r], r);
-  }
+  each_edge(maze, node, all_levels, [&](Pos end, const MazeEdge &row, uint32_t index) {
+    if (Pos_before({maze, node}, end)) out[count++] = {end, &row, static_cast<int32_t>(index)};
+  });
   return count;
 }
 

@@ -40,15 +40,14 @@ desktop_stop() {
   wait 2>/dev/null || true
 }
 
-desktop_wait_limit=300 # tenths of a second
+desktop_wait_limit=60 # seconds
 
 # desktop_wait WHAT COMMAND...: waits until the command succeeds, at most for the limit.
 desktop_wait() {
-  local what=$1 tries=0
+  local what=$1 end=$((SECONDS + desktop_wait_limit))
   shift
   until "$@"; do
-    tries=$((tries + 1))
-    if [ $tries -gt $desktop_wait_limit ]; then
+    if [ $SECONDS -ge $end ]; then
       echo "gave up waiting for $what" >&2
       exit 1
     fi

@@ -5,13 +5,16 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <iterator>
 #include <string_view>
+#include <system_error>
 
 #include <getopt.h>
 
 #include "generate/new_tree.h"
 #include "maker/plot_names.h"
+#include "support/file.h"
 #include "support/sentence.h"
 
 namespace {
@@ -193,6 +196,17 @@ bool check_side(const Options &options) {
          usage_error("a %s has a side of at least %d", kind.name, kind.min_size);
 }
 
+// Links are followed. The files need not exist.
+std::filesystem::path place_of(const std::string &name) {
+  std::error_code ignored;
+  const std::filesystem::path path = std::filesystem::absolute(file_path(name), ignored);
+  return std::filesystem::weakly_canonical(path, ignored);
+}
+
+bool is_same_place(const std::string &a, const std::string &b) {
+  return !a.empty() && !b.empty() && place_of(a) == place_of(b);
+}
+
 // Checks combinations of options.
 bool check(const Options &options) {
   if (!options.load.empty() && (!options.kind.empty() || options.side > 0))
@@ -206,7 +220,7 @@ bool check(const Options &options) {
     return usage_error("--turntable needs --picture");
   if (options.save.empty() && options.picture.empty() && !options.statistics)
     return usage_error("nothing to do without --save, --picture or --statistics");
-  if (!options.save.empty() && options.save == options.picture)
+  if (is_same_place(options.save, options.picture))
     return usage_error("--save and --picture need two files");
   return true;
 }

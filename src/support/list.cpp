@@ -53,6 +53,11 @@ void *change_capacity(GrowList *list, uint32_t capacity) {
   return take_block(list, new_block(list, capacity), capacity);
 }
 
+// How many rows fit without a new block.
+uint32_t room(const GrowList *list) {
+  return list->capacity > 0 ? list->capacity : list->count;
+}
+
 void shrink_if_sparse(GrowList *list) {
   if (list->capacity <= list->initial) return;
   const double used = static_cast<double>(list->count) / list->capacity;
@@ -90,11 +95,11 @@ uint32_t GrowList_append_many(GrowList *list, const void *row_block, uint32_t m)
 }
 
 void GrowList_reserve(GrowList *list, uint32_t capacity) {
-  if (capacity > list->capacity) std::free(change_capacity(list, capacity));
+  if (capacity > room(list)) std::free(change_capacity(list, capacity));
 }
 
 bool GrowList_try_reserve(GrowList *list, uint32_t capacity) {
-  if (capacity <= list->capacity) return true;
+  if (capacity <= room(list)) return true;
   void *fresh = memory_try_block(block_size(list, capacity));
   if (fresh == nullptr) return false;
   std::free(take_block(list, fresh, capacity));

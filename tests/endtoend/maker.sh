@@ -26,7 +26,7 @@ refused() {
 }
 for options in "1 --load a.dat --picture a.png" "1 --load none.dat --statistics" "1 --kind plane --side 90000 --statistics" \
   2 "2 --bogus" "2 --side" "2 --side 3" "2 --kind x" "2 --kind ladder --side 2" "2 --size 9x" "2 --seed -1 --statistics" \
-  "2 --seed 1e3 --statistics" "2 --zoom inf --statistics" "2 --whole --zoom 3 --picture d.png" "2 --save e --picture e"; do
+  "2 --seed 1e3 --statistics" "2 --zoom inf --statistics" "2 --whole --zoom 3 --picture d.png" "2 --save e --picture ./e"; do
   # shellcheck disable=SC2086
   refused $options
 done

@@ -51,8 +51,8 @@ double run(const Timed &timed, TimeKind kind) {
   return (all - restoring) / timed.steps;
 }
 
-// The first run pays for what later ones find done. After a short one, the second tells how many
-// steps fill a run.
+// The first run warms up. If it is short, a second gives the number of steps that fill
+// run_milliseconds.
 void choose_steps(Timed &timed) {
   if (timed.work.is_once || run(timed, TimeKind::wall) > run_milliseconds) return;
   timed.steps = static_cast<int>(std::ceil(run_milliseconds / run(timed, TimeKind::wall)));

@@ -33,8 +33,8 @@ void measure_add(const Work &work);
 // median time of a step as "ROW/WHO,milliseconds".
 void measure_all(int argc, char **argv);
 
-// Gives freed memory back to the system, so that the next steps take fresh memory. A virtual
-// machine may have passed on what is free to its host: this gets as many bytes back, untimed.
+// Returns freed memory to the system, so that the next steps take fresh pages. Then touches and
+// frees `bytes`, untimed, so that a virtual machine has them back from its host.
 void measure_fresh_memory(size_t bytes);
 
 // Lets the compiler assume that a result is read.

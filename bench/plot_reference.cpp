@@ -433,11 +433,6 @@ void reference_voronoi_plot(const World *world) {
   call_tree(world->root, cells, compile_cells);
 }
 
-void reference_drop_tree(Maze *maze) {
-  for (const char *name : reference_name)
-    Attachment_drop_tree(maze, name);
-}
-
 void reference_follow_drops(Maze *maze) {
   for (const Kind kind : {edges, nodes, balls, sticks, plates, cells})
     if (Attachment_find(maze, plot_name[kind]) == 0) Attachment_drop(maze, reference_name[kind]);

@@ -30,8 +30,6 @@ void plot_slab(const World *world, PlotDraw draw, void (*set_slab)(float matrix[
 // Compiles one of a maze's lists, 0 for edges and 1 for nodes.
 void reference_line_compile(Maze *maze, int32_t which, uint32_t name);
 
-// Drops what the reference plots keep of a tree.
-void reference_drop_tree(Maze *maze);
-
-// Drops it where the plots' own attachment was dropped, as by a step.
+// Drops what the reference plots keep of a maze where the plots' own attachment was dropped, as by
+// a step.
 void reference_follow_drops(Maze *maze);

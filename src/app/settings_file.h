@@ -6,8 +6,8 @@
 // a file that can't be read is not replaced.
 
 // Reads the settings, adds missing ones and writes the file. Sets `windowed`, the coded
-// resolution and the switches that have no keys. "Roamers" and "Trail" count if they are there, and
-// are not added.
+// resolution and the switches that have no keys. "Roamers", "Trail" and "Anaglyph" take effect if
+// they are there, and are not added.
 void settings_start(Run *run);
 
 // Writes the file and frees the settings.

@@ -7,7 +7,7 @@
 struct MazeKind {
   const char *name;
   SubmazeGenerator build;
-  double size;        // that Maze_new_tree gives it; 0 for a kind without a size
+  double size; // the side in Maze_new_tree; 0: the builder ignores it, and the tree is labelled
   double node_factor; // it has about node_factor * size^node_power nodes
   int32_t node_power;
   int32_t min_size;       // below it trees can be empty or have too few doors

@@ -27,6 +27,8 @@ struct Lattice {
   Vec3 right, up, deep;
 };
 
+constexpr int32_t max_hexagon = 23169; // its lattice has fewer than 2^31 nodes
+
 constexpr Vec3 along_x = {1, 0, 0};
 constexpr Vec3 along_y = {0, 1, 0};
 constexpr Vec3 along_z = {0, 0, 1};
@@ -249,7 +251,7 @@ Maze *Maze_hexagon(int32_t n) {
 
 Maze *Maze_honeycomb(int32_t n, int32_t holes) {
   Maze *maze = Maze_new();
-  if (n < 0 || (n & 1 << 30) != 0) return maze;
+  if (n < 0 || n > max_hexagon) return maze;
   const int32_t m = 2 * n + 1;
   GrowList_reserve(&maze->nodes, static_cast<uint32_t>(m * m));
   for (int32_t j = 0; j < m; j++)

@@ -5,7 +5,7 @@
 // Builders of uncarved graphs, with a spacing of about 1 between neighbours. The caller owns the
 // result. What does not fit a size gives a maze without nodes.
 
-// Lattices. Counts are in nodes.
+// Lattices. Counts are in nodes; their product must be below 2^31.
 
 // Node (column, row) has the index row * w + column. The position is (column, row, 0) for xy,
 // (column, 0, row) for xz and (0, column, row) for yz.
@@ -17,7 +17,7 @@ Maze *Maze_plane_yz(int32_t w, int32_t h);
 Maze *Maze_grid3d(int32_t w, int32_t h, int32_t d);
 
 // A regular hexagon of triangles with n + 1 nodes per side. The origin is a corner of its bounding
-// lattice, not its centre. Empty if n is negative or has bit 30 set.
+// lattice, not its centre. Empty if n is negative or above 23,169.
 Maze *Maze_hexagon(int32_t n);
 
 // The same, but if `holes` is not 0 without the node in the middle of each small hexagon.

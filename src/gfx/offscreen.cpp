@@ -44,8 +44,8 @@ void delete_buffers(const Offscreen *target) {
 
 } // namespace
 
-// Pushes and pops the state while the previous framebuffer is bound, since it selects buffers of
-// it.
+// glPushAttrib also saves which buffer of the bound framebuffer is drawn to, so it and glPopAttrib
+// run while the previous framebuffer is bound.
 bool offscreen_begin(Offscreen *target, int32_t width, int32_t height, bool with_depth) {
   if (!has_framebuffers()) return false;
   *target = {};

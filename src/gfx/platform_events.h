@@ -28,7 +28,7 @@ void event_mouse(const MouseEvent &mouse);
 // The latest mouse event, with the buttons released if the window has lost the focus since.
 MouseEvent event_latest_mouse();
 
-// Whether buttons count for nothing until all of them have been up once.
+// Whether presses are ignored until all buttons have been up once.
 bool event_awaits_release();
 
 // The wheel was turned: forward if above 0, otherwise backward.

@@ -309,9 +309,7 @@ bool is_headless_driver(const char *driver) {
 
 } // namespace
 
-void platform_dpi_aware() {
-  SDL_SetHint(SDL_HINT_WINDOWS_DPI_AWARENESS, "system");
-}
+void platform_dpi_aware() {} // needed on Windows alone
 
 bool platform_connect(bool hidden) {
   if (hidden) SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "offscreen", SDL_HINT_OVERRIDE);

@@ -51,14 +51,14 @@ void put_header(uint8_t *at, int32_t width, int32_t height) {
 bool write_file(const void *pixels, int32_t width, int32_t height, const char *path) {
   uint8_t header[header_size];
   put_header(header, width, height);
-  FILE *file = std::fopen(path, "wb");
+  FILE *file = file_fopen(path, "wb");
   if (file == nullptr) return false;
   const size_t size = row_length(width) * static_cast<size_t>(height);
   const bool written = std::fwrite(header, 1, sizeof header, file) == sizeof header &&
                        std::fwrite(pixels, 1, size, file) == size;
   if (file_close_written(file, written)) return true;
   const int cause = errno;
-  std::remove(path);
+  file_remove(path);
   errno = cause;
   return false;
 }
@@ -74,7 +74,7 @@ std::string png_path(const std::string &path) {
 // The time when a file was last written; a constant if it does not exist.
 std::filesystem::file_time_type written_at(const std::string &path) {
   std::error_code error;
-  const auto time = std::filesystem::last_write_time(path, error);
+  const auto time = std::filesystem::last_write_time(file_path(path), error);
   return error ? std::filesystem::file_time_type() : time;
 }
 
@@ -91,7 +91,7 @@ void convert_file(const std::string &path) {
         "is \"%s\"",
         conversion_limit / 1000, path.c_str());
   // A new PNG means success, unless the command was stopped: then it is incomplete.
-  if (written_at(png) != before) std::remove(ended ? path.c_str() : png.c_str());
+  if (written_at(png) != before) file_remove(ended ? path : png);
 }
 
 } // namespace

@@ -31,15 +31,17 @@ void stereo_two_screen(StereoScene scene, const void *context, int32_t swap, int
 void stereo_colour(StereoScene scene, const void *context, uint32_t first_colour,
                    uint32_t second_colour, double eye_offset, double neg_depth);
 
-// What mixes two eyes in place of the colours: a program.
+// A shader program that combines the pictures of both eyes.
 struct StereoMixer {
-  // Makes it current, for the first eye in texture unit 0, with the texture coordinates, and the
-  // second in unit 1. False, with nothing changed, if it can't serve glasses of these colours.
+  // Makes the program current. The first eye's picture is then in texture unit 0, with texture
+  // coordinates, the second's in unit 1. False, with nothing changed, if it has no matrices for
+  // these colours.
   bool (*begin)(uint32_t first_colour, uint32_t second_colour);
-  void (*end)(); // back to the fixed pipeline
+  void (*end)(); // returns to the fixed pipeline
 };
 
-// Sets what stereo_colour mixes with; null functions at first, for the colours alone.
+// Sets what combines the pictures. Without a mixer, or where `begin` is false, the tinted pictures
+// are added.
 void stereo_set_mixer(const StereoMixer &mixer);
 
 // Turns a frame that has one eye's picture above the other's into alternate lines. Which eye gets a

@@ -62,8 +62,8 @@ Maze *make_tree(const Options &options) {
   return fits_memory(kind, size, options) ? Maze_new_of_kind(kind, size) : nullptr;
 }
 
-// The generator ignores the highest bit of its state, so that seeds of the upper half begin a draw
-// later.
+// rand15 never shows bit 31 of its state, so that seeds S and S + 2^31 would give the same maze.
+// Those of the upper half skip a draw.
 void seed_random_numbers(uint32_t seed) {
   rand_seed(seed);
   if (seed > INT32_MAX) rand15();

@@ -161,6 +161,8 @@ constexpr OptionRow option_rows[] = {
     {"version", nullptr, nullptr, "print name, version and licence"},
 };
 
+static_assert(std::size(option_rows) <= ' ', "unknown_option tells row numbers from letters");
+
 void print_help() {
   std::puts("Usage: vorel-maze [OPTION]...\n"
             "Makes a maze and saves it, draws it or counts it.\n");

@@ -55,6 +55,7 @@ void draw_tile(const World &world, int32_t mode, int32_t x, int32_t y, int32_t s
     const size_t at = 3 * (line * static_cast<size_t>(image->width) + static_cast<size_t>(x));
     glReadPixels(0, row, width, 1, GL_RGB, GL_UNSIGNED_BYTE, &image->rgb[at]);
   }
+  glPixelStorei(GL_PACK_ALIGNMENT, 4); // the default, which other readers expect
 }
 
 int32_t tiles_along(int32_t length, int32_t side) {
@@ -82,7 +83,7 @@ bool draw_tiles(const World &world, int32_t mode, const Frame &frame, Image *ima
   return true;
 }
 
-// Makes alternate lines of a picture that has one eye above the other.
+// Interlaces a picture that has one eye above the other.
 void interlace(Image *image) {
   const std::vector<uint8_t> split = image->rgb;
   const int64_t row_bytes = int64_t{3} * image->width;

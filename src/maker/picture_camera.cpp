@@ -77,7 +77,7 @@ struct Framing {
   Vec3 back;
 };
 
-// The eyes see what is far or near shifted to the sides.
+// In stereo leaves more room at the sides, where parallax shifts what is far or near.
 Framing framing_for(const Options &options, const Mat3 &view) {
   float projection[16];
   projection_perspective(options.stereo == 4 ? options.width / 2 : options.width,
@@ -101,7 +101,7 @@ Vec3 framed_eye(Framing *framing) {
           distance};
 }
 
-// A turn needs room for all that the drawn parts pass through: circles around the pivot.
+// Adds the circles on which the drawn parts move in a turn around the pivot.
 void add_turned(const PlotName &plot, const World &world, Vec3 pivot, Framing *framing) {
   Outline profile; // distances from the axis, and heights
   drawn_extent(plot, world.root, [&](Vec3 centre, double radius) {

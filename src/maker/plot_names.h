@@ -9,7 +9,7 @@ struct PlotName {
   int32_t type;
   int32_t landscape; // its mode; -1: no landscape
   bool fixed;
-  double node_bytes; // of memory for a picture of a whole maze, measured: the most of any kind
+  double node_bytes; // memory per node for a picture of a whole maze: the highest of any kind
 };
 
 // lines, gantry, balls, fixed or landscape-0 to landscape-5; null if there is no plot of that name.

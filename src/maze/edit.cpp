@@ -134,7 +134,7 @@ void Maze_align_doors(Maze *maze) {
 }
 
 int32_t Maze_dump(const Maze *maze, const char *path, const char *title) {
-  FILE *file = std::fopen(path, "a");
+  FILE *file = file_fopen(path, "a");
   if (file == nullptr) {
     report_sentence("the dump of the maze could not be written to \"%s\"", path);
     return -1;

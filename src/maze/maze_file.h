@@ -12,6 +12,7 @@ void Maze_write(const Maze *root, ByteWriter *out, const Maze *current);
 
 // Reads a well-formed tree of any depth, in which no door holds a maze. `current` gets the maze
 // whose flag is set; without one it stays as it is. Mazes can be empty; positions and times can be
-// any numbers. Returns null for anything else. Never reads past the input, and reserves memory for
-// at most twice the nodes that the input could hold, and one per maze.
+// any numbers. Returns null for anything else, and if there is no memory (`in->out_of_memory`).
+// Never reads past the input, and reserves memory for at most twice the nodes that the input could
+// hold, and one per maze.
 Maze *Maze_read(ByteReader *in, Maze **current);

@@ -8,7 +8,7 @@ bool anaglyph_dubois;
 
 namespace {
 
-// From the colours of the eye behind one glass to what is shown of it, row by row.
+// The matrix, row by row, from the colour of one eye's picture to its part of the anaglyph.
 struct GlassMatrix {
   uint32_t colour, other_colour; // of this glass and of the other one
   float rows[16];

@@ -29,8 +29,8 @@ const EdgeAngleRec *edgeanglerecs(Maze *maze);
 // Computes the rows and attaches them, without looking for older ones.
 const EdgeAngleRec *edgeanglerecs_build(Maze *maze);
 
-// Attaches rows that are computed later, if there are none. They are those of now: what moves a
-// node settles the nodes that it is joined to in other mazes (Attachment_before_move).
+// Attaches rows, if there are none, without computing them. Reading one later gives what it would
+// give now: Attachment_before_move computes the rows whose other ends will move.
 void edge_angles_defer(Maze *maze);
 
 // The rows of one plain node.

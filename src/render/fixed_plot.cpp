@@ -5,7 +5,6 @@
 #include "generate/transform.h"
 #include "gfx/gl.h"
 #include "gfx/gl_util.h"
-#include "maze/attachment_names.h"
 #include "maze/pos.h"
 #include "render/disc.h"
 #include "render/gl/draw_cache.h"
@@ -100,10 +99,6 @@ void node_discs(Pos here, const View &view) {
                  view.camera);
 }
 
-bool is_plain(Pos pos) {
-  return maze_nodes(pos.maze)[pos.node].submaze == nullptr;
-}
-
 // The nodes of a maze that the line plot's cache doesn't cull, or all if there is no cache. With
 // `all_levels` the mazes that it holds, too.
 CullResult cull(const Maze *maze, bool all_levels, const Frustum &frustum) {
@@ -123,7 +118,7 @@ void each_plain(Maze *maze, const std::vector<NodeRange> &ranges, bool (*is_in_r
   for (const NodeRange nodes : ranges) {
     for (int32_t i = nodes.end - 1; i >= nodes.first; i--) {
       const Pos here = {maze, i};
-      if (is_plain(here) && is_in_reach(Pos_position(here), eye)) draw(here);
+      if (Pos_is_place(here) && is_in_reach(Pos_position(here), eye)) draw(here);
     }
   }
 }
@@ -175,7 +170,7 @@ struct Labels {
 void label(Labels *labels, const Maze *maze) {
   if (labels->next == labels->bounds.size()) *labels = {{}, 0};
   if (labels->bounds.empty() && maze->name != nullptr) {
-    const Box *known = draw_cache_node_bounds(maze, attachment_line_lists);
+    const Box *known = draw_cache_node_bounds(maze);
     if (known != nullptr) return maze_label_at(maze->name, known->low, known->high);
     labels->bounds = Maze_tree_bounds(maze);
   }

@@ -4,7 +4,6 @@
 
 #include "generate/transform.h"
 #include "gfx/gl.h"
-#include "maze/attachment_names.h"
 #include "render/gl/draw_cache.h"
 #include "text/font.h"
 #include "text/layout.h"
@@ -27,7 +26,7 @@ void print(double x, double y, double z, const std::string &text, double cell) {
 } // namespace
 
 void maze_label(const Maze *maze) {
-  const Box *known = draw_cache_node_bounds(maze, attachment_line_lists);
+  const Box *known = draw_cache_node_bounds(maze);
   if (known != nullptr) return maze_label_at(maze->name, known->low, known->high);
   Vec3 low, high;
   Maze_bounds(maze, &low, &high);

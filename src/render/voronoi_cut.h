@@ -8,8 +8,8 @@
 
 // Cuts a cell out of a square, bisector by bisector.
 
-// The value of a corner by a bisector is its distance beyond it, times the distance of the two
-// nodes. From this value on, the corner is outside.
+// A bisector cuts off a corner whose distance beyond it, times the distance of the two nodes, is at
+// least this.
 constexpr double voronoi_tolerance = 1e-6;
 
 struct CutCell {

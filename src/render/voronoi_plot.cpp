@@ -20,7 +20,7 @@
 namespace {
 
 constexpr int32_t chunk_nodes = 256;
-constexpr int32_t few_nodes = 64; // where a node has many faces, to be renewed at little cost
+constexpr int32_t few_nodes = 64; // for modes with many faces per node: renewing is cheap
 constexpr double max_wall = 1.0;  // above its height and half its thickness
 constexpr double marker_radius = 0.12;
 constexpr double marker_lift = 0.3; // towards the eye

@@ -1,9 +1,9 @@
 #pragma once
 
-// Something to do while the program works: there are no threads.
+// A timer that interrupts the program: there are no threads.
 
-// Calls `ring` once, that many seconds from now. It interrupts the program anywhere, so it may only
-// use atomic variables and stderr_write. False if the system can't interrupt a program.
+// Calls `ring` once, `seconds` (above 0) from now, in a signal handler: it may use only atomic
+// variables and stderr_write. Replaces an earlier alarm. False if the system has none.
 bool alarm_start(double seconds, void (*ring)());
 
 // Writes a text to the standard error at once; also from `ring`.

@@ -103,6 +103,7 @@ long file_size(FILE *stream) {
 }
 
 bool file_replace_begin(FileReplacement *file, const char *target, bool text, FileFlush flush) {
+  file->stream = nullptr;
   file->flush = flush;
   file_ignore_size_signal();
   file->target = resolve_links(target);

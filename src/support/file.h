@@ -30,8 +30,9 @@ struct FileReplacement {
   FileFlush flush;       // of file_replace_end
 };
 
-// Creates a temporary file in the target's folder, in text mode or not. False, with errno, on
-// failure, or if the target is read-only. With FileFlush::later nothing is done that can take long.
+// Creates a temporary file in the target's folder, in text mode or not. False, with errno and a
+// null stream, on failure, or if the target is read-only. With FileFlush::later nothing is done
+// that can take long.
 bool file_replace_begin(FileReplacement *file, const char *target, bool text,
                         FileFlush flush = FileFlush::wait);
 
@@ -79,11 +80,13 @@ struct FileIdentity {
   bool operator==(const FileIdentity &other) const = default;
 };
 
-// A name as a path, and a path as a name. What can't be converted becomes a question mark.
+// A name as a path. On Windows, a name that is not UTF-8 throws std::filesystem::filesystem_error.
 std::filesystem::path file_path(const std::string &name);
-std::string file_utf8(const std::filesystem::path &path);
 
 // The functions below differ between systems.
+
+// A path as a name. On Windows, U+FFFD replaces what is not valid UTF-16.
+std::string file_utf8(const std::filesystem::path &path);
 
 // The file with this name, with symbolic links resolved; all zero if there is none.
 FileIdentity file_identity(const std::string &name);
@@ -126,7 +129,7 @@ bool file_has_holes(FILE *stream);
 // Whether a stream is shown on a terminal.
 bool file_is_terminal(FILE *stream);
 
-// Opens the standard streams that are closed on the null device. Otherwise the next file or
+// Opens the null device as each standard stream that is closed. Otherwise the next file or
 // connection would take their descriptors and receive the messages. Call this before anything else.
 void file_open_standard_streams();
 

@@ -22,7 +22,7 @@ ExitState exit_state;
 // Other threads, which are the graphics driver's, get an exception: they must not save the session.
 void new_failed() {
   if (clock_thread() == exit_state.main_thread) memory_exhausted();
-  std::set_new_handler(nullptr);
+  throw std::bad_alloc();
 }
 
 } // namespace

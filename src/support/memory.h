@@ -6,8 +6,8 @@
 // Running out of memory ends the program, in one place. Only where a file names a size is the
 // failure handled instead: memory_try_block.
 
-// Reserves memory for the end of the program, and makes `new` on this thread end it when there is
-// none left.
+// Reserves 4 MiB for the end of the program. A `new` on this thread that fails then ends the
+// program by memory_exhausted.
 void memory_begin();
 
 // Blocks of at least one byte, released with std::free. memory_zeroed fills its block with zeros,
@@ -26,7 +26,8 @@ void memory_set_save(void (*save)());
 // by std::exit. A call during all that, or after memory_forbid_exit, ends it at once.
 [[noreturn]] void memory_exhausted();
 
-// For code that runs inside std::exit, which must not be called twice.
+// Frees the reserve. From now on memory_exhausted ends the program at once. For functions of
+// std::atexit: std::exit must not be called twice.
 void memory_forbid_exit();
 
 // Differs between systems. Asks for huge pages in a block, where whole ones fit.

@@ -24,8 +24,10 @@ void World_serialise(const World *world, GrowList *blocks);
 // Roamers, there are none, and the rest is loaded.
 SessionLoad World_load(World *world, const char *path);
 
-// Writes the bytes of the file.
+// Writes the bytes of the file and flushes them. `out->failed` and errno tell of a failure.
 void World_write(const World *world, ByteWriter *out);
 
-// Reads a session up to the end of the input; false if it is malformed.
+// Reads a session up to the end of the input. False, with `world` unchanged, if it is malformed, if
+// reading fails (ferror), or if there is no memory (`in->out_of_memory`). Does not free what
+// `world` held before.
 bool World_read(World *world, ByteReader *in);

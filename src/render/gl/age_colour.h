@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-// Whether ages show by brightness alone, for readers who can't tell hues; a setting.
+// Whether ages show by brightness instead of hue, for colour-blind users; a setting.
 extern bool age_colour_light;
 
 // The colour, 0xRRGGBB, that an age in seconds adds to an edge or a node. A fresh trail is white;

@@ -7,6 +7,7 @@
 
 #include "gfx/window.h"
 #include "maze/attachment.h"
+#include "maze/attachment_names.h"
 #include "maze/pos.h"
 #include "render/gl/draw_cache_records.h"
 #include "render/gl/draw_cache_renewal.h"
@@ -461,8 +462,8 @@ void draw_cache_compile(Maze *maze, const PlotBatch &batch, bool all_levels, con
   }
 }
 
-const Box *draw_cache_node_bounds(const Maze *maze, const char *attachment) {
-  const DrawCache *cache = find(maze, attachment);
+const Box *draw_cache_node_bounds(const Maze *maze) {
+  const DrawCache *cache = find(maze, attachment_line_lists);
   return cache != nullptr && cache->complete ? &cache->subtree_nodes : nullptr;
 }
 

@@ -33,9 +33,9 @@ void draw_cache_draw_immediate(Maze *maze, const PlotBatch &batch, int32_t pass,
 // Builds what is missing of a maze's cache and compiles all its display lists.
 void draw_cache_compile(Maze *maze, const PlotBatch &batch, bool all_levels, const World *world);
 
-// The bounds that Maze_bounds gives for a maze; null unless the caches of the maze and of all mazes
-// below it are built, as attachments of that name.
-const Box *draw_cache_node_bounds(const Maze *maze, const char *attachment);
+// The bounds that Maze_bounds gives for a maze; null unless the line plot's caches of the maze and
+// of all mazes below it are built.
+const Box *draw_cache_node_bounds(const Maze *maze);
 
 struct CullResult {
   std::vector<NodeRange> nodes; // that may be visible, last nodes first
@@ -45,6 +45,6 @@ struct CullResult {
 // Appends what a frustum doesn't cull of a maze, without visiting its nodes. False if the cache
 // isn't built, or was built without the edges to other mazes. The bounds follow the ends of edges
 // in other mazes, which can move without a rebuild of this cache; all else is where it was when the
-// cache was built.
+// cache was built. The batch must have an `end_stream`.
 bool draw_cache_cull(const Maze *maze, const PlotBatch &batch, const Frustum &frustum,
                      double margin, CullResult *result);

@@ -19,7 +19,7 @@ struct CollectInput {
   NodeRange nodes;
   bool all_levels;                   // with the edges to other mazes
   const World *world;                // for the colours of ages; null: none are shown
-  const uint32_t *colours = nullptr; // that `defer` kept of these nodes; null: as they are now
+  const uint32_t *colours = nullptr; // stored by `defer` for these nodes; null: the current ones
 };
 
 // Prefetches what a plot reads of a node: its place, slots, times and colours.
@@ -49,7 +49,7 @@ struct PrimitiveStream {
   // Sends primitives from `first` to before `end`, within glBegin and glEnd; null: never drawn.
   void (*draw)(const GrowList &primitives, uint32_t first, uint32_t end, double halfwidth);
 
-  uint32_t renewable_bytes = 0; // at the end of a primitive: changes of them may show late
+  uint32_t renewable_bytes = 0; // at its end, whose changes may be drawn some frames late
 };
 
 constexpr int32_t max_streams = 3;
@@ -68,7 +68,7 @@ struct PlotBatch {
   void (*defer)(const CollectInput &input, GrowList *colours, Box *box) = nullptr;
 
   PrimitiveStream streams[max_streams];
-  uint32_t colours_per_node = 0;        // room for deferred ones; more grow the list
+  uint32_t colours_per_node = 0;        // that `defer` appends, to reserve memory
   int32_t passes = 1;                   // the first streams, each drawn in a pass of its own
   int32_t chunk_nodes;                  // nodes of a display list, more or less
   bool renews_touched = false;          // chunks are renewed when their nodes are touched

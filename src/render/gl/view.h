@@ -27,7 +27,7 @@ View view_make(const World *world, Vec3 followed, const EyeMatrices &eye,
 // Loads the projection into GL and makes this the current View. The modelview must be loaded.
 void view_use(const View &view);
 
-// The current View, for functions that are given none. A World that they are given must be its own.
+// The current View, for functions without a View parameter. `world` must be the one that it shows.
 const View &view_current();
 const View &view_of(const World *world);
 

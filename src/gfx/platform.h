@@ -97,7 +97,7 @@ void platform_allow_screen_saver(bool allowed);
 // Shows a box with an error sign and one button, and returns when the user has answered.
 void platform_message_box(const char *caption, const char *text);
 
-// Writes the local date and time as "2018-Jan-31 23:59:59", with the month in the user's language;
-// an empty text if the time is unknown.
+// Writes the local date and time as "2018-Jan-31 23:59:59", on Windows with the month in the user's
+// language; an empty text if the time is unknown.
 constexpr int32_t platform_date_size = 64;
 void platform_date(char date[platform_date_size]);

@@ -47,15 +47,37 @@ int32_t key_of_layout(SDL_Keycode code) {
          map_range(code, SDLK_KP_1, SDLK_KP_9, 97);
 }
 
-// By the user's layout. A key whose symbol has no code, as in another alphabet or with digits on
-// Shift, goes by its position on the keyboard.
-int32_t virtual_key(int scancode) {
-  SDL_Keycode code = SDL_GetKeyFromScancode(static_cast<SDL_Scancode>(scancode));
-  int32_t key = key_of_layout(code);
-  if (key != 0) return key;
+// Letters and digits by their places on the keyboard; 0 for other keys.
+int32_t key_of_place(int scancode) {
   return map_range(scancode, SDL_SCANCODE_A, SDL_SCANCODE_Z, 'A') +
          map_range(scancode, SDL_SCANCODE_1, SDL_SCANCODE_9, '1') +
          map_range(scancode, SDL_SCANCODE_0, SDL_SCANCODE_0, '0');
+}
+
+// Whether no key of the layout gives this letter, as in other alphabets.
+bool is_missing_letter(int32_t key) {
+  const int32_t code = map_range(key, 'A', 'Z', SDLK_a);
+  return code != 0 && SDL_GetScancodeFromKey(code) == SDL_SCANCODE_UNKNOWN;
+}
+
+// With Num Lock off, SDL still gives the digits of the keypad.
+int32_t keypad_arrow(SDL_Keycode code) {
+  if ((SDL_GetModState() & KMOD_NUM) != 0) return 0;
+  return map_range(code, SDLK_KP_4, SDLK_KP_4, vk_left) +
+         map_range(code, SDLK_KP_8, SDLK_KP_8, vk_up) +
+         map_range(code, SDLK_KP_6, SDLK_KP_6, vk_right) +
+         map_range(code, SDLK_KP_2, SDLK_KP_2, vk_down);
+}
+
+// By the user's layout. A key whose symbol has no code, as with digits on Shift, goes by its place,
+// and so does one whose place is that of a letter which the layout lacks.
+int32_t virtual_key(int scancode) {
+  const SDL_Keycode code = SDL_GetKeyFromScancode(static_cast<SDL_Scancode>(scancode));
+  const int32_t place = key_of_place(scancode);
+  if (is_missing_letter(place)) return place;
+  if (const int32_t arrow = keypad_arrow(code); arrow != 0) return arrow;
+  const int32_t key = key_of_layout(code);
+  return key != 0 ? key : place;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "gfx/platform.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 #include <windows.h>
@@ -29,6 +30,7 @@ HGLRC gl_context;
 bool fullscreen;
 bool cursor_hidden;
 bool session_ends;
+bool box_is_open;
 char last_error[512];
 
 void keep_error() {
@@ -45,7 +47,7 @@ void keep_error() {
 }
 
 // Handlers of a group of messages each. They return false for what the system is to handle.
-bool window_message(UINT message, LPARAM lparam) {
+bool window_message(UINT message, WPARAM wparam, LPARAM lparam) {
   switch (message) {
   case WM_CLOSE:
   case WM_DESTROY:
@@ -57,6 +59,9 @@ bool window_message(UINT message, LPARAM lparam) {
   case WM_QUERYENDSESSION: // the system allows some seconds before it ends the program
     session_ends = true;
     event_quit();
+    return false;
+  case WM_ENDSESSION: // the frame that would save does not come while a box is open
+    if (box_is_open && wparam != FALSE) std::exit(0);
     return false;
   default:
     return false;
@@ -113,7 +118,7 @@ bool mouse_message(UINT message, WPARAM wparam, LPARAM lparam) {
 }
 
 LRESULT CALLBACK gfx_window_proc(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-  const bool handled = window_message(message, lparam) || key_message(message, wparam) ||
+  const bool handled = window_message(message, wparam, lparam) || key_message(message, wparam) ||
                        mouse_message(message, wparam, lparam);
   return handled ? 0 : DefWindowProcA(window, message, wparam, lparam);
 }
@@ -422,12 +427,18 @@ void platform_allow_screen_saver(bool allowed) {
   SetThreadExecutionState(allowed ? ES_CONTINUOUS : ES_CONTINUOUS | ES_DISPLAY_REQUIRED);
 }
 
+// Puts a hidden cursor back where it was: its motion to the button would move the user.
 void platform_message_box(const char *caption, const char *text) {
   const bool was_hidden = cursor_hidden;
+  const DisplayPoint cursor = platform_cursor();
   platform_show_cursor(true); // to answer with
+  box_is_open = true;
   MessageBoxA(window_handle, text, caption, box_style);
+  box_is_open = false;
   wait_for_answer_keys();
-  if (was_hidden) platform_show_cursor(false);
+  if (!was_hidden) return;
+  platform_set_cursor(cursor);
+  platform_show_cursor(false);
 }
 
 void platform_date(char date[platform_date_size]) {

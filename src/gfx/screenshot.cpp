@@ -78,7 +78,22 @@ std::filesystem::file_time_type written_at(const std::string &path) {
   return error ? std::filesystem::file_time_type() : time;
 }
 
+// Whether a file ends with the name and the checksum of a PNG's last chunk. A converter can fail
+// after it has written a part.
+bool is_whole_png(const std::string &path) {
+  constexpr char last_chunk[] = "IEND\xAE\x42\x60\x82";
+  constexpr long length = sizeof last_chunk - 1;
+  char end[length] = {};
+  FILE *file = file_open(path.c_str());
+  if (file == nullptr) return false;
+  const bool read =
+      std::fseek(file, -length, SEEK_END) == 0 && std::fread(end, length, 1, file) == 1;
+  file_close_read(file);
+  return read && std::memcmp(end, last_chunk, length) == 0;
+}
+
 // Removes the BMP only if the PNG is new: there may be one of an earlier shot with the same name.
+// The status of the command can't decide: a converter may warn of the constant sizes in the header.
 void convert_file(const std::string &path) {
   const std::string png = png_path(path);
   const auto before = written_at(png);
@@ -90,8 +105,7 @@ void convert_file(const std::string &path) {
         "the command \"magick\" took longer than %d seconds and was stopped; the picture "
         "is \"%s\"",
         conversion_limit / 1000, path.c_str());
-  // A new PNG means success, unless the command was stopped: then it is incomplete.
-  if (written_at(png) != before) file_remove(ended ? path : png);
+  if (written_at(png) != before) file_remove(ended && is_whole_png(png) ? path : png);
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 . "$(dirname "$0")/lib.sh"
 mkdir bin
 # The sizes in the header are not those of the picture, which the converter says and then passes.
-printf '#!/bin/sh\ncd "$(dirname "$0")/.."\nshift 2\nexec convert "$@" 2>/dev/null\n' >bin/magick
+printf '#!/bin/sh\ncd "$(dirname "$0")/.."\nconvert "$3" "png:$4.part" 2>/dev/null\nmv "$4.part" "$4"\n' >bin/magick
 chmod +x bin/magick
 PATH=$PWD/bin:$PATH
 # The shell there takes a batch file, first from the folder that it is in, and starts what is not of

@@ -49,12 +49,14 @@ TEST_F(Screenshot, FrameIsSavedUnderANumberFromTheClock) {
 }
 
 TEST_F(Screenshot, BmpIsRemovedOnlyForANewPng) {
-  const char *const convert = "[ \"$1 $2\" = '-quality 95' ] && cp \"$3\" \"$4\"; exit 3";
+  const char *const convert =
+      "[ \"$1 $2\" = '-quality 95' ] && printf '12IEND\\256B\\140\\202' >\"$4\"; exit 3";
   // The script, the path of the BMP, and all files afterwards.
   const std::array<const char *, 3> cases[] = {
       {convert, "a b.v2.bmp", ".bin a b.v2.png "},
       {"exit 0", "a b.v2.bmp", ".bin a b.v2.bmp a b.v2.png "}, // the PNG of an earlier shot
-      {convert, ".x", ".bin .x.png a b.v2.bmp a b.v2.png "}};
+      {"echo half >\"$4\"", "a b.v2.bmp", ".bin a b.v2.bmp "},
+      {convert, ".x", ".bin .x.png a b.v2.bmp "}};
   for (const auto &[script, path, expected] : cases) {
     set_magick(script);
     bmp_write("1234567890ab", 1, 3, path, 1);

@@ -56,8 +56,8 @@ SessionPlace save_after_failure(const Run *run, const char *path) {
   std::string other;
   const SessionPlace place = save_elsewhere(run, &other);
   if (place == SessionPlace::nowhere)
-    report_sentence("the session could not be saved to \"%s\" (%s) or anywhere else; the old "
-                    "file is unchanged",
+    report_sentence("the session could not be saved to \"%s\" (%s) or anywhere else; no "
+                    "file has been changed",
                     path, failure.c_str());
   else
     report_sentence("the session could not be saved to \"%s\" (%s); it has been saved to \"%s\"",
@@ -69,7 +69,7 @@ SessionPlace save_beside(const Run *run, const char *reason) {
   std::string path;
   const SessionPlace place = save_elsewhere(run, &path);
   if (place == SessionPlace::nowhere)
-    report_sentence("the session could not be saved anywhere (%s); the old file is unchanged",
+    report_sentence("the session could not be saved anywhere (%s); no file has been changed",
                     std::strerror(errno));
   else
     report_sentence("the session has been saved to \"%s\", not to \"%s\", since %s", path.c_str(),
@@ -104,6 +104,11 @@ SessionPlace session_save(const Run *run) {
   if (reason != nullptr) return save_beside(run, reason);
   if (World_save(&run->world, session_path)) return SessionPlace::this_folder;
   return save_after_failure(run, session_path);
+}
+
+void session_save_again(const Run *run) {
+  if (reason_to_keep(run) == nullptr && World_save(&run->world, session_path))
+    report_sentence("the session has been saved to \"%s\" after all", session_path);
 }
 
 void session_save_for_recovery(Run *run) {

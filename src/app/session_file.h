@@ -17,6 +17,10 @@ enum class SessionPlace { nowhere, another_folder, this_folder };
 // the folder for temporary files.
 SessionPlace session_save(const Run *run);
 
+// Saves a session that was saved in another folder under its usual name after all, if that succeeds
+// now: without the recovery file there can be room on the disk.
+void session_save_again(const Run *run);
+
 // Writes the session to the recovery file, for an end without a save. On failure saves it under
 // another name.
 void session_save_for_recovery(Run *run);

@@ -28,7 +28,7 @@ void save_settings(Run *run) {
     return;
   if (run->settings_failed) return;
   run->settings_failed = true;
-  report_sentence("the settings could not be written to \"%s\" (%s); the old file is unchanged",
+  report_sentence("the settings could not be written to \"%s\" (%s); no file has been changed",
                   settings_path, std::strerror(errno));
 }
 

@@ -70,19 +70,19 @@ Maze *ladder(double) {
 }
 
 constexpr MazeKind kinds[] = {
-    {"plane", random_plane, 50.0, 1.0, 2, 3, 0, 3, true},
-    {"hexagon", hexagon, 25.0, 3.1, 2, 1, 0, 1, true},
-    {"honeycomb", honeycomb, 50.0, 2.1, 2, 1, 0, 1, true},
-    {"grid", random_block, 10.0, 1.0, 3, 1, 0, 1, true},
-    {"polar", polar, 50.0, 3.2, 2, 1, 0, 1, true},
-    {"sphere", Maze_sphere, 20.0, 12.6, 2, 1, 0, 1, true},
-    {"nested", Maze_random_topology, 20.0, 2.5, 2, 4, 1, 1, true},
-    {"nested-twice", Maze_random_topology, 10.0, 1.6, 2, 4, 2, 1, true},
-    {"torus", torus, 20.0, 19.8, 2, 1, 0, 1, true},
-    {"band", mobius, 20.0, 12.6, 2, 1, 0, 1, true},
-    {"box", box, 20.0, 6.0, 2, 1, 0, 0, true},
-    {"patchwork", patchwork, 0.0, 0.0, 0, 1, 0, 0, true},
-    {"ladder", ladder, 0.0, 0.0, 0, 1, 0, 0, false},
+    {"plane", random_plane, 50.0, 1.0, 2, 3, 0, 3, 400, true},
+    {"hexagon", hexagon, 25.0, 3.1, 2, 1, 0, 1, 460, true},
+    {"honeycomb", honeycomb, 50.0, 2.1, 2, 1, 0, 1, 960, true},
+    {"grid", random_block, 10.0, 1.0, 3, 1, 0, 1, 400, true},
+    {"polar", polar, 50.0, 3.2, 2, 1, 0, 1, 400, true},
+    {"sphere", Maze_sphere, 20.0, 12.6, 2, 1, 0, 1, 400, true},
+    {"nested", Maze_random_topology, 20.0, 2.5, 2, 4, 1, 1, 400, true},
+    {"nested-twice", Maze_random_topology, 10.0, 1.6, 2, 4, 2, 1, 400, true},
+    {"torus", torus, 20.0, 19.8, 2, 1, 0, 1, 400, true},
+    {"band", mobius, 20.0, 12.6, 2, 1, 0, 1, 400, true},
+    {"box", box, 20.0, 6.0, 2, 1, 0, 0, 620, true},
+    {"patchwork", patchwork, 0.0, 0.0, 0, 1, 0, 0, 400, true},
+    {"ladder", ladder, 0.0, 0.0, 0, 1, 0, 0, 400, false},
 };
 
 void colour_randomly(Maze *root) {

@@ -13,6 +13,7 @@ struct MazeKind {
   int32_t min_size;       // below it trees can be empty or have too few doors
   int32_t nesting_passes; // of mazes of the same size
   int32_t draws;          // how many of the draws of Maze_new_tree make it
+  int32_t node_bytes;     // of memory per node while it is made: the most that was measured
   bool carve;             // its builder makes an uncarved graph
 };
 

@@ -23,8 +23,6 @@ namespace {
 
 constexpr double max_nodes = 1.01e7; // estimates can be a little above the true number
 
-constexpr double maze_bytes = 350; // per node, to make a maze
-
 bool load(const std::string &path, World *world) {
   switch (World_load(world, path.c_str())) {
   case SessionLoad::loaded:
@@ -47,7 +45,7 @@ double picture_bytes(const Options &options, double nodes) {
 // Refuses what memory cannot hold, in a sentence.
 bool fits_memory(const MazeKind &kind, double size, const Options &options) {
   const double nodes = MazeKind_nodes(kind, size);
-  const double bytes = nodes * maze_bytes + picture_bytes(options, nodes);
+  const double bytes = nodes * kind.node_bytes + picture_bytes(options, nodes);
   if (nodes <= max_nodes && bytes < static_cast<double>(memory_available())) return true;
   report_sentence("a %s of side %.0f has about %.3g nodes, %s", kind.name, size, nodes,
                   nodes > max_nodes ? "more than ten million"

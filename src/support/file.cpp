@@ -99,6 +99,7 @@ void file_close_read(FILE *stream) {
 long file_size(FILE *stream) {
   if (std::fseek(stream, 0, SEEK_END) != 0) return -1;
   const long size = std::ftell(stream);
+  if (size < 0) errno = EFBIG; // where a long has 32 bits
   return std::fseek(stream, 0, SEEK_SET) == 0 ? size : -1;
 }
 

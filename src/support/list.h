@@ -33,7 +33,7 @@ uint32_t GrowList_append_many(GrowList *list, const void *row_block, uint32_t m)
 // Grows the capacity to at least `capacity` rows, so that appending up to there moves nothing.
 void GrowList_reserve(GrowList *list, uint32_t capacity);
 
-// The same for a size that a file names. False, with nothing changed, if there is no memory for it.
+// The same where the program goes on without memory: false, with nothing changed.
 bool GrowList_try_reserve(GrowList *list, uint32_t capacity);
 
 // Makes an empty list put its rows into memory that stays the caller's, until it grows or is freed.

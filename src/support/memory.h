@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
-// Running out of memory ends the program, in one place. Only where a file names a size is the
-// failure handled instead: memory_try_block.
+// Running out of memory ends the program, in one place. Only where a file names a size, or a save
+// must go on without, is the failure handled instead: memory_try_block.
 
 // Reserves 4 MiB for the end of the program. A `new` on this thread that fails then ends the
 // program by memory_exhausted.

@@ -17,20 +17,21 @@ constexpr int32_t fatal_wait = 2500; // milliseconds, for the user to read the t
 constexpr int32_t line_empty_stack = 92;
 constexpr int32_t line_unknown_type = 126;
 
+GrowList report_stack; // of report_frame; its data is null before the first report
+
 struct Reporting {
-  GrowList stack = {}; // of report_frame; its data is null before the first report
-  double first = 0;    // time of the first report, seconds
+  double first = 0; // time of the first report, seconds
   ReportHooks hooks;
 };
 Reporting reporting;
 
 report_frame *top_frame() {
-  return &rows<report_frame>(reporting.stack)[reporting.stack.count - 1];
+  return &rows<report_frame>(report_stack)[report_stack.count - 1];
 }
 
 void push_blank() {
   const report_frame blank = {};
-  GrowList_append(&reporting.stack, &blank);
+  GrowList_append(&report_stack, &blank);
 }
 
 // A warning may be pushed onto this frame, so it must not keep a dangling text.
@@ -43,7 +44,7 @@ void release_text(report_frame *frame) {
 
 void pop_frame() {
   release_text(top_frame());
-  GrowList_remove(&reporting.stack, reporting.stack.count - 1);
+  GrowList_remove(&report_stack, report_stack.count - 1);
 }
 
 int32_t handle_top() {
@@ -52,14 +53,14 @@ int32_t handle_top() {
 }
 
 void start_stack() {
-  if (reporting.stack.data != nullptr) return;
-  GrowList_init(&reporting.stack, sizeof(report_frame));
+  if (report_stack.data != nullptr) return;
+  GrowList_init(&report_stack, sizeof(report_frame));
   push_blank();
   reporting.first = gfx_clock();
 }
 
 void end_operation() {
-  if (reporting.stack.count < 2)
+  if (report_stack.count < 2)
     report_fatal(source, line_empty_stack, "Trying to pop empty stack in report_inner");
   pop_frame();
   top_frame()->type = report_end;
@@ -122,7 +123,7 @@ int32_t report_inner(const char *file, int32_t line, int32_t type, const char *t
   const bool passing = type == report_warning || type == report_question;
   release_text(top_frame());
   if (passing)
-    GrowList_append(&reporting.stack, &frame);
+    GrowList_append(&report_stack, &frame);
   else
     *top_frame() = frame;
   const int32_t answer = handle_top();
@@ -174,5 +175,5 @@ void report_print(report_frame *frame) {
 }
 
 double report_elapsed() {
-  return reporting.stack.data == nullptr ? 0.0 : gfx_clock() - reporting.first;
+  return report_stack.data == nullptr ? 0.0 : gfx_clock() - reporting.first;
 }

@@ -1,6 +1,6 @@
-# The layers: a folder of src/ includes only from itself and from those before it, the first
-# four know no GL, and only files that are named after a system know one. Prints the lines of the
-# tests in relation to the source, without blank lines and comments.
+# layers.sh ROOT: checks the layers. A folder of src/ includes only from itself and from those before
+# it; the first four know no GL; only files that are named after a system know a window system. Prints
+# the lines of the tests in relation to the source, without blank lines and comments.
 set -euo pipefail
 cd "$1/src"
 layers=(support maze generate world gfx text render/gl render app maker)

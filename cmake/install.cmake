@@ -7,8 +7,12 @@ file(READ LICENSE licence)
 file(READ docs/licences/dejavu-fonts.txt font_licence)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS CHANGELOG.md LICENSE README.md)
 
+# The installed README leaves out what needs the sources: how to install, build and develop.
+file(READ README.md readme)
+string(REGEX REPLACE "## Install a package\n.*\n## Play\n" "## Play\n" readme "${readme}")
+string(REGEX REPLACE "## For developers\n.*\n<!-- end of figures -->\n\n" "" readme "${readme}")
+
 if(WIN32) # one folder, which is packed as it is
-  file(READ README.md readme)
   string(REGEX REPLACE "!\\[[^\n]*\n\n" "" readme "${readme}") # no pictures
   file(CONFIGURE OUTPUT README.txt CONTENT "${readme}" @ONLY NEWLINE_STYLE CRLF)
   file(CONFIGURE OUTPUT LICENSE.txt CONTENT "${licence}\n${font_licence}" @ONLY NEWLINE_STYLE CRLF)
@@ -40,5 +44,6 @@ foreach(page vorel.6 vorel-maze.6)
   install(FILES ${PROJECT_BINARY_DIR}/${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
 endforeach()
 file(CONFIGURE OUTPUT copyright CONTENT "${licence}\n${font_licence}" @ONLY)
-install(FILES README.md CHANGELOG.md ${PROJECT_BINARY_DIR}/copyright TYPE DOC)
+file(CONFIGURE OUTPUT documents/README.md CONTENT "${readme}" @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/documents/README.md CHANGELOG.md ${PROJECT_BINARY_DIR}/copyright TYPE DOC)
 install(DIRECTORY docs/pictures DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)

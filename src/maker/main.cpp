@@ -1,4 +1,4 @@
-// vorel-maze: any maze by name and number, as a session, as a picture, or counted.
+// vorel-maze: any maze by kind, side and seed, as a session, as a picture, or its statistics.
 #include <cerrno>
 #include <cinttypes>
 #include <cstdio>
@@ -47,9 +47,9 @@ bool fits_memory(const MazeKind &kind, double size, const Options &options) {
   const double nodes = MazeKind_nodes(kind, size);
   const double bytes = nodes * kind.node_bytes + picture_bytes(options, nodes);
   if (nodes <= max_nodes && bytes < static_cast<double>(memory_available())) return true;
-  report_sentence("a %s of side %.0f has about %.3g nodes, %s", kind.name, size, nodes,
-                  nodes > max_nodes ? "more than ten million"
-                                    : "more than the free memory can hold");
+  report_sentence(
+      "a maze of the kind %s and side %.0f has about %.3g nodes, %s", kind.name, size, nodes,
+      nodes > max_nodes ? "more than ten million" : "more than the free memory can hold");
   return false;
 }
 

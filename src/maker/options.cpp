@@ -134,7 +134,8 @@ constexpr OptionRow option_rows[] = {
      "plane, grid, hexagon, honeycomb, polar, sphere, box, torus, band,\n"
      "patchwork, nested, nested-twice or ladder; by default any but box, patchwork and ladder"},
     {"side", "N", parse_integer<&Options::side, 1, 100000>,
-     "size of the kind; by default that of a new maze in Vorel"},
+     "size of the kind, such as the radius of a sphere; needs --kind;\nby default that of a new "
+     "maze in Vorel"},
     {"seed", "N", parse_seed, "0 to 4294967295; the same seed gives the same maze everywhere"},
     {"load", "FILE", parse_text<&Options::load>, "load this session instead of making a maze"},
     {"walk", "N", parse_integer<&Options::walk, 0, INT32_MAX>,
@@ -151,12 +152,13 @@ constexpr OptionRow option_rows[] = {
     {"zoom", "Z", parse_zoom, "distance of the eye from your place, world units"},
     {"turn", "YAW,PITCH", parse_turn,
      "direction of the view, radians; a pitch of 0 looks straight down"},
-    {"whole", nullptr, parse_flag<&Options::whole>, "frame all that is drawn, without --zoom"},
+    {"whole", nullptr, parse_flag<&Options::whole>,
+     "frame all that is drawn; not together with --zoom"},
     {"grid", nullptr, parse_flag<&Options::grid>, "draw the grid"},
     {"reach", nullptr, parse_flag<&Options::reach>, "draw the reachable area in blue"},
-    {"lights", nullptr, parse_flag<&Options::lights>, "carry a light"},
+    {"lights", nullptr, parse_flag<&Options::lights>, "carry a light, in gantry and balls"},
     {"turntable", "N", parse_integer<&Options::turntable, 1, 100000>,
-     "draw N numbered pictures of one turn"},
+     "draw N pictures of one turn: FILE-0.png and so on; needs --picture"},
     {"help", nullptr, nullptr, "print this text"},
     {"version", nullptr, nullptr, "print name, version and licence"},
 };
@@ -165,7 +167,7 @@ static_assert(std::size(option_rows) <= ' ', "unknown_option tells row numbers f
 
 void print_help() {
   std::puts("Usage: vorel-maze [OPTION]...\n"
-            "Makes a maze and saves it, draws it or counts it.\n");
+            "Makes a maze, and saves it, draws it or prints its statistics.\n");
   for (const OptionRow &row : option_rows) {
     const std::string option = std::string(row.name) + (row.argument == nullptr ? "" : " ") +
                                (row.argument == nullptr ? "" : row.argument);
@@ -193,9 +195,9 @@ bool check_side(const Options &options) {
   if (options.side == 0) return true;
   if (options.kind.empty()) return usage_error("--side needs a --kind");
   const MazeKind &kind = *MazeKind_find(options.kind.c_str());
-  if (kind.size == 0) return usage_error("a %s has no side to choose", kind.name);
+  if (kind.size == 0) return usage_error("the kind %s has no side to choose", kind.name);
   return options.side >= kind.min_size ||
-         usage_error("a %s has a side of at least %d", kind.name, kind.min_size);
+         usage_error("the kind %s needs a side of at least %d", kind.name, kind.min_size);
 }
 
 // Links are followed. The files need not exist.

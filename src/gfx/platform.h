@@ -29,7 +29,8 @@ enum class PlatformOpen {
   no_current
 };
 
-// Installs the platform's clock, sleep, thread id and message box in support/. To be called first.
+// Prepares the process: handles signals, or replaces the clock, sleep, thread id and message box of
+// support/. To be called first.
 void platform_begin();
 
 // Connects to the display; with `hidden`, needs one only if hidden windows do. False, with

@@ -95,8 +95,8 @@ void draw_world(const Scene &scene) {
   world.showtrail = number("trail");
   world.view = camera_orientation(real("yaw"), real("pitch"));
   World_place_camera(&world);
-  plot_type = number("plot") % 3;
-  plot_voronoi = number("plot") == 3;
+  plot_type = number("plot") % plot_types;
+  plot_voronoi = number("plot") == plot_types;
   voronoi_mode = number("mode");
   plot_light = number("light");
   plot_grid = number("grid");

@@ -105,9 +105,12 @@ void scene() {
 // The other plots against one list for each slab of all that they send.
 struct Plot {
   const char *name;
-  int32_t type, voronoi;
+  PlotType type;
+  int32_t voronoi;
 };
-constexpr Plot plots[] = {{"gantry", 1, 0}, {"balls", 2, 0}, {"landscape", 0, 1}};
+constexpr Plot plots[] = {{"gantry", plot_type_gantry, 0},
+                          {"balls", plot_type_balls, 0},
+                          {"landscape", plot_type_lines, 1}};
 
 void choose(const Plot &plot) {
   plot_type = plot.type;
@@ -153,7 +156,7 @@ void add(const std::string &name, void (*draw)(), const std::function<void()> &p
 }
 
 void add_plots() {
-  const auto lines = [] { choose({"", 0, 0}); };
+  const auto lines = [] { choose({"", plot_type_lines, 0}); };
   add("frame/vorel", scene, lines);
   add("frame/bare", bare_frame, lines);
   for (const Plot &plot : plots) {

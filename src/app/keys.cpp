@@ -3,6 +3,7 @@
 #include "app/overlay.h"
 #include "gfx/input.h"
 #include "gfx/screenshot.h"
+#include "gfx/stereo.h"
 #include "maze/attachment.h"
 #include "maze/attachment_names.h"
 #include "render/plot_switches.h"
@@ -10,7 +11,6 @@
 
 namespace {
 
-constexpr int32_t stereo_modes = 9;
 constexpr double depth_step = 0.005; // of "Stereo Depth"
 
 // The mode can be any number, since it is read from the settings.

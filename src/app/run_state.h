@@ -15,7 +15,7 @@ struct Run {
   FileIdentity session;      // of the saved session at the start of the run
   Recovery recovery;
   bool moved;          // a relaxation has moved nodes in this frame
-  int32_t stereo_mode; // 0 to 8, but any number from the settings until a key changes it
+  int32_t stereo_mode; // a StereoMode, but any number from the settings until a key changes it
   int32_t stereo_swap; // 0 or 1
   double stereo_depth;
   uint32_t roamers; // number of Roamers, 0 to max_roamers

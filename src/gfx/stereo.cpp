@@ -170,16 +170,17 @@ void stereo_render(StereoScene scene, const void *context, int32_t mode, int32_t
   constexpr uint32_t colours[3][2] = {
       {0xFF0000, 0x00FFFF}, {0xFF0000, 0x00FF00}, {0xFF00FF, 0x00FF00}};
   const bool has_pixels = screen_width > 1 && screen_height > 1; // not while minimised
-  if (mode == 0) {
+  if (mode == stereo_off) {
     scene(context);
   } else if (!has_pixels) {
     return;
-  } else if (mode <= 3) {
+  } else if (mode <= stereo_interlaced) {
     stereo_split(scene, context, swap, eye_offset, neg_depth, mode);
-  } else if (mode <= 5) {
-    stereo_two_screen(scene, context, swap, mode == 5 ? 1 : 0, eye_offset, neg_depth);
-  } else if (mode <= 8) {
-    const auto &pair = colours[mode - 6];
+  } else if (mode <= stereo_screens_stacked) {
+    stereo_two_screen(scene, context, swap, mode == stereo_screens_stacked ? 1 : 0, eye_offset,
+                      neg_depth);
+  } else if (mode <= stereo_magenta_green) {
+    const auto &pair = colours[mode - stereo_red_cyan];
     const int first = swap != 0 ? 1 : 0;
     stereo_colour(scene, context, pair[first], pair[1 - first], eye_offset, neg_depth);
   }
@@ -191,7 +192,7 @@ void stereo_split(StereoScene scene, const void *context, int32_t swap, double e
   for (int32_t eye = 0; eye < 2; eye++) {
     const double side = side_of(eye, swap);
     load_eye_projection(stereo.eyes, side);
-    if (mode == 2)
+    if (mode == stereo_side_by_side)
       tile_viewport(screen_width * eye / 2, 0, screen_width / 2, screen_height);
     else
       tile_viewport(0, screen_height * eye / 2, screen_width, screen_height / 2);
@@ -199,7 +200,7 @@ void stereo_split(StereoScene scene, const void *context, int32_t swap, double e
   }
   tile_viewport(0, 0, screen_width, screen_height);
   gfx_load_projection(stereo.eyes.projection);
-  if (mode == 3) stereo_interlace(0);
+  if (mode == stereo_interlaced) stereo_interlace(0);
 }
 
 void stereo_two_screen(StereoScene scene, const void *context, int32_t swap, int32_t vertical,

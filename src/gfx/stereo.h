@@ -9,15 +9,29 @@
 // Draws the scene once. `context` is the pointer given with the callback.
 using StereoScene = void (*)(const void *context);
 
-// Draws the scene in one of the modes: 0 draws once; 1 to 3 are stereo_split's, 4 and 5
-// stereo_two_screen's, 6 to 8 stereo_colour's. Higher modes draw nothing; modes below 0 count as 1.
-// `eye_offset` is the distance between the eyes in world units. `neg_depth` is the negated shift
-// between the eyes' projections. If `swap` is not 0, the eyes are swapped.
+// The modes, by their numbers in the settings.
+enum StereoMode : int32_t {
+  stereo_off,
+  stereo_top_bottom,
+  stereo_side_by_side,
+  stereo_interlaced,
+  stereo_screens_across,
+  stereo_screens_stacked,
+  stereo_red_cyan,
+  stereo_red_green,
+  stereo_magenta_green
+};
+constexpr int32_t stereo_modes = 9;
+
+// Draws the scene in a StereoMode; stereo_off draws once. Higher numbers draw nothing; numbers
+// below 0 count as stereo_top_bottom. `eye_offset` is the distance between the eyes in world units.
+// `neg_depth` is the negated shift between the eyes' projections. If `swap` is not 0, the eyes are
+// swapped.
 void stereo_render(StereoScene scene, const void *context, int32_t mode, int32_t swap,
                    double eye_offset, double neg_depth);
 
-// Squeezes each eye into half the frame: left and right in mode 2, otherwise bottom and top. Mode 3
-// then interlaces them.
+// Squeezes each eye into half the frame: left and right for stereo_side_by_side, otherwise bottom
+// and top. For stereo_interlaced it then interlaces them.
 void stereo_split(StereoScene scene, const void *context, int32_t swap, double eye_offset,
                   double neg_depth, int32_t mode);
 

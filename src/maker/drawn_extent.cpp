@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr int32_t gantry_type = 1, line_type = 0; // of PlotName
-
 using Shape = void (*)(ShapeList *out, Maze *maze, int32_t node, uint32_t colour);
 
 // The outermost shapes of each mode of the landscape. The last mode draws walls along the outlines,
@@ -42,7 +40,7 @@ void visit_node(const PlotName &plot, Maze *maze, int32_t node, const VisitBall 
   const MazeNode &row = maze_nodes(maze)[node];
   if (row.submaze != nullptr) return;
   if (plot.landscape >= 0) return visit_cell(plot.landscape, maze, node, visit);
-  if (plot.type == gantry_type) return visit_plates(maze, node, visit);
+  if (plot.type == plot_type_gantry) return visit_plates(maze, node, visit);
   visit(node_position(row), maze->halfwidth);
 }
 
@@ -62,7 +60,7 @@ void visit_names(bool all, const Maze *root, const VisitBall &visit) {
 void drawn_extent(const PlotName &plot, Maze *root, const VisitBall &visit) {
   if (plot.landscape >= 0)
     voronoi_attach_missing(root, 1);
-  else if (plot.type == line_type)
+  else if (plot.type == plot_type_lines)
     visit_names(plot.fixed, root, visit);
   Maze_each_node(root, true, [&](Maze *maze, int32_t i) { visit_node(plot, maze, i, visit); });
 }

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "generate/new_tree.h"
+#include "gfx/stereo.h"
 #include "maker/options.h"
 #include "maker/output.h"
 #include "maker/picture.h"
@@ -39,7 +40,8 @@ bool load(const std::string &path, World *world) {
 double picture_bytes(const Options &options, double nodes) {
   if (options.picture.empty()) return 0;
   const double pixels = static_cast<double>(options.width) * options.height;
-  return nodes * plot_find(options.plot)->node_bytes + pixels * (options.stereo == 3 ? 6 : 3);
+  return nodes * plot_find(options.plot)->node_bytes +
+         pixels * (options.stereo == stereo_interlaced ? 6 : 3);
 }
 
 // Refuses what memory cannot hold, in a sentence.

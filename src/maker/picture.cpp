@@ -25,7 +25,6 @@
 namespace {
 
 constexpr int32_t tile_side = 4096; // pixels, at most
-constexpr int32_t interlaced_mode = 3, split_mode = 1;
 
 void set_switches(const Options &options, const World &world) {
   const PlotName &plot = *plot_find(options.plot);
@@ -118,8 +117,8 @@ bool save_frame(const Options &options, const World &world, const Frame &frame) 
   Image image = {options.width, options.height, {}};
   image.rgb.resize(size_t{3} * static_cast<size_t>(image.width) *
                    static_cast<size_t>(image.height));
-  const bool interlaced = options.stereo == interlaced_mode;
-  if (!draw_tiles(world, interlaced ? split_mode : options.stereo, frame, &image))
+  const bool interlaced = options.stereo == stereo_interlaced;
+  if (!draw_tiles(world, interlaced ? stereo_top_bottom : options.stereo, frame, &image))
     return report_file_error(path, "can't be drawn",
                              "the OpenGL driver has no framebuffer objects of that size: choose a "
                              "smaller --size, or install Mesa's software driver");

@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "gfx/projection.h"
+#include "gfx/stereo.h"
 #include "maker/drawn_extent.h"
 #include "maker/outline.h"
 #include "render/gl/frustum.h"
@@ -80,9 +81,11 @@ struct Framing {
 // In stereo leaves more room at the sides, where parallax shifts what is far or near.
 Framing framing_for(const Options &options, const Mat3 &view) {
   float projection[16];
-  projection_perspective(options.stereo == 4 ? options.width / 2 : options.width,
-                         options.stereo == 5 ? options.height / 2 : options.height, projection);
-  const double share = options.stereo > 0 ? frame_share - picture_stereo_depth : frame_share;
+  projection_perspective(
+      options.stereo == stereo_screens_across ? options.width / 2 : options.width,
+      options.stereo == stereo_screens_stacked ? options.height / 2 : options.height, projection);
+  const double share =
+      options.stereo != stereo_off ? frame_share - picture_stereo_depth : frame_share;
   return {{Mat3_row(view, 0), share / projection[0], {}},
           {Mat3_row(view, 1), frame_share / projection[5], {}},
           Mat3_row(view, 2)};

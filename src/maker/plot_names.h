@@ -3,10 +3,12 @@
 #include <cstdint>
 #include <string>
 
+#include "render/plot_switches.h"
+
 // A way of drawing that has a name, as switches of render/plot_switches.h.
 struct PlotName {
   const char *name;
-  int32_t type;
+  PlotType type;
   int32_t landscape; // its mode; -1: no landscape
   bool fixed;
   double node_bytes; // memory per node for a picture of a whole maze: the highest of any kind

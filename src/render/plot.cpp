@@ -12,9 +12,9 @@
 void plot_world(const World *world) {
   if (plot_voronoi != 0)
     voronoi_plot(world->root, world);
-  else if (plot_type == 1)
+  else if (plot_type == plot_type_gantry)
     gantry_plot(world->root, world, plot_light);
-  else if (plot_type == 2)
+  else if (plot_type == plot_type_balls)
     ballstick_plot(world->root, world, plot_light);
   else if (plot_fixed != 0)
     fixed_plot(world->root, world, 1);

@@ -2,11 +2,12 @@
 
 #include <cstdint>
 
+enum PlotType : int32_t { plot_type_lines, plot_type_gantry, plot_type_balls };
 constexpr int32_t plot_types = 3;
 constexpr int32_t voronoi_modes = 6;
 
 // Display switches, toggled by keys and not saved.
-extern int32_t plot_type;         // 0 line plot, 1 gantry, 2 balls and sticks
+extern int32_t plot_type;         // a PlotType
 extern int32_t plot_voronoi;      // 1: the landscape of cells replaces the plots of plot_type
 extern int32_t voronoi_mode;      // 0 to 5, how it looks; a change must drop "voronoilist"
 extern int32_t plot_light;        // the user carries a light, in the gantry and among the balls

@@ -106,7 +106,7 @@ TEST_F(Drawing, ANearPointIsFurtherRightInTheEvenLines) {
   picture_begin();
   smooth_lines_on(0, 5); // leaves points of one pixel
   smooth_lines_off();
-  stereo_render(draw_point, nullptr, 3, 0, 0.8, -0.03);
+  stereo_render(draw_point, nullptr, stereo_interlaced, 0, 0.8, -0.03);
   const Picture picture = picture_take();
   std::vector<int> columns[2]; // of the white pixels in even and in odd lines of the screen
   for (int y = 0; y < picture_height; y++)

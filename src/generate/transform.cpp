@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "maze/walk.h"
 #include "support/mat3.h"
@@ -25,11 +24,6 @@ double warp_coordinate(double c) {
   return (4.0 * c + 3.0 * portable_sin(c)) * 0.5;
 }
 
-void extend(TreeBounds *bounds, Vec3 low, Vec3 high) {
-  bounds->min = min_components(bounds->min, low);
-  bounds->max = max_components(bounds->max, high);
-}
-
 struct Held {
   const Maze *maze;
   size_t parent; // index of the maze that holds it
@@ -37,15 +31,14 @@ struct Held {
 
 // Returns the bounds of node 0 and the nodes without submazes of the maze with index `here`. Pushes
 // its submazes, the last one on top.
-TreeBounds visit_maze(const Maze *maze, size_t here, std::vector<Held> *stack) {
-  constexpr double infinity = std::numeric_limits<double>::infinity();
-  TreeBounds bounds = {{infinity, infinity, infinity}, {-infinity, -infinity, -infinity}};
+Box visit_maze(const Maze *maze, size_t here, std::vector<Held> *stack) {
+  Box bounds = box_empty;
   const MazeNode *nodes = maze_nodes(maze);
-  if (maze_count(maze) > 0) bounds.min = bounds.max = node_position(nodes[0]);
+  if (maze_count(maze) > 0) bounds.low = bounds.high = node_position(nodes[0]);
   for (int32_t i = 0; i < maze_count(maze); i++) {
     const Vec3 p = node_position(nodes[i]);
     if (nodes[i].submaze == nullptr)
-      extend(&bounds, p, p);
+      box_unite(&bounds, {p, p});
     else
       stack->push_back({nodes[i].submaze, here});
   }
@@ -83,8 +76,8 @@ Vec3 warp_position(Vec3 p) {
   return {warp_coordinate(p.x), warp_coordinate(p.y), warp_coordinate(p.z)};
 }
 
-std::vector<TreeBounds> Maze_tree_bounds(const Maze *root) {
-  std::vector<TreeBounds> tree;
+std::vector<Box> Maze_tree_bounds(const Maze *root) {
+  std::vector<Box> tree;
   std::vector<size_t> parents; // index of each maze's parent
   std::vector<Held> stack = {{root, 0}};
   while (!stack.empty()) {
@@ -94,14 +87,14 @@ std::vector<TreeBounds> Maze_tree_bounds(const Maze *root) {
     tree.push_back(visit_maze(next.maze, tree.size(), &stack));
   }
   for (size_t k = tree.size(); k-- > 1;)
-    extend(&tree[parents[k]], tree[k].min, tree[k].max);
+    box_unite(&tree[parents[k]], tree[k]);
   return tree;
 }
 
 void Maze_bounds(const Maze *root, Vec3 *min, Vec3 *max) {
-  const TreeBounds all = Maze_tree_bounds(root)[0];
-  *min = all.min;
-  *max = all.max;
+  const Box all = Maze_tree_bounds(root)[0];
+  *min = all.low;
+  *max = all.high;
 }
 
 void Maze_centre(Maze *maze) {

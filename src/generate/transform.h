@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "maze/maze.h"
-#include "support/vec3.h"
+#include "support/box.h"
 
 // Moves the nodes of a maze and, if `recursive` is not 0, of all mazes below it.
 
@@ -29,13 +29,9 @@ Vec3 warp_position(Vec3 p);
 // `min` is above `max`.
 void Maze_bounds(const Maze *root, Vec3 *min, Vec3 *max);
 
-struct TreeBounds {
-  Vec3 min, max;
-};
-
 // The same bounds for each maze of the tree, in the order of Maze_next, in linear time. Both
 // functions accept a shallow copy that shares submazes.
-std::vector<TreeBounds> Maze_tree_bounds(const Maze *root);
+std::vector<Box> Maze_tree_bounds(const Maze *root);
 
 // Moves this maze's own nodes so that their mean is the origin.
 void Maze_centre(Maze *maze);

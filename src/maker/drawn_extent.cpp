@@ -45,11 +45,11 @@ void visit_node(const PlotName &plot, Maze *maze, int32_t node, const VisitBall 
 }
 
 void visit_names(bool all, const Maze *root, const VisitBall &visit) {
-  const std::vector<TreeBounds> bounds = Maze_tree_bounds(root);
+  const std::vector<Box> bounds = Maze_tree_bounds(root);
   size_t i = 0;
   for (const Maze *maze = root; maze != nullptr; maze = Maze_next(root, maze), i++) {
     if (maze->name == nullptr || (maze != root && !all)) continue;
-    const MazeLabelCorners corners = maze_label_corners(maze->name, bounds[i].min, bounds[i].max);
+    const MazeLabelCorners corners = maze_label_corners(maze->name, bounds[i].low, bounds[i].high);
     visit(corners.low, 0);
     visit(corners.high, 0);
   }

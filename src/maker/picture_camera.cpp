@@ -8,7 +8,7 @@
 #include "gfx/stereo.h"
 #include "maker/drawn_extent.h"
 #include "maker/outline.h"
-#include "render/gl/frustum.h"
+#include "support/box.h"
 #include "world/camera.h"
 
 namespace {

@@ -163,7 +163,7 @@ void plot_maze(Maze *maze, const std::vector<NodeRange> &ranges, const View &vie
 // from the line plot's caches. Where they are not built, the first name computes the bounds of all
 // mazes below it at once.
 struct Labels {
-  std::vector<TreeBounds> bounds;
+  std::vector<Box> bounds;
   size_t next; // row of the next maze
 };
 
@@ -175,8 +175,8 @@ void label(Labels *labels, const Maze *maze) {
     labels->bounds = Maze_tree_bounds(maze);
   }
   if (labels->bounds.empty()) return;
-  const TreeBounds &box = labels->bounds[labels->next++];
-  if (maze->name != nullptr) maze_label_at(maze->name, box.min, box.max);
+  const Box &box = labels->bounds[labels->next++];
+  if (maze->name != nullptr) maze_label_at(maze->name, box.low, box.high);
 }
 
 } // namespace

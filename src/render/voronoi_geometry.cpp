@@ -87,7 +87,7 @@ constexpr CornerRange not_cut = {UINT32_MAX, 0};
 // The cells of a maze, each cut when it is first needed.
 struct Cells {
   Maze *maze;
-  TreeBounds bounds; // as they were when this was attached
+  Box bounds; // as they were when this was attached
   int32_t across_levels;
   bool flat; // all nodes have the same height
   PointGrid grid;
@@ -102,12 +102,12 @@ void cells_destroy(intptr_t data, Maze *) {
 }
 
 // All nodes are sites, also those that hold a maze.
-PointGrid grid_of_nodes(const Maze *maze, const TreeBounds &bounds) {
+PointGrid grid_of_nodes(const Maze *maze, const Box &bounds) {
   std::vector<Vec3> places(maze->nodes.count);
   for (uint32_t i = 0; i < maze->nodes.count; i++)
     places[i] = node_position(maze_nodes(maze)[i]);
   PointGrid grid;
-  PointGrid_build_in(&grid, places, bounds.min, bounds.max);
+  PointGrid_build_in(&grid, places, bounds.low, bounds.high);
   return grid;
 }
 
@@ -118,7 +118,7 @@ bool has_one_height(const Maze *maze) {
   return true;
 }
 
-Cells *attach(Maze *maze, const TreeBounds &bounds, int32_t across_levels) {
+Cells *attach(Maze *maze, const Box &bounds, int32_t across_levels) {
   auto *cells = new Cells{maze, bounds, across_levels, has_one_height(maze), {}, {}, {}, {}, {}};
   Attachment_add(maze, attachment_cells, reinterpret_cast<intptr_t>(cells), cells_destroy);
   return cells;
@@ -155,8 +155,8 @@ Cells *find_cells(const Maze *maze) {
 
 void voronoi_build(Maze *maze, int32_t across_levels) {
   Attachment_drop(maze, attachment_cells);
-  TreeBounds bounds;
-  Maze_bounds(maze, &bounds.min, &bounds.max);
+  Box bounds;
+  Maze_bounds(maze, &bounds.low, &bounds.high);
   Cells *cells = attach(maze, bounds, across_levels);
   cells->corners.reserve(maze->nodes.count * usual_corners);
   for (int32_t i = maze_count(maze); i-- > 0;)
@@ -165,7 +165,7 @@ void voronoi_build(Maze *maze, int32_t across_levels) {
 }
 
 void voronoi_attach_missing(Maze *root, int32_t across_levels) {
-  const std::vector<TreeBounds> bounds = Maze_tree_bounds(root);
+  const std::vector<Box> bounds = Maze_tree_bounds(root);
   size_t k = 0;
   for (Maze *maze = root; maze != nullptr; maze = Maze_next(root, maze), k++)
     if (!voronoi_is_attached(maze)) attach(maze, bounds[k], across_levels);

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "maze/maze.h"
-#include "render/gl/frustum.h"
+#include "support/box.h"
 
 // What the modes of the Voronoi plot draw for one cell. Each function appends the vertices of whole
 // primitives for a plain node of a maze with cells, whose colour is given. An empty cell adds

@@ -154,7 +154,7 @@ TEST(Generate, TreesMatchTheirDigests) {
 TEST(Generate, BoundsCoverTheFirstNodeThoughItHoldsAMaze) {
   Maze *root = scenario_path(3);
   scenario_hold(root, 0, scenario_grid(1, 1, 1, {1.5, 0, 0}));
-  EXPECT_EQ(Maze_tree_bounds(root)[0].min.x, 0);
+  EXPECT_EQ(Maze_tree_bounds(root)[0].low.x, 0);
   Maze_destroy(root, 1);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "render/gl/frustum.h"
 #include "render/gl/plot_batch.h"
+#include "support/box.h"
 
 // The records of the draw cache, for its own sources.
 

@@ -42,12 +42,6 @@ void set_plane(Frustum *frustum, int plane, const ClipRow &w, double scale, cons
 
 } // namespace
 
-double box_max_distance(const Box &box, Vec3 from) {
-  return length({std::max(std::abs(box.low.x - from.x), std::abs(box.high.x - from.x)),
-                 std::max(std::abs(box.low.y - from.y), std::abs(box.high.y - from.y)),
-                 std::max(std::abs(box.low.z - from.z), std::abs(box.high.z - from.z))});
-}
-
 Frustum frustum_of(const float projection[16], const float modelview[16]) {
   Frustum frustum = {};
   const ClipRow w = clip_row(projection, modelview, 3);

@@ -5,6 +5,7 @@
 #include "gfx/gl.h"
 #include "maze/maze.h"
 #include "render/gl/view.h"
+#include "support/box.h"
 #include "support/list.h"
 
 // What a plot supplies so that its primitives are kept, see draw_cache.h.

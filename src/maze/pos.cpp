@@ -89,6 +89,13 @@ Vec3 Pos_position(Pos pos) {
   return node_position(maze_nodes(pos.maze)[pos.node]);
 }
 
+std::vector<Vec3> Maze_node_positions(const Maze *maze) {
+  std::vector<Vec3> positions(maze->nodes.count);
+  for (uint32_t i = 0; i < maze->nodes.count; i++)
+    positions[i] = node_position(maze_nodes(maze)[i]);
+  return positions;
+}
+
 bool Pos_is_place(Pos pos) {
   if (pos.maze == nullptr || pos.node < 0 || pos.node >= maze_count(pos.maze)) return false;
   return maze_nodes(pos.maze)[pos.node].submaze == nullptr;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "maze/maze.h"
 
 // The edges of a tree of mazes, across its levels. Nothing else defines which nodes are joined.
@@ -38,6 +40,9 @@ int32_t Pos_first_end_edges(Maze *maze, int32_t node, bool all_levels, PosEdge *
 
 // World position of the node.
 Vec3 Pos_position(Pos pos);
+
+// The positions of all nodes, by index.
+std::vector<Vec3> Maze_node_positions(const Maze *maze);
 
 // Whether the user or a Roamer can be there: a node without a submaze. False for Pos_null.
 bool Pos_is_place(Pos pos);

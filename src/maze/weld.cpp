@@ -29,16 +29,9 @@ int32_t nearest_partner(const std::vector<Vec3> &positions, Vec3 p) {
   return best_distance <= weld_distance_squared ? static_cast<int32_t>(best) : -1;
 }
 
-std::vector<Vec3> node_positions(const Maze *maze) {
-  std::vector<Vec3> positions(maze->nodes.count);
-  for (uint32_t i = 0; i < maze->nodes.count; i++)
-    positions[i] = node_position(maze_nodes(maze)[i]);
-  return positions;
-}
-
 // For each node of a: the index of its partner after appending b, or -1.
 std::vector<int32_t> weld_map(const Maze *a, const Maze *b) {
-  const std::vector<Vec3> positions = node_positions(b);
+  const std::vector<Vec3> positions = Maze_node_positions(b);
   const bool few = size_t{a->nodes.count} * b->nodes.count <= brute_force_pairs;
   PointGrid grid;
   if (!few) PointGrid_build(&grid, positions);

@@ -103,11 +103,8 @@ void cells_destroy(intptr_t data, Maze *) {
 
 // All nodes are sites, also those that hold a maze.
 PointGrid grid_of_nodes(const Maze *maze, const Box &bounds) {
-  std::vector<Vec3> places(maze->nodes.count);
-  for (uint32_t i = 0; i < maze->nodes.count; i++)
-    places[i] = node_position(maze_nodes(maze)[i]);
   PointGrid grid;
-  PointGrid_build_in(&grid, places, bounds.low, bounds.high);
+  PointGrid_build_in(&grid, Maze_node_positions(maze), bounds.low, bounds.high);
   return grid;
 }
 

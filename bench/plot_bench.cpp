@@ -231,12 +231,12 @@ void add_roamers(const std::string &name, World *world) {
     large_world_look(world, world->cur, initial_zoom, 0.3, 0);
   };
   const auto step = [world] {
-    plot_roamers = 1;
+    plot_roamers = true;
     world->time += 1.0 / 60;
     World_step_roamers(world, 1.0 / 60);
     draw_cache_begin_frame();
     draw_slabs(world, own_line_plot);
-    plot_roamers = 0;
+    plot_roamers = false;
   };
   measure_add({name, step, begin});
 }

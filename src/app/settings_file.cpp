@@ -58,7 +58,7 @@ void settings_start(Run *run) {
   const double depth = std::strtod(Settings_get(&run->settings, "Stereo Depth"), nullptr);
   run->stereo_depth = std::isfinite(depth) ? depth : 0.0;
   run->roamers = roamer_count(Settings_get(&run->settings, "Roamers"));
-  plot_roamers = run->roamers > 0 ? 1 : 0;
+  plot_roamers = run->roamers > 0;
   age_colour_light = has_value(run->settings, "Trail", "light");
   anaglyph_dubois = has_value(run->settings, "Anaglyph", "dubois");
   save_settings(run);

@@ -35,7 +35,7 @@ void set_switches(const Options &options, const World &world) {
   plot_light = options.lights ? 1 : 0;
   plot_grid = options.grid ? 1 : 0;
   plot_connected = options.reach ? 1 : 0;
-  plot_roamers = world.roamers.count > 0 ? 1 : 0;
+  plot_roamers = world.roamers.count > 0;
 }
 
 // Draws one tile of the frame and copies it to its place in the picture.

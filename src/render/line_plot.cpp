@@ -89,7 +89,7 @@ void draw_ribbons(const GrowList &list, uint32_t first, uint32_t end, double hal
     const Ribbon &r = rows<Ribbon>(list)[i];
     gfx_set_colour(r.colour);
     send_normal(r.to_p);
-    if (plot_roamers != 0)
+    if (plot_roamers)
       glTexCoord3f(r.time, static_cast<float>(halfwidth), r.roamer);
     else
       glTexCoord2f(r.time, static_cast<float>(halfwidth));
@@ -105,7 +105,7 @@ void draw_disc(const Disc &disc, double halfwidth) {
   glColor4f(static_cast<float>(colour_red(disc.colour)) / 255.0F,
             static_cast<float>(colour_green(disc.colour)) / 255.0F,
             static_cast<float>(colour_blue(disc.colour)) / 255.0F, disc.time);
-  if (plot_roamers != 0) send_normal({disc.roamer, 0, 0});
+  if (plot_roamers) send_normal({disc.roamer, 0, 0});
   send_shader_quad(disc.centre, halfwidth);
 }
 
@@ -123,13 +123,13 @@ double margin(const Box &box, double halfwidth, Vec3 camera) {
 // The text that the vertex shaders share.
 std::string shared_text() {
   const std::string ages = age_colour_light ? shader_agecolour_light : shader_agecolour;
-  return plot_roamers != 0 ? ages + shader_roamers : ages;
+  return plot_roamers ? ages + shader_roamers : ages;
 }
 
 // Builds the program when it is first used.
 GLuint begin_pass(GLuint programs[2][2], const char *vertex, const char *fragment,
                   const View &view) {
-  GLuint &program = programs[age_colour_light ? 1 : 0][plot_roamers != 0 ? 1 : 0];
+  GLuint &program = programs[age_colour_light ? 1 : 0][plot_roamers ? 1 : 0];
   if (program == 0) program = program_join(shared_text().c_str(), vertex, nullptr, fragment);
   program_use(program, view.projection);
   program_set_vec3(program, "o", view.camera);

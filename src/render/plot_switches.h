@@ -13,7 +13,7 @@ extern int32_t voronoi_mode;      // 0 to 5, how it looks; a change must drop "v
 extern int32_t plot_light;        // the user carries a light, in the gantry and among the balls
 extern int32_t plot_grid;         // the grid around the current node is drawn
 extern int32_t plot_smooth_lines; // lines are antialiased at a width of 1.5 instead of blended
-extern int32_t plot_roamers;      // the lines show the trails of Roamers; a setting, without a key
+extern bool plot_roamers;         // the lines show the trails of Roamers; a setting, without a key
 
 // Likewise, by keys that act while they are held.
 extern int32_t plot_fixed;     // the fixed plot replaces the line plot

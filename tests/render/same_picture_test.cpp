@@ -291,7 +291,7 @@ TEST(SamePicture, WhereRoamersWalk) {
   SmallWorld world(Maze_plane_xy(192, 3));
   Maze_carve(world.root);
   look(&world, {world.root, 300}, 26, 0.3, -0.4);
-  plot_roamers = 1;
+  plot_roamers = true;
   const auto frames = [&](const Plot &plot, int32_t touched) {
     for (int frame = 0; frame < 12; frame++) { // two rounds
       draw_cache_begin_frame();
@@ -315,7 +315,7 @@ TEST(SamePicture, WhereRoamersWalk) {
   const Slabs before = frames(lines, 0);
   Maze_join(world.root, 0, 310);
   EXPECT_TRUE(frames(lines, 192 * 3) == before);
-  plot_roamers = 0;
+  plot_roamers = false;
 }
 
 // A step changes few of many primitives. Other changes move all of them, or add and remove some.

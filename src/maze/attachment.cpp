@@ -30,8 +30,8 @@ intptr_t Attachment_find(const Maze *maze, const char *name) {
 }
 
 void Attachment_add(Maze *maze, const char *name, intptr_t data, AttachmentDestructor destructor,
-                    AttachmentTouch touch, AttachmentSettle settle) {
-  Attachment row = {nullptr, data, destructor, touch, settle};
+                    AttachmentTouch touch, AttachmentCompute compute_deferred) {
+  Attachment row = {nullptr, data, destructor, touch, compute_deferred};
   str_dup_into(&row.name, name);
   GrowList_append(&maze->attachments, &row);
 }
@@ -61,7 +61,7 @@ void Attachment_before_move(Maze *maze) {
     const Pos outside = Pos_submaze_exit(maze, door);
     for (uint32_t i = 0; outside.maze != nullptr && i < outside.maze->attachments.count; i++) {
       const Attachment row = rows<Attachment>(outside.maze->attachments)[i];
-      if (row.settle != nullptr) row.settle(row.data, outside.node);
+      if (row.compute_deferred != nullptr) row.compute_deferred(row.data, outside.node);
     }
   }
 }

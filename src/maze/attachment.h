@@ -14,14 +14,14 @@ using AttachmentDestructor = void (*)(intptr_t data, Maze *maze);
 using AttachmentTouch = void (*)(intptr_t data, int32_t node);
 
 // Computes what was deferred for a node, since a node that it is joined to will move.
-using AttachmentSettle = void (*)(intptr_t data, int32_t node);
+using AttachmentCompute = void (*)(intptr_t data, int32_t node);
 
 struct Attachment {
-  char *name;                      // owned
-  intptr_t data;                   // a pointer or a number
-  AttachmentDestructor destructor; // frees the data and changes no other attachment; may be null
-  AttachmentTouch touch;           // may be null
-  AttachmentSettle settle;         // may be null
+  char *name;                         // owned
+  intptr_t data;                      // a pointer or a number
+  AttachmentDestructor destructor;    // frees the data and changes no other attachment; may be null
+  AttachmentTouch touch;              // may be null
+  AttachmentCompute compute_deferred; // may be null
 };
 
 // The data of the last attachment with that name; 0 if there is none.
@@ -29,7 +29,7 @@ intptr_t Attachment_find(const Maze *maze, const char *name);
 
 // Appends an attachment with a copy of `name`. Older ones with that name stay.
 void Attachment_add(Maze *maze, const char *name, intptr_t data, AttachmentDestructor destructor,
-                    AttachmentTouch touch = nullptr, AttachmentSettle settle = nullptr);
+                    AttachmentTouch touch = nullptr, AttachmentCompute compute_deferred = nullptr);
 
 // Calls `touch` of all attachments that have it.
 void Attachment_touch(const Maze *maze, int32_t node);
@@ -40,8 +40,8 @@ void Attachment_drop(Maze *maze, const char *name);
 // The same for this maze and all mazes below it.
 void Attachment_drop_tree(Maze *maze, const char *name);
 
-// Call before the nodes of a maze move, with all mazes below it: settles the attachments of the
-// nodes outside that are joined to them.
+// Call before the nodes of a maze, and of all mazes below it, move: computes what attachments of
+// joined nodes in other mazes have deferred.
 void Attachment_before_move(Maze *maze);
 
 // Call afterwards: drops what the move made stale, from this maze and all mazes below it.

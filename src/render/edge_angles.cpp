@@ -132,14 +132,14 @@ const EdgeAngleRec *all_rows(Rows *rows) {
   return rows->recs.get();
 }
 
-void settle(intptr_t data, int32_t node) {
+void compute_deferred(intptr_t data, int32_t node) {
   node_rows(reinterpret_cast<Rows *>(data), node);
 }
 
 Rows *attach(Maze *maze) {
   auto *rows = new Rows{maze, {}, std::vector<bool>(maze->nodes.count), false};
   Attachment_add(maze, attachment_edge_angles, reinterpret_cast<intptr_t>(rows), destroy, nullptr,
-                 settle);
+                 compute_deferred);
   return rows;
 }
 

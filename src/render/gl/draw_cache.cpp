@@ -123,7 +123,7 @@ void collect_deferred(DrawCache *cache, Chunk *chunk) {
   collect(cache, chunk, rows<uint32_t>(cache->colours) + chunk->first_colour, nullptr);
 }
 
-void settle(intptr_t data, int32_t node) {
+void compute_deferred(intptr_t data, int32_t node) {
   auto *cache = reinterpret_cast<DrawCache *>(data);
   collect_deferred(cache, &chunk_of(cache, node));
 }
@@ -261,7 +261,7 @@ DrawCache *find_or_build(Maze *maze, const PlotBatch &batch, bool all_levels, co
     release(old);
   }
   Attachment_add(maze, batch.name, reinterpret_cast<intptr_t>(cache), destroy,
-                 batch.renews_touched ? touch : nullptr, settle);
+                 batch.renews_touched ? touch : nullptr, compute_deferred);
   return cache;
 }
 

@@ -65,7 +65,8 @@ struct PlotBatch {
 
   // Prepares to collect the nodes later, when they are first visible: appends the colours that will
   // be needed, and grows the box by all that the nodes can cover. Null: nodes are collected at
-  // once. What else is collected must not change before the attachment is dropped or settled.
+  // once. What else is collected must not change before the attachment is dropped or
+  // `compute_deferred` is called.
   void (*defer)(const CollectInput &input, GrowList *colours, Box *box) = nullptr;
 
   PrimitiveStream streams[max_streams];

@@ -6,8 +6,8 @@
 
 #include "gfx/projection.h"
 #include "gfx/stereo.h"
+#include "maker/convex_hull.h"
 #include "maker/drawn_extent.h"
-#include "maker/outline.h"
 #include "support/box.h"
 #include "world/camera.h"
 
@@ -18,19 +18,19 @@ constexpr double frame_share = 0.94;  // of the picture that the whole maze take
 constexpr int32_t circle_points = 64; // that replace a circle
 
 // Adds a square around a ball, which can be a point.
-void add_square(Outline *outline, double x, double y, double radius) {
-  if (radius == 0) return outline_add(outline, {x, y});
+void add_square(ConvexHull *hull, double x, double y, double radius) {
+  if (radius == 0) return hull_add(hull, {x, y});
   for (const double dx : {-radius, radius})
     for (const double dy : {-radius, radius})
-      outline_add(outline, {x + dx, y + dy});
+      hull_add(hull, {x + dx, y + dy});
 }
 
-// One axis of the picture, and the outline of what is drawn in the plane of this axis and the axis
-// towards the eye.
+// One axis of the picture, and the convex hull of what is drawn in the plane of this axis and the
+// axis towards the eye.
 struct Axis {
   Vec3 direction;
   double tangent; // of half the field of view
-  Outline outline;
+  ConvexHull hull;
 };
 
 // What shows along an axis, as tangents, from a place on it at that distance.
@@ -40,7 +40,7 @@ struct Span {
 
 Span span_from(const Axis &axis, double place, double distance) {
   Span span = {HUGE_VAL, -HUGE_VAL};
-  for (const PlanePoint p : axis.outline.points) {
+  for (const PlanePoint p : axis.hull.points) {
     const double tangent = (p.x - place) / (distance - p.y);
     span = {std::min(span.low, tangent), std::max(span.high, tangent)};
   }
@@ -52,7 +52,7 @@ Span span_from(const Axis &axis, double place, double distance) {
 // eye.
 PlanePoint nearest_eye(const Axis &axis) {
   double left = -HUGE_VAL, right = -HUGE_VAL;
-  for (const PlanePoint p : axis.outline.points) {
+  for (const PlanePoint p : axis.hull.points) {
     left = std::max(left, p.y - p.x / axis.tangent);
     right = std::max(right, p.y + p.x / axis.tangent);
   }
@@ -93,12 +93,12 @@ Framing framing_for(const Options &options, const Mat3 &view) {
 
 void add_ball(Framing *framing, Vec3 centre, double radius) {
   for (Axis *axis : {&framing->across, &framing->upward})
-    add_square(&axis->outline, dot(centre, axis->direction), dot(centre, framing->back), radius);
+    add_square(&axis->hull, dot(centre, axis->direction), dot(centre, framing->back), radius);
 }
 
 Vec3 framed_eye(Framing *framing) {
-  outline_reduce(&framing->across.outline);
-  outline_reduce(&framing->upward.outline);
+  hull_reduce(&framing->across.hull);
+  hull_reduce(&framing->upward.hull);
   const double distance = std::max(nearest_eye(framing->across).y, nearest_eye(framing->upward).y);
   return {centred_place(framing->across, distance), centred_place(framing->upward, distance),
           distance};
@@ -106,12 +106,12 @@ Vec3 framed_eye(Framing *framing) {
 
 // Adds the circles on which the drawn parts move in a turn around the pivot.
 void add_turned(const PlotName &plot, const World &world, Vec3 pivot, Framing *framing) {
-  Outline profile; // distances from the axis, and heights
+  ConvexHull profile; // distances from the axis, and heights
   drawn_extent(plot, world.root, [&](Vec3 centre, double radius) {
     const Vec3 p = centre - pivot;
     add_square(&profile, std::hypot(p.x, p.y), p.z, radius);
   });
-  outline_reduce(&profile);
+  hull_reduce(&profile);
   for (const PlanePoint p : profile.points) {
     for (int32_t i = 0; i < circle_points; i++) {
       const double angle = 2 * std::numbers::pi * i / circle_points;

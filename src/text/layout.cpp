@@ -5,9 +5,9 @@
 
 #include "support/bytes.h"
 #include "support/strings.h"
+#include "text/control_sequence.h"
 #include "text/font.h"
 #include "text/style.h"
-#include "text/text_form.h"
 
 namespace {
 
@@ -106,9 +106,9 @@ void change_script(Pen *pen, float size, float rise) {
   pen->output->resume();
 }
 
-void execute_command(Pen *pen, const char *form) {
-  const uint8_t *value = bytes_at(form) + 2;
-  switch (byte_at(form + 1)) {
+void execute_command(Pen *pen, const char *command) {
+  const uint8_t *value = bytes_at(command) + 2;
+  switch (byte_at(command + 1)) {
   case text_kind_tab:
     pen->x = load_le<float>(value);
     break;
@@ -137,7 +137,7 @@ int32_t measure(const char *text, const char *end) {
     const uint8_t byte = byte_at(at);
     if (byte == text_line_end) break;
     if (byte < first_printable) {
-      const size_t length = text_form_length(byte);
+      const size_t length = text_item_length(byte);
       at = length > 1 ? at + length : skip_within(at, size_t{byte} + 1);
       continue;
     }
@@ -156,7 +156,7 @@ int32_t measure(const char *text, const char *end) {
 bool word_overflows(const Pen *pen, const char *word, float left) {
   const char *end = word;
   while (*end != '\0' && !ascii_is_space(*end))
-    end += text_form_length(byte_at(end));
+    end += text_item_length(byte_at(end));
   return left + static_cast<float>(measure(word, end)) > pen->wrap_x;
 }
 
@@ -192,7 +192,7 @@ float text_layout(const TextOutput *output, float x, float y, float wrap_x, floa
              0,      false};
   while (*text != '\0' && !pen.ended) {
     const uint8_t byte = byte_at(text);
-    const char *next = text + text_form_length(byte);
+    const char *next = text + text_item_length(byte);
     if (byte == text_command_first)
       execute_command(&pen, text);
     else

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 // The layout of a text: lines, wrapping, letter gaps and commands. Texts end with a NUL and may
-// contain complete forms of text/text_form.h. Lengths are pixels.
+// contain complete control sequences of text/control_sequence.h. Lengths are pixels.
 
 // A glyph: its rectangle, and its part of the font's texture, from 0 to 1.
 struct TextQuad {

@@ -36,18 +36,18 @@ struct Rewrite {
   char *out;
 };
 
-// A copy of the text up to its end, with the NULs in forms.
+// A copy of the text up to its end, with the NULs in control sequences.
 std::string copy_of(const char *text) {
   return {text, text_end_of(text)};
 }
 
-// Between forms, only the end of the copy is a NUL.
+// Between control sequences, only the end of the copy is a NUL.
 bool at_end(const Rewrite *r) {
   return *r->at == '\0';
 }
 
 void copy_item(Rewrite *r) {
-  for (size_t left = text_form_length(static_cast<uint8_t>(*r->at)); left > 0; left--)
+  for (size_t left = text_item_length(static_cast<uint8_t>(*r->at)); left > 0; left--)
     *r->out++ = *r->at++;
 }
 

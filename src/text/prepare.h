@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "text/text_form.h"
+#include "text/control_sequence.h"
 
 // Size in bytes of a buffer in which a text of `length` bytes, without its NUL, can be prepared by
 // both functions below, in either order. In the worst case a marker without operand becomes two
@@ -12,9 +12,9 @@ constexpr size_t text_prepare_room(size_t length) {
   return 2 * text_command_length * length + 1;
 }
 
-// Converts plain notation to forms, in place, in a buffer of `text_prepare_room`. Existing forms
-// are kept; a truncated one at the end takes its missing bytes from those after the text's NUL,
-// which must be 0.
+// Converts plain notation to control sequences, in place, in a buffer of `text_prepare_room`.
+// Existing ones are kept; a truncated one at the end takes its missing bytes from those after the
+// text's NUL, which must be 0.
 //
 // First, for any depth, names of Greek letters become wide codes, in any case and also inside a
 // word: 256 to 279 for "alpha" to "omega", or 280 to 303 if the first letter is a capital, and 304

@@ -15,7 +15,7 @@
 #include "maze/attachment.h"
 #include "maze/lifetime.h"
 #include "maze/pos.h"
-#include "maze/walk.h"
+#include "maze/traversal.h"
 #include "measure.h"
 #include "plot_reference.h"
 #include "render/gl/shader_program.h"

@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-#include "maze/walk.h"
+#include "maze/traversal.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "generate/transform.h"
 #include "maze/edit.h"
 #include "maze/pos.h"
-#include "maze/walk.h"
+#include "maze/traversal.h"
 #include "support/random.h"
 #include "support/strings.h"
 

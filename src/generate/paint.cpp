@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "maze/walk.h"
+#include "maze/traversal.h"
 #include "support/colour.h"
 #include "support/trigonometry.h"
 

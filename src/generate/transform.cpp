@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "maze/walk.h"
+#include "maze/traversal.h"
 #include "support/mat3.h"
 #include "support/trigonometry.h"
 

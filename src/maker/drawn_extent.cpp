@@ -2,7 +2,7 @@
 
 #include "generate/transform.h"
 #include "maze/pos.h"
-#include "maze/walk.h"
+#include "maze/traversal.h"
 #include "render/edge_angles.h"
 #include "render/maze_label.h"
 #include "render/voronoi_geometry.h"

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "maze/pos.h"
-#include "maze/walk.h"
+#include "maze/traversal.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "maze/attachment_names.h"
 #include "maze/pos.h"
-#include "maze/walk.h"
+#include "maze/traversal.h"
 #include "support/strings.h"
 
 namespace {

@@ -4,7 +4,7 @@
 
 #include "maze/attachment.h"
 #include "maze/node_block.h"
-#include "maze/walk.h"
+#include "maze/traversal.h"
 #include "support/strings.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include "maze/attachment.h"
 #include "maze/attachment_names.h"
 #include "maze/pos.h"
-#include "maze/walk.h"
+#include "maze/traversal.h"
 #include "render/voronoi_candidates.h"
 #include "render/voronoi_cut.h"
 #include "support/point_grid.h"

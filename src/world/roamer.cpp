@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "maze/pos.h"
+#include "maze/traversal.h"
 #include "maze/visit.h"
-#include "maze/walk.h"
 #include "support/random.h"
 
 namespace {

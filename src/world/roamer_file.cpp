@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "maze/pos.h"
-#include "maze/walk.h"
+#include "maze/traversal.h"
 #include "world/roamer.h"
 
 namespace {

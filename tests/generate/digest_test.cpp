@@ -15,7 +15,7 @@
 #include "generate/relax.h"
 #include "generate/transform.h"
 #include "maze/lifetime.h"
-#include "maze/walk.h"
+#include "maze/traversal.h"
 #include "scenarios.h"
 #include "support/random.h"
 

@@ -1,4 +1,4 @@
-#include "maze/walk.h"
+#include "maze/traversal.h"
 
 Maze *Maze_last_child_before(const Maze *maze, int32_t end) {
   const MazeNode *nodes = maze_nodes(maze);

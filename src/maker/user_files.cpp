@@ -1,4 +1,4 @@
-#include "maker/output.h"
+#include "maker/user_files.h"
 
 #include "support/file.h"
 #include "support/sentence.h"

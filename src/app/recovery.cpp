@@ -52,16 +52,16 @@ std::vector<Orphan> lock_orphans() {
 }
 
 void rename_orphan(const Orphan &orphan, const char *stem, const char *reason) {
-  std::string aside = file_rename_unused(orphan.path, stem, session_ending);
+  std::string new_name = file_rename_unused(orphan.path, stem, session_ending);
   file_unlock(orphan.lock);
-  if (aside.empty()) // some systems can't rename a locked file
-    aside = file_rename_unused(orphan.path, stem, session_ending);
-  if (aside.empty())
+  if (new_name.empty()) // some systems can't rename a locked file
+    new_name = file_rename_unused(orphan.path, stem, session_ending);
+  if (new_name.empty())
     report_sentence("the recovery file \"%s\" %s and can't be renamed (%s); it is left alone",
                     orphan.path.c_str(), reason, std::strerror(errno));
   else
     report_sentence("the recovery file \"%s\" %s; it has been renamed to \"%s\"",
-                    orphan.path.c_str(), reason, aside.c_str());
+                    orphan.path.c_str(), reason, new_name.c_str());
 }
 
 void adopt(Recovery *recovery, const Orphan &orphan) {

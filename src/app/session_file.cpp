@@ -12,11 +12,11 @@ namespace {
 
 // Renames a damaged session, so that this run does not replace it.
 void keep_damaged(Run *run, const char *instead) {
-  const std::string aside = file_rename_unused(session_path, damaged_stem, session_ending);
-  run->may_replace_session = !aside.empty();
-  if (!aside.empty())
+  const std::string new_name = file_rename_unused(session_path, damaged_stem, session_ending);
+  run->may_replace_session = !new_name.empty();
+  if (!new_name.empty())
     report_sentence("the session in \"%s\" is damaged; it has been renamed to \"%s\", and %s",
-                    session_path, aside.c_str(), instead);
+                    session_path, new_name.c_str(), instead);
   else
     report_sentence("the session in \"%s\" is damaged and can't be renamed (%s); it is left alone, "
                     "and %s",

@@ -44,7 +44,7 @@ struct Edges {
 };
 
 // Steps from prefetching a cache line to using it.
-constexpr size_t ahead = 32;
+constexpr size_t prefetch_distance = 32;
 
 // The neighbours of a node in the order of its slots, then -1.
 struct Neighbours {
@@ -98,16 +98,16 @@ Edges collect_edges(Maze *maze) {
 // Fisher-Yates shuffle from the end, including the last draw, which has no effect. Draws are made
 // ahead of the swaps, so that the cache lines have arrived.
 void shuffle(const Edges &edges) {
-  size_t partners[ahead];
+  size_t partners[prefetch_distance];
   size_t drawn = edges.count; // edges from here on have a partner
   for (size_t k = edges.count; k-- > 0;) {
-    while (drawn > 0 && drawn + ahead > k + 1) {
+    while (drawn > 0 && drawn + prefetch_distance > k + 1) {
       drawn--;
       const auto r = static_cast<size_t>(rand_int(static_cast<int32_t>(drawn) + 1));
-      partners[drawn % ahead] = r;
+      partners[drawn % prefetch_distance] = r;
       __builtin_prefetch(&edges.all[r], 1);
     }
-    std::swap(edges.all[k], edges.all[partners[k % ahead]]);
+    std::swap(edges.all[k], edges.all[partners[k % prefetch_distance]]);
   }
 }
 
@@ -161,7 +161,7 @@ bool unite(const Sets &sets, Edge edge) {
 std::unique_ptr<bool[]> decide(const Edges &edges, const Sets &sets) {
   auto stays = std::make_unique_for_overwrite<bool[]>(edges.count);
   for (size_t k = 0; k < edges.count; k++) {
-    const Edge soon = edges.all[std::min(k + ahead, edges.count - 1)];
+    const Edge soon = edges.all[std::min(k + prefetch_distance, edges.count - 1)];
     __builtin_prefetch(&sets[node_of(soon.lower)], 1);
     __builtin_prefetch(&sets[node_of(soon.upper)], 1);
     stays[k] = unite(sets, edges.all[k]);
@@ -202,7 +202,7 @@ std::unique_ptr<SlotOrder[]> try_edges(const Maze *maze, const Edges &edges, con
   for (uint32_t i = 0; i < maze->nodes.count; i++)
     orders[i] = slot_order(slots_in_order, maze_nodes(maze)[i].degree);
   for (size_t k = edges.count; k-- > 0;) {
-    const Edge soon = edges.all[k > ahead ? k - ahead : 0];
+    const Edge soon = edges.all[k > prefetch_distance ? k - prefetch_distance : 0];
     __builtin_prefetch(&orders[node_of(soon.lower)], 1);
     __builtin_prefetch(&orders[node_of(soon.upper)], 1);
     for (const Half half : {edges.all[k].lower, edges.all[k].upper}) {

@@ -14,8 +14,8 @@ namespace {
 constexpr double tile_size = 22.5;
 constexpr int32_t tile_pitch = 15; // less than a tile's width, so that tiles overlap
 constexpr int32_t patchwork_side = 5 * tile_pitch;
-constexpr double max_turn = 100.0; // radians about each axis
-constexpr double colour_count = 0x1000000p0;
+constexpr double max_turn = 100.0;          // radians about each axis
+constexpr double colour_count = 16777216.0; // 2^24
 
 constexpr int32_t ladder_mazes = 10;
 constexpr double ladder_gap = 10.0; // between mazes

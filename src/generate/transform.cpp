@@ -24,14 +24,14 @@ double warp_coordinate(double c) {
   return (4.0 * c + 3.0 * portable_sin(c)) * 0.5;
 }
 
-struct Held {
+struct PendingMaze {
   const Maze *maze;
   size_t parent; // index of the maze that holds it
 };
 
 // Returns the bounds of node 0 and the nodes without submazes of the maze with index `here`. Pushes
 // its submazes, the last one on top.
-Box visit_maze(const Maze *maze, size_t here, std::vector<Held> *stack) {
+Box visit_maze(const Maze *maze, size_t here, std::vector<PendingMaze> *stack) {
   Box bounds = box_empty;
   const MazeNode *nodes = maze_nodes(maze);
   if (maze_count(maze) > 0) bounds.low = bounds.high = node_position(nodes[0]);
@@ -79,9 +79,9 @@ Vec3 warp_position(Vec3 p) {
 std::vector<Box> Maze_tree_bounds(const Maze *root) {
   std::vector<Box> tree;
   std::vector<size_t> parents; // index of each maze's parent
-  std::vector<Held> stack = {{root, 0}};
+  std::vector<PendingMaze> stack = {{root, 0}};
   while (!stack.empty()) {
-    const Held next = stack.back();
+    const PendingMaze next = stack.back();
     stack.pop_back();
     parents.push_back(next.parent);
     tree.push_back(visit_maze(next.maze, tree.size(), &stack));

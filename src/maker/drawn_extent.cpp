@@ -36,7 +36,7 @@ void visit_plates(Maze *maze, int32_t node, const VisitBall &visit) {
   }
 }
 
-void visit_node(const PlotName &plot, Maze *maze, int32_t node, const VisitBall &visit) {
+void visit_node(const NamedPlot &plot, Maze *maze, int32_t node, const VisitBall &visit) {
   const MazeNode &row = maze_nodes(maze)[node];
   if (row.submaze != nullptr) return;
   if (plot.landscape >= 0) return visit_cell(plot.landscape, maze, node, visit);
@@ -57,7 +57,7 @@ void visit_names(bool all, const Maze *root, const VisitBall &visit) {
 
 } // namespace
 
-void drawn_extent(const PlotName &plot, Maze *root, const VisitBall &visit) {
+void drawn_extent(const NamedPlot &plot, Maze *root, const VisitBall &visit) {
   if (plot.landscape >= 0)
     voronoi_attach_missing(root, 1);
   else if (plot.type == plot_type_lines)

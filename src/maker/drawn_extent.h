@@ -11,4 +11,4 @@ using VisitBall = std::function<void(Vec3 centre, double radius)>;
 // Visits balls around all that a plot draws of a tree, the names included, for framing it. Ribbons
 // are drawn up to 0.5 % of their distance wider on each side. Builds the landscape's cells. Needs
 // the font "fmod".
-void drawn_extent(const PlotName &plot, Maze *root, const VisitBall &visit);
+void drawn_extent(const NamedPlot &plot, Maze *root, const VisitBall &visit);

@@ -27,7 +27,7 @@ namespace {
 constexpr int32_t tile_side = 4096; // pixels, at most
 
 void set_switches(const Options &options, const World &world) {
-  const PlotName &plot = *plot_find(options.plot);
+  const NamedPlot &plot = *plot_find(options.plot);
   plot_type = plot.type;
   plot_fixed = plot.fixed ? 1 : 0;
   plot_voronoi = plot.landscape >= 0 ? 1 : 0;

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr double default_yaw = 0.4, default_pitch = -0.8; // radians, from above and aside
+constexpr double default_yaw = 0.4, default_pitch = -0.8; // radians, obliquely from above
 constexpr double frame_share = 0.94;  // of the picture that the whole maze takes
 constexpr int32_t circle_points = 64; // that replace a circle
 
@@ -105,7 +105,7 @@ Vec3 framed_eye(Framing *framing) {
 }
 
 // Adds the circles on which the drawn parts move in a turn around the pivot.
-void add_turned(const PlotName &plot, const World &world, Vec3 pivot, Framing *framing) {
+void add_turned(const NamedPlot &plot, const World &world, Vec3 pivot, Framing *framing) {
   ConvexHull profile; // distances from the axis, and heights
   drawn_extent(plot, world.root, [&](Vec3 centre, double radius) {
     const Vec3 p = centre - pivot;
@@ -121,7 +121,7 @@ void add_turned(const PlotName &plot, const World &world, Vec3 pivot, Framing *f
 }
 
 // The middle of what is drawn.
-Vec3 middle(const PlotName &plot, const World &world) {
+Vec3 middle(const NamedPlot &plot, const World &world) {
   Box box = box_empty;
   drawn_extent(plot, world.root, [&](Vec3 centre, double) {
     if (is_finite(centre)) box_add(&box, centre);
@@ -131,7 +131,7 @@ Vec3 middle(const PlotName &plot, const World &world) {
 
 // Without anything to frame the distance is not finite.
 void frame_all(const Options &options, const World &world, PictureCamera *plan) {
-  const PlotName &plot = *plot_find(options.plot);
+  const NamedPlot &plot = *plot_find(options.plot);
   Framing framing = framing_for(options, camera_orientation(plan->yaw, plan->pitch));
   if (options.turntable > 0) {
     plan->pivot = middle(plot, world);
@@ -147,11 +147,11 @@ void frame_all(const Options &options, const World &world, PictureCamera *plan) 
 } // namespace
 
 PictureCamera camera_plan(const Options &options, World *world) {
-  const bool from_aside = options.whole || options.turntable > 0;
+  const bool oblique = options.whole || options.turntable > 0;
   PictureCamera plan = {};
-  plan.keeps_view = !options.load.empty() && !options.turned && !from_aside;
-  plan.yaw = options.turned || !from_aside ? options.yaw : default_yaw;
-  plan.pitch = options.turned || !from_aside ? options.pitch : default_pitch;
+  plan.keeps_view = !options.load.empty() && !options.turned && !oblique;
+  plan.yaw = options.turned || !oblique ? options.yaw : default_yaw;
+  plan.pitch = options.turned || !oblique ? options.pitch : default_pitch;
   plan.keeps_distance = true;
   if (options.zoom > 0) world->zoom = options.zoom;
   if (options.whole) frame_all(options, *world, &plan);

@@ -6,7 +6,7 @@
 #include "render/plot_switches.h"
 
 // A way of drawing that has a name, as switches of render/plot_switches.h.
-struct PlotName {
+struct NamedPlot {
   const char *name;
   PlotType type;
   int32_t landscape; // its mode; -1: no landscape
@@ -15,4 +15,4 @@ struct PlotName {
 };
 
 // lines, gantry, balls, fixed or landscape-0 to landscape-5; null if there is no plot of that name.
-const PlotName *plot_find(const std::string &name);
+const NamedPlot *plot_find(const std::string &name);

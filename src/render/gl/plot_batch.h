@@ -34,10 +34,10 @@ inline void prefetch_node(const MazeNode &node) {
 // Calls visit(pos, node) for the plain nodes, last node first. Nodes are prefetched, since their
 // memory is rarely in the processor's cache.
 template <typename Visit> void each_plain_node(const CollectInput &input, const Visit &visit) {
-  constexpr int32_t ahead = 8;
+  constexpr int32_t prefetch_distance = 8;
   const MazeNode *nodes = maze_nodes(input.maze);
   for (int32_t i = input.nodes.end; i-- > input.nodes.first;) {
-    prefetch_node(nodes[i < ahead ? 0 : i - ahead]);
+    prefetch_node(nodes[i < prefetch_distance ? 0 : i - prefetch_distance]);
     if (nodes[i].submaze == nullptr) visit(Pos{input.maze, i}, nodes[i]);
   }
 }

@@ -45,13 +45,14 @@ Crossings find_crossings(const CutCell &cell, const Bisector &line) {
   return found;
 }
 
-// The point on the edge that starts at corner k where the value is `level`.
+// The point on the edge that starts at corner k where the value is `level`. Where the corner's
+// value is between the level and the tolerance, it is the nearer end of the edge.
 VoronoiCorner crossing(const CutCell &cell, size_t k, const Bisector &line, double level,
                        int32_t site) {
   const VoronoiCorner &from = cell.corners[k];
   const VoronoiCorner &to = cell.corners[k + 1 < cell.count ? k + 1 : 0];
   const double value = value_at(from, line);
-  const double t = (value - level) / (value - value_at(to, line));
+  const double t = std::clamp((value - level) / (value - value_at(to, line)), 0.0, 1.0);
   return {from.x + t * (to.x - from.x), from.y + t * (to.y - from.y), site, 0};
 }
 

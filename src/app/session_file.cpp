@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "app/session_names.h"
+#include "support/clock.h"
 #include "support/file.h"
 #include "support/report.h"
 #include "world/session.h"
@@ -77,6 +78,18 @@ SessionPlace save_beside(const Run *run, const char *reason) {
   return place;
 }
 
+// Keeps other runs in this folder from saving between a look at the files and their replacement.
+// Waits some seconds for them; null if that is not enough, or if folders can't be locked here.
+FileLock *lock_folder() {
+  FileLock *lock = nullptr;
+  for (int32_t tries = 0; tries < 100 && lock == nullptr; tries++) {
+    if (tries > 0) clock_sleep(50);
+    lock = file_lock(".");
+    if (lock == nullptr && errno != EWOULDBLOCK) break;
+  }
+  return lock;
+}
+
 } // namespace
 
 void session_start(Run *run) {
@@ -100,15 +113,22 @@ void session_start(Run *run) {
 }
 
 SessionPlace session_save(const Run *run) {
+  FileLock *lock = lock_folder();
   const char *reason = reason_to_keep(run);
-  if (reason != nullptr) return save_beside(run, reason);
-  if (World_save(&run->world, session_path)) return SessionPlace::this_folder;
-  return save_after_failure(run, session_path);
+  SessionPlace place = SessionPlace::this_folder;
+  if (reason != nullptr)
+    place = save_beside(run, reason);
+  else if (!World_save(&run->world, session_path))
+    place = save_after_failure(run, session_path);
+  file_unlock(lock);
+  return place;
 }
 
 void session_save_again(const Run *run) {
+  FileLock *lock = lock_folder();
   if (reason_to_keep(run) == nullptr && World_save(&run->world, session_path))
     report_sentence("the session has been saved to \"%s\" after all", session_path);
+  file_unlock(lock);
 }
 
 void session_save_for_recovery(Run *run) {

@@ -312,7 +312,10 @@ bool is_headless_driver(const char *driver) {
 void platform_dpi_aware() {} // needed on Windows alone
 
 bool platform_connect(bool hidden) {
-  if (hidden) SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "offscreen", SDL_HINT_OVERRIDE);
+  if (hidden) {
+    SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "offscreen", SDL_HINT_OVERRIDE);
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1"); // whose events nobody would read
+  }
   // A click that brings the window to the front counts as a click.
   SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
   SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0"); // gfx_pump does it

@@ -100,6 +100,7 @@ void print_statistics(const World &world) {
 
 bool save(const Options &options, const World &world) {
   progress_show("saving");
+  if (!may_write(options, options.save)) return false; // it can have been made meanwhile
   return World_save(&world, options.save.c_str()) ||
          report_file_error(options.save, "can't be written", std::strerror(errno));
 }

@@ -19,6 +19,7 @@
 #include "render/gl/view.h"
 #include "render/plot_switches.h"
 #include "render/scene.h"
+#include "support/file.h"
 #include "text/built_in_fonts.h"
 #include "world/move.h"
 
@@ -112,6 +113,12 @@ std::string path_of_frame(const Options &options, int32_t frame) {
   return numbered(options.picture, frame, options.turntable);
 }
 
+// Whether a picture would replace the session that has just been saved.
+bool is_session(const Options &options, const std::string &path) {
+  const FileIdentity picture = file_identity(path);
+  return !options.save.empty() && picture.exists && picture == file_identity(options.save);
+}
+
 bool save_frame(const Options &options, const World &world, const Frame &frame) {
   const std::string path = path_of_frame(options, frame.number);
   Image image = {options.width, options.height, {}};
@@ -124,6 +131,8 @@ bool save_frame(const Options &options, const World &world, const Frame &frame) 
                              "smaller --size, or install Mesa's software driver");
   if (interlaced) interlace(&image);
   progress_show("writing", frame.number + 1, frame.count);
+  if (!may_write(options, path)) return false; // it can have been made meanwhile
+  if (is_session(options, path)) return report_file_error(path, "is the session", "by --save");
   std::string error;
   return png_save(image, path, &error) ||
          report_file_error(path, "can't be written", error.c_str());

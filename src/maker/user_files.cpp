@@ -9,6 +9,6 @@ bool report_file_error(const std::string &path, const char *words, const char *c
 }
 
 bool may_write(const Options &options, const std::string &path) {
-  return options.force || !file_identity(path).exists ||
+  return options.force || !file_name_is_taken(path) ||
          report_file_error(path, "exists", "--force replaces it");
 }

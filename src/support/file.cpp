@@ -54,23 +54,32 @@ template <typename Visit> void each_name(const std::string &stem, const Visit &v
     visit(file_utf8(at->path().filename()));
 }
 
-// Creates a temporary file under the first unused name.
+// Creates a temporary file under the first name that is unused or a leftover's.
 void open_exclusively(FileReplacement *file, bool text) {
   const std::string stem = file->target + temporary_mark;
-  if (file->flush == FileFlush::wait) file_remove_leftovers(file->target);
   for (int32_t number = 1;; number++) {
     file->temporary = numbered(stem, number, "");
+    if (file->flush == FileFlush::wait && is_leftover(file->temporary))
+      file_remove(file->temporary);
     file->stream = file_create_new(file->temporary, text);
     if (file->stream != nullptr || errno != EEXIST) return;
   }
 }
 
-bool is_read_only(const std::string &name) {
+// Whether a file may be replaced, or does not exist. Otherwise false, with errno.
+bool is_replaceable(const std::string &name) {
   constexpr fs::perms writing =
       fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
   std::error_code ignored;
   const fs::file_status status = fs::status(file_path(name), ignored);
-  return fs::exists(status) && (status.permissions() & writing) == fs::perms::none;
+  errno = 0;
+  if (fs::is_directory(status))
+    errno = EISDIR;
+  else if (fs::is_other(status)) // a device, a pipe or a socket
+    errno = ENOTSUP;
+  else if (fs::exists(status) && (status.permissions() & writing) == fs::perms::none)
+    errno = EACCES;
+  return errno == 0;
 }
 
 } // namespace
@@ -108,10 +117,7 @@ bool file_replace_begin(FileReplacement *file, const char *target, bool text, Fi
   file->flush = flush;
   file_ignore_size_signal();
   file->target = resolve_links(target);
-  if (is_read_only(file->target)) {
-    errno = EACCES;
-    return false;
-  }
+  if (!is_replaceable(file->target)) return false;
   open_exclusively(file, text);
   return file->stream != nullptr;
 }
@@ -154,11 +160,15 @@ bool file_append_line(const char *path, const char *text) {
   return file != nullptr && file_close_written(file, std::fprintf(file, "%s\n", text) >= 0);
 }
 
+bool file_name_is_taken(const std::string &name) {
+  std::error_code ignored;
+  return fs::exists(fs::symlink_status(file_path(name), ignored));
+}
+
 std::string file_unused_name(const std::string &stem, const char *ending) {
   for (int32_t number = 1;; number++) {
     std::string name = numbered(stem, number, ending);
-    std::error_code ignored;
-    if (!fs::exists(fs::symlink_status(file_path(name), ignored))) return name;
+    if (!file_name_is_taken(name)) return name;
   }
 }
 

@@ -31,8 +31,8 @@ struct FileReplacement {
 };
 
 // Creates a temporary file in the target's folder, in text mode or not. False, with errno and a
-// null stream, on failure, or if the target is read-only. With FileFlush::later nothing is done
-// that can take long.
+// null stream, on failure, or if the target is read-only or no regular file. With FileFlush::later
+// nothing is done that can take long.
 bool file_replace_begin(FileReplacement *file, const char *target, bool text,
                         FileFlush flush = FileFlush::wait);
 
@@ -57,7 +57,7 @@ std::vector<std::string> file_numbered_names(const std::string &stem, const char
 // Renames a file to an unused name of that form and returns it; empty, with errno, on failure.
 std::string file_rename_unused(const std::string &name, const char *stem, const char *ending);
 
-// Removes temporary files that are more than an hour old, left by killed programs. Only those for
+// Removes temporary files that are more than an hour old, left by killed programs: those for all
 // targets whose names start with `prefix`.
 void file_remove_leftovers(const std::string &prefix);
 
@@ -69,6 +69,9 @@ std::string file_temporary_folder();
 
 // Removes a file. True if it does not exist afterwards.
 bool file_remove(const std::string &name);
+
+// Whether the name is taken, also by a link that leads nowhere.
+bool file_name_is_taken(const std::string &name);
 
 // Tells one version of a file from another. Equal fields mean the same version of the same file, or
 // that both are missing.

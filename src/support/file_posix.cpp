@@ -82,9 +82,12 @@ bool file_is_terminal(FILE *stream) {
   return isatty(fileno(stream)) != 0;
 }
 
+// The other way round, so that reading and writing them fails as if they were closed.
 void file_open_standard_streams() {
-  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; stream++)
-    if (fcntl(stream, F_GETFD) < 0 && open("/dev/null", O_RDWR) != stream) return;
+  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; stream++) {
+    const int way = stream == STDIN_FILENO ? O_WRONLY : O_RDONLY;
+    if (fcntl(stream, F_GETFD) < 0 && open("/dev/null", way) != stream) return;
+  }
 }
 
 void file_ignore_size_signal() {

@@ -3,10 +3,9 @@
 #include <cstdarg>
 #include <cstddef>
 #include <cstdio>
+#include <string>
 
 namespace {
-
-constexpr size_t sentence_size = 1024;
 
 struct SentenceOutput {
   const char *program = "vorel";
@@ -18,14 +17,16 @@ SentenceOutput output;
 } // namespace
 
 void report_sentence(const char *format, ...) {
-  char sentence[sentence_size];
-  std::va_list arguments;
+  std::va_list arguments, again;
   va_start(arguments, format);
-  std::vsnprintf(sentence, sizeof sentence, format, arguments);
+  va_copy(again, arguments);
+  std::string sentence(static_cast<size_t>(std::vsnprintf(nullptr, 0, format, arguments)), ' ');
+  std::vsnprintf(sentence.data(), sentence.size() + 1, format, again);
+  va_end(again);
   va_end(arguments);
   if (output.prepare != nullptr) output.prepare();
-  std::fprintf(stderr, "%s: %s\n", output.program, sentence);
-  if (output.show != nullptr) output.show(sentence);
+  std::fprintf(stderr, "%s: %s\n", output.program, sentence.c_str());
+  if (output.show != nullptr) output.show(sentence.c_str());
 }
 
 void report_set_program(const char *name) {

@@ -39,17 +39,27 @@ void append_entry(Settings *list, const char *key, const char *value) {
   GrowList_append(list, &entry);
 }
 
-// Skips the byte order mark that some editors put before UTF-8. False, with errno, for UTF-16.
+// Skips the byte order mark that some editors put before UTF-8. False, with errno, for UTF-16, with
+// or without a mark: half of an ASCII character is a NUL there.
 bool skip_byte_order_mark(FILE *stream) {
   unsigned char mark[3] = {};
   const size_t length = std::fread(mark, 1, sizeof mark, stream);
-  if (length >= 2 &&
-      ((mark[0] == 0xFF && mark[1] == 0xFE) || (mark[0] == 0xFE && mark[1] == 0xFF))) {
+  const bool is_marked =
+      (mark[0] == 0xFF && mark[1] == 0xFE) || (mark[0] == 0xFE && mark[1] == 0xFF);
+  if (length >= 2 && (is_marked || mark[0] == 0 || mark[1] == 0)) {
     errno = EILSEQ;
     return false;
   }
   const bool is_utf_8 = mark[0] == 0xEF && mark[1] == 0xBB && mark[2] == 0xBF;
   return is_utf_8 || std::fseek(stream, 0, SEEK_SET) == 0;
+}
+
+// Whether a file is small enough to be read as settings. Otherwise false, with errno.
+bool is_small(FILE *stream) {
+  constexpr long max_size = 1 << 20; // bytes
+  const long size = file_size(stream);
+  if (size > max_size) errno = EFBIG;
+  return size >= 0 && size <= max_size;
 }
 
 } // namespace
@@ -69,7 +79,7 @@ bool Settings_load(Settings *list, const char *path, char separator) {
 
 bool Settings_read(Settings *list, FILE *stream, char separator) {
   GrowList_init(list, sizeof(SettingsEntry));
-  if (!skip_byte_order_mark(stream)) return false;
+  if (!is_small(stream) || !skip_byte_order_mark(stream)) return false;
   for (char *line = file_read_line(stream); line != nullptr; line = file_read_line(stream)) {
     append_line(list, line, separator);
     std::free(line);

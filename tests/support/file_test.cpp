@@ -53,8 +53,8 @@ TEST_F(File, ProgramsHaveTheirOwnTemporaryFiles) {
   EXPECT_TRUE(file_replace_end(&first, true));
   EXPECT_EQ(contents(path), "first");
   std::ofstream(path + ".new-2") << "of a program that may still be running";
-  std::ofstream(path + ".new-3") << "of a killed program";
-  age(path + ".new-3");
+  std::ofstream(path + ".new-1") << "of a killed program";
+  age(path + ".new-1");
   EXPECT_TRUE(replace(path, "again"));
   EXPECT_EQ(files(), path + " " + path + ".new-2 ");
 }

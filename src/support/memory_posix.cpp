@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cinttypes>
 #include <cstdio>
+#include <cstring>
 
 #include <sys/mman.h>
 
@@ -10,33 +11,35 @@
 
 namespace {
 
-// The number in a file; UINT64_MAX if there is none.
-uint64_t number_in(const char *path) {
-  uint64_t number = UINT64_MAX;
+// The number that follows `name` at the start of a line; `missing` if there is no such file or
+// line.
+uint64_t number_after(const char *path, const char *name, uint64_t missing) {
+  uint64_t number = missing;
   FILE *file = file_fopen(path, "r");
-  if (file == nullptr) return number;
-  if (std::fscanf(file, "%" SCNu64, &number) != 1) number = UINT64_MAX;
+  if (file == nullptr) return missing;
+  const size_t length = std::strlen(name);
+  char line[128];
+  while (std::fgets(line, sizeof line, file) != nullptr)
+    if (std::strncmp(line, name, length) == 0 &&
+        std::sscanf(line + length, "%" SCNu64, &number) == 1)
+      break;
   std::fclose(file);
   return number;
 }
 
-// What the limit of a container leaves.
+// What the limit of a container leaves. The system can take back the memory of cached files.
 uint64_t container_available() {
-  const uint64_t limit = number_in("/sys/fs/cgroup/memory.max");
-  const uint64_t used = number_in("/sys/fs/cgroup/memory.current");
-  return limit == UINT64_MAX || used == UINT64_MAX ? UINT64_MAX : limit - std::min(used, limit);
+  const uint64_t limit = number_after("/sys/fs/cgroup/memory.max", "", UINT64_MAX);
+  const uint64_t used = number_after("/sys/fs/cgroup/memory.current", "", 0);
+  const uint64_t cached = number_after("/sys/fs/cgroup/memory.stat", "active_file ", 0) +
+                          number_after("/sys/fs/cgroup/memory.stat", "inactive_file ", 0);
+  return limit - std::min(limit, used - std::min(used, cached));
 }
 
 } // namespace
 
 uint64_t memory_available() {
-  uint64_t kilobytes = UINT64_MAX / 1024;
-  FILE *file = file_fopen("/proc/meminfo", "r");
-  if (file == nullptr) return UINT64_MAX;
-  char line[128];
-  while (std::fgets(line, sizeof line, file) != nullptr)
-    if (std::sscanf(line, "MemAvailable: %" SCNu64, &kilobytes) == 1) break;
-  std::fclose(file);
+  const uint64_t kilobytes = number_after("/proc/meminfo", "MemAvailable:", UINT64_MAX / 1024);
   return std::min(kilobytes * 1024, container_available());
 }
 

@@ -136,8 +136,8 @@ bool run_end(Run *run) {
   Recovery_abandon(&run->recovery);
   const SessionPlace place = session_save(run);
   unsaved = nullptr;
-  Recovery_end(&run->recovery, place != SessionPlace::nowhere);
-  if (place == SessionPlace::another_folder) session_save_again(run);
+  Recovery_end(&run->recovery, place >= SessionPlace::data_folder);
+  if (place == SessionPlace::data_folder) session_save_again(run);
   World_free(&run->world);
   settings_end(run);
   gfx_close();

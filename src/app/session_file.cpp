@@ -46,8 +46,10 @@ bool save_in(const Run *run, const std::string &folder, std::string *path) {
 // Saves under another name, in the first folder where that succeeds.
 SessionPlace save_elsewhere(const Run *run, std::string *path) {
   if (save_in(run, "", path)) return SessionPlace::this_folder;
-  for (const std::string &folder : {file_data_folder(), file_temporary_folder()})
-    if (!folder.empty() && save_in(run, folder + "/", path)) return SessionPlace::another_folder;
+  const std::string data = file_data_folder(), temporary = file_temporary_folder();
+  if (!data.empty() && save_in(run, data + "/", path)) return SessionPlace::data_folder;
+  if (!temporary.empty() && save_in(run, temporary + "/", path))
+    return SessionPlace::temporary_folder;
   return SessionPlace::nowhere;
 }
 

@@ -242,9 +242,9 @@ void wait(int32_t milliseconds) {
 }
 
 // Shows a sentence in a box if there is no standard error, which a program with windows has only if
-// its parent passed one. Capitalises the sentence.
+// its parent passed one. Capitalises the sentence. Nobody answers a box when the session ends.
 void show_sentence(const char *sentence) {
-  if (GetFileType(GetStdHandle(STD_ERROR_HANDLE)) != FILE_TYPE_UNKNOWN) return;
+  if (session_ends || GetFileType(GetStdHandle(STD_ERROR_HANDLE)) != FILE_TYPE_UNKNOWN) return;
   std::string text = sentence;
   if (!text.empty() && text[0] >= 'a' && text[0] <= 'z')
     text[0] = static_cast<char>(text[0] - 'a' + 'A');

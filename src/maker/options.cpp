@@ -23,12 +23,11 @@ using Parse = bool (*)(const char *name, const char *value, Options *options);
 
 // One sentence on the standard error; printf's format.
 [[gnu::format(printf, 1, 2)]] bool usage_error(const char *format, ...) {
-  char text[512];
   std::va_list values;
   va_start(values, format);
-  std::vsnprintf(text, sizeof text, format, values);
+  const std::string text = sentence_text(format, values);
   va_end(values);
-  report_sentence("%s; --help lists the options", text);
+  report_sentence("%s; --help lists the options", text.c_str());
   return false;
 }
 
@@ -200,7 +199,7 @@ bool check_side(const Options &options) {
          usage_error("the kind %s needs a side of at least %d", kind.name, kind.min_size);
 }
 
-// Links are followed. The files need not exist.
+// Links are followed. The files need not exist. Empty if the folder can't be read.
 std::filesystem::path place_of(const std::string &name) {
   std::error_code ignored;
   const std::filesystem::path path = std::filesystem::absolute(file_path(name), ignored);
@@ -208,7 +207,9 @@ std::filesystem::path place_of(const std::string &name) {
 }
 
 bool is_same_place(const std::string &a, const std::string &b) {
-  return !a.empty() && !b.empty() && place_of(a) == place_of(b);
+  if (a.empty() || b.empty()) return false;
+  const std::filesystem::path place = place_of(a);
+  return !place.empty() && place == place_of(b);
 }
 
 // Checks combinations of options.

@@ -31,8 +31,8 @@ struct FileReplacement {
 };
 
 // Creates a temporary file in the target's folder, in text mode or not. False, with errno and a
-// null stream, on failure, or if the target is read-only or no regular file. With FileFlush::later
-// nothing is done that can take long.
+// null stream, on failure, or if the target is read-only or no regular file. Replaces an old
+// leftover of the same target. With FileFlush::later nothing is done that can take long.
 bool file_replace_begin(FileReplacement *file, const char *target, bool text,
                         FileFlush flush = FileFlush::wait);
 

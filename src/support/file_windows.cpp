@@ -85,8 +85,9 @@ FileIdentity file_identity(const std::string &name) {
 
 // Opening for writing while sharing only reading excludes others that do the same.
 FileLock *file_lock(const std::string &name) {
-  const HANDLE handle = CreateFileW(wide(name).c_str(), GENERIC_READ | GENERIC_WRITE,
-                                    FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  const HANDLE handle =
+      CreateFileW(wide(name).c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr); // for folders
   if (handle != INVALID_HANDLE_VALUE) return new FileLock{handle};
   const DWORD error = GetLastError();
   const bool missing = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;

@@ -27,7 +27,8 @@ uint64_t number_after(const char *path, const char *name, uint64_t missing) {
   return number;
 }
 
-// What the limit of a container leaves. The system can take back the memory of cached files.
+// What the limit of a container (with version 2 of control groups) leaves. The system can take back
+// the memory of cached files.
 uint64_t container_available() {
   const uint64_t limit = number_after("/sys/fs/cgroup/memory.max", "", UINT64_MAX);
   const uint64_t used = number_after("/sys/fs/cgroup/memory.current", "", 0);

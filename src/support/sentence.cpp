@@ -1,9 +1,7 @@
 #include "support/sentence.h"
 
-#include <cstdarg>
 #include <cstddef>
 #include <cstdio>
-#include <string>
 
 namespace {
 
@@ -16,17 +14,27 @@ SentenceOutput output;
 
 } // namespace
 
+std::string sentence_text(const char *format, std::va_list arguments) {
+  std::va_list again;
+  va_copy(again, arguments);
+  std::string text(static_cast<size_t>(std::vsnprintf(nullptr, 0, format, arguments)), ' ');
+  std::vsnprintf(text.data(), text.size() + 1, format, again);
+  va_end(again);
+  return text;
+}
+
+// Needs no memory unless the sentence is shown, since it can be about the lack of it.
 void report_sentence(const char *format, ...) {
   std::va_list arguments, again;
   va_start(arguments, format);
   va_copy(again, arguments);
-  std::string sentence(static_cast<size_t>(std::vsnprintf(nullptr, 0, format, arguments)), ' ');
-  std::vsnprintf(sentence.data(), sentence.size() + 1, format, again);
+  if (output.prepare != nullptr) output.prepare();
+  std::fprintf(stderr, "%s: ", output.program);
+  std::vfprintf(stderr, format, arguments);
+  std::fputc('\n', stderr);
+  if (output.show != nullptr) output.show(sentence_text(format, again).c_str());
   va_end(again);
   va_end(arguments);
-  if (output.prepare != nullptr) output.prepare();
-  std::fprintf(stderr, "%s: %s\n", output.program, sentence.c_str());
-  if (output.show != nullptr) output.show(sentence.c_str());
 }
 
 void report_set_program(const char *name) {

@@ -1,9 +1,11 @@
 #include "support/settings.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 
 #include "support/file.h"
 #include "support/memory.h"
@@ -39,14 +41,13 @@ void append_entry(Settings *list, const char *key, const char *value) {
   GrowList_append(list, &entry);
 }
 
-// Skips the byte order mark that some editors put before UTF-8. False, with errno, for UTF-16, with
-// or without a mark: half of an ASCII character is a NUL there.
+// Skips the byte order mark that some editors put before UTF-8. False, with errno, for UTF-16.
 bool skip_byte_order_mark(FILE *stream) {
   unsigned char mark[3] = {};
   const size_t length = std::fread(mark, 1, sizeof mark, stream);
   const bool is_marked =
       (mark[0] == 0xFF && mark[1] == 0xFE) || (mark[0] == 0xFE && mark[1] == 0xFF);
-  if (length >= 2 && (is_marked || mark[0] == 0 || mark[1] == 0)) {
+  if (length >= 2 && is_marked) {
     errno = EILSEQ;
     return false;
   }
@@ -54,12 +55,18 @@ bool skip_byte_order_mark(FILE *stream) {
   return is_utf_8 || std::fseek(stream, 0, SEEK_SET) == 0;
 }
 
-// Whether a file is small enough to be read as settings. Otherwise false, with errno.
-bool is_small(FILE *stream) {
+// Whether a file can be meant as settings. Otherwise false, with errno: a very large file, or one
+// with many NULs, such as UTF-16 without a mark.
+bool is_text(FILE *stream) {
   constexpr long max_size = 1 << 20; // bytes
   const long size = file_size(stream);
   if (size > max_size) errno = EFBIG;
-  return size >= 0 && size <= max_size;
+  if (size < 0 || size > max_size) return false;
+  std::string text(static_cast<size_t>(size), ' ');
+  text.resize(std::fread(text.data(), 1, text.size(), stream));
+  const bool has_many = std::count(text.begin(), text.end(), '\0') * 4 > size;
+  if (has_many) errno = EILSEQ;
+  return !has_many && std::fseek(stream, 0, SEEK_SET) == 0;
 }
 
 } // namespace
@@ -79,7 +86,7 @@ bool Settings_load(Settings *list, const char *path, char separator) {
 
 bool Settings_read(Settings *list, FILE *stream, char separator) {
   GrowList_init(list, sizeof(SettingsEntry));
-  if (!is_small(stream) || !skip_byte_order_mark(stream)) return false;
+  if (!is_text(stream) || !skip_byte_order_mark(stream)) return false;
   for (char *line = file_read_line(stream); line != nullptr; line = file_read_line(stream)) {
     append_line(list, line, separator);
     std::free(line);

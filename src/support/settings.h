@@ -15,8 +15,8 @@ struct SettingsEntry {
 };
 
 // Reads a file with one "key<separator> value" per line; lines without a separator are skipped. The
-// list is empty if there is no such file. False, with errno, if the file exists but can't be read:
-// it must then not be replaced.
+// list is empty if there is no such file. False, with errno, if the file exists but can't be read,
+// is larger than 1 MiB (EFBIG) or is UTF-16 (EILSEQ): it must then not be replaced.
 bool Settings_load(Settings *list, const char *path, char separator);
 
 // The same for an open stream at its start. It must be seekable and stays open.

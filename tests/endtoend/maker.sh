@@ -26,13 +26,16 @@ refused() {
 }
 for options in "1 --load a.dat --picture a.png" "1 --load none.dat --statistics" \
   "1 --force --seed 1 --size 9x9 --save s-1.png --picture s.png --turntable 2" "1 --kind plane --side 90000 --statistics" \
-  2 "2 --bogus" "2 --side" "2 --side 3" "2 --kind x" "2 --kind ladder --side 2" "2 --size 9x" "2 --seed -1 --statistics" \
+  2 "2 --bogus" "2 --side" "2 --side 3" "2 --kind x" "2 --kind ladder --side 2" "2 --kind nested --side 4 --statistics" "2 --size 9x" "2 --seed -1 --statistics" \
   "2 --seed 1e3 --statistics" "2 --zoom inf --statistics" "2 --whole --zoom 3 --picture d.png" "2 --save e --picture ./e"; do
   # shellcheck disable=SC2086
   refused $options
 done
 cmp a.png b.png || fail "a picture was replaced"
 "$VOREL_MAZE" --help >/dev/full 2>err.txt && fail "a full device is no failure"
+on_windows || ! "$VOREL_MAZE" --help >&- 2>err.txt || fail "a closed output is no failure"
 "$VOREL_MAZE" --seed 1 --size 40x30 --picture a.png --force --turntable 2 && [ -s a-0.png ] && [ -s a-1.png ] || fail "no turntable: $(ls)"
-on_windows || ! timeout -s INT 2 "$VOREL_MAZE" --kind plane --side 9 --picture b.png --force --turntable 9999 || fail "an interrupt was missed"
+status=0 # 137 if the program ignores the signal
+on_windows || timeout -k 9 -s INT 2 "$VOREL_MAZE" --kind plane --side 9 --picture b.png --force --turntable 9999 || status=$?
+on_windows || [ $status -eq 124 ] || fail "status $status after an interrupt"
 on_windows || grep -q walking <(script -qc "'$VOREL_MAZE' --load a.dat --walk 80000000 --statistics" /dev/null) || fail "no progress"

@@ -53,10 +53,12 @@ TEST_F(File, ProgramsHaveTheirOwnTemporaryFiles) {
   EXPECT_TRUE(file_replace_end(&first, true));
   EXPECT_EQ(contents(path), "first");
   std::ofstream(path + ".new-2") << "of a program that may still be running";
-  std::ofstream(path + ".new-1") << "of a killed program";
-  age(path + ".new-1");
+  for (const std::string &killed : {path + ".new-1", path + "s.new-1"}) {
+    std::ofstream(killed) << "of a killed program";
+    age(killed);
+  }
   EXPECT_TRUE(replace(path, "again"));
-  EXPECT_EQ(files(), path + " " + path + ".new-2 ");
+  EXPECT_EQ(files(), path + " " + path + ".new-2 " + path + "s.new-1 "); // only its own
 }
 
 TEST_F(File, NamesAreFreeAndFoldersAreNotOpened) {

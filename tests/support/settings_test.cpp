@@ -26,7 +26,10 @@ TEST_F(SettingsFile, LoadAcceptsAllLineEndings) {
   expect_saved("Windowed (Y/N): N\na: b:c\n: x\n: \nz: \nlast: 1\n");
   EXPECT_TRUE(load("\xEF\xBB\xBF:b\n\xEF\xBB\xBF:d"));
   expect_saved(": b\n\xEF\xBB\xBF: d\n");
-  for (const auto &wide : {"\xFF\xFE:"s, "\xFE\xFF"s, ":\0"s, "\0:"s}) {
+  EXPECT_FALSE(load(std::string((1 << 20) + 1, '\n')));
+  EXPECT_EQ(errno, EFBIG);
+  Settings_free(&list);
+  for (const auto &wide : {"\xFF\xFE:"s, "\xFE\xFF"s, "\4:\0:\0"s}) {
     EXPECT_FALSE(load(wide));
     EXPECT_EQ(errno, EILSEQ);
     Settings_free(&list);

@@ -16,6 +16,7 @@
 #include "picture.h"
 #include "render/disc.h"
 #include "render/gl/view.h"
+#include "render/voronoi_cut.h"
 #include "render/voronoi_shapes.h"
 #include "scenarios.h"
 #include "support/random.h"
@@ -129,6 +130,15 @@ TEST(Voronoi, RoundingErrorsOfANestedLatticeEmptyNoCell) {
   voronoi_attach_missing(nested, 1);
   EXPECT_EQ(voronoi_cell(nested, 7).corners->x, x) << "cells are built once";
   Maze_destroy(root, 1);
+}
+
+// The bisector runs within the tolerance of one side of the square, and nearly along it.
+TEST(Voronoi, CutsKeepCornersInTheirCell) {
+  CutCell cell;
+  cut_cell_start(&cell, {0, 0, 0}, 3);
+  EXPECT_TRUE(cut_cell(&cell, {0, 0, 0}, {{6 - 3e-7, -7e-8, 0}, 1}));
+  for (size_t k = 0; k < cell.count; k++)
+    EXPECT_LT(std::abs(cell.corners[k].y), 3.1);
 }
 
 TEST(Landscape, ShortEdgesHaveNoWalls) {

@@ -40,7 +40,7 @@ desktop_stop() {
   wait 2>/dev/null || true
 }
 
-desktop_wait_limit=60 # seconds
+desktop_wait_limit=100 # seconds, well below the time limit of a test
 
 # desktop_wait WHAT COMMAND...: waits until the command succeeds, at most for the limit.
 desktop_wait() {

@@ -80,12 +80,15 @@ SessionPlace save_beside(const Run *run, const char *reason) {
   return place;
 }
 
+constexpr int32_t lock_tries = 100;
+constexpr int32_t lock_wait = 50; // milliseconds between two of them
+
 // Keeps other runs in this folder from saving between a look at the files and their replacement.
 // Waits some seconds for them; null if that is not enough, or if folders can't be locked here.
 FileLock *lock_folder() {
   FileLock *lock = nullptr;
-  for (int32_t tries = 0; tries < 100 && lock == nullptr; tries++) {
-    if (tries > 0) clock_sleep(50);
+  for (int32_t tries = 0; tries < lock_tries && lock == nullptr; tries++) {
+    if (tries > 0) clock_sleep(lock_wait);
     lock = file_lock(".");
     if (lock == nullptr && errno != EWOULDBLOCK) break;
   }

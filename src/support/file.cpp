@@ -66,18 +66,20 @@ void open_exclusively(FileReplacement *file, bool text) {
   }
 }
 
+// The error of using something else as a regular file; 0 for one, or if there is nothing.
+int kind_error(const fs::file_status &status) {
+  if (!fs::exists(status) || fs::is_regular_file(status)) return 0;
+  return fs::is_directory(status) ? EISDIR : ENOTSUP;
+}
+
 // Whether a file may be replaced, or does not exist. Otherwise false, with errno.
 bool is_replaceable(const std::string &name) {
   constexpr fs::perms writing =
       fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
   std::error_code ignored;
   const fs::file_status status = fs::status(file_path(name), ignored);
-  errno = 0;
-  if (fs::is_directory(status))
-    errno = EISDIR;
-  else if (fs::is_other(status)) // a device, a pipe or a socket
-    errno = ENOTSUP;
-  else if (fs::exists(status) && (status.permissions() & writing) == fs::perms::none)
+  errno = kind_error(status);
+  if (errno == 0 && fs::exists(status) && (status.permissions() & writing) == fs::perms::none)
     errno = EACCES;
   return errno == 0;
 }
@@ -91,12 +93,10 @@ fs::path file_path(const std::string &name) {
 
 FILE *file_open(const char *path) {
   std::error_code error;
-  const fs::file_status status = fs::status(file_path(path), error);
-  if (fs::exists(status) && !fs::is_regular_file(status)) {
-    errno = fs::is_directory(status) ? EISDIR : ENOTSUP;
-    return nullptr;
-  }
-  return file_fopen(path, "rb");
+  const int cause = kind_error(fs::status(file_path(path), error));
+  if (cause == 0) return file_fopen(path, "rb");
+  errno = cause;
+  return nullptr;
 }
 
 void file_close_read(FILE *stream) {
